@@ -1,0 +1,47 @@
+# How every target of the project is compiled, and the three kinds of target it has.
+
+option(FV2_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
+set(FV2_SANITIZE "" CACHE STRING "Sanitizers to build with: empty, 'address,undefined' or 'thread'")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+add_compile_options(
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
+    -Woverloaded-virtual -Wformat=2 -Wnull-dereference -Wimplicit-fallthrough)
+if(FV2_WARNINGS_AS_ERRORS)
+    add_compile_options(-Werror)
+endif()
+if(FV2_SANITIZE)
+    add_compile_options(-fsanitize=${FV2_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${FV2_SANITIZE})
+    # The optimiser's null analysis reports paths that only the sanitizers' own checks create.
+    add_compile_options(-Wno-null-dereference)
+else()
+    add_compile_options(-fstack-protector-strong)
+    add_compile_definitions($<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
+    add_link_options(-Wl,-z,relro,-z,now -Wl,--as-needed)
+endif()
+
+# fv2_room(<folder> SOURCES ... [LINKS ...]): one static library, fv2_<folder>, included as "<folder>/Header.h".
+function(fv2_room folder)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(fv2_${folder} STATIC ${ARG_SOURCES})
+    target_include_directories(fv2_${folder} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    target_link_libraries(fv2_${folder} PUBLIC Threads::Threads ${ARG_LINKS})
+endfunction()
+
+# fv2_test(<folder> SOURCES ... [LINKS ...]): one GoogleTest program for the room of the same name.
+function(fv2_test folder)
+    cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 120)
+    endif()
+    add_executable(test_${folder} ${ARG_SOURCES})
+    target_include_directories(test_${folder} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+    target_link_libraries(test_${folder} PRIVATE ${ARG_LINKS} GTest::gtest GTest::gtest_main)
+    add_test(NAME ${folder} COMMAND test_${folder})
+    set_tests_properties(${folder} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+endfunction()
