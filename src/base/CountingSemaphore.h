@@ -7,8 +7,8 @@
 
 namespace fv2 {
 
-//! A counting semaphore over the POSIX one: unlike std::counting_semaphore it may be signalled by any thread without the
-//! lost wake-ups of g++ 12's atomic wait, and the thread checker knows it.
+//! A counting semaphore over the POSIX one: unlike std::counting_semaphore it may be signalled by any thread without
+//! the lost wake-ups of g++ 12's atomic wait, and the thread checker knows it.
 class CountingSemaphore {
 public:
     explicit CountingSemaphore(unsigned initialCount) { ::sem_init(&m_semaphore, 0, initialCount); }
@@ -47,7 +47,10 @@ private:
 //! Holds one count of a semaphore for a scope.
 class SemaphoreHold {
 public:
-    explicit SemaphoreHold(CountingSemaphore& semaphore) : m_semaphore(semaphore) { m_semaphore.wait(); }
+    explicit SemaphoreHold(CountingSemaphore& semaphore)
+        : m_semaphore(semaphore) {
+        m_semaphore.wait();
+    }
     ~SemaphoreHold() { m_semaphore.signal(); }
     SemaphoreHold(const SemaphoreHold&) = delete;
     SemaphoreHold& operator=(const SemaphoreHold&) = delete;

@@ -13,7 +13,8 @@ class Deadline {
 public:
     using Clock = std::chrono::steady_clock;
 
-    explicit Deadline(std::chrono::milliseconds fromNow) : m_at(Clock::now() + fromNow) {}
+    explicit Deadline(std::chrono::milliseconds fromNow)
+        : m_at(Clock::now() + fromNow) {}
 
     [[nodiscard]] bool passed() const { return Clock::now() >= m_at; }
 

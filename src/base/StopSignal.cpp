@@ -10,7 +10,9 @@
 
 namespace fv2 {
 
-StopSignal::StopSignal() : m_event(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+StopSignal::StopSignal()
+    : m_event(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+}
 
 void StopSignal::raise() const {
     const int saved = errno;

@@ -22,7 +22,8 @@ public:
     [[nodiscard]] int descriptor() const { return m_event.get(); }
 
     //! Waits until `fd` has one of `events` (POLLIN, POLLOUT; an error or hang-up counts as ready), the deadline passes
-    //! or the signal is raised, whichever is first. An `fd` of -1 waits for time and signal alone. Interrupted calls go on.
+    //! or the signal is raised, whichever is first. An `fd` of -1 waits for time and signal alone. Interrupted calls go
+    //! on.
     [[nodiscard]] fv2Wait waitFor(int fd, short events, const Deadline& deadline) const;
 
 private:

@@ -12,8 +12,10 @@ namespace fv2 {
 class UniqueFd {
 public:
     UniqueFd() = default;
-    explicit UniqueFd(int fd) : m_fd(fd) {}
-    UniqueFd(UniqueFd&& other) noexcept : m_fd(other.release()) {}
+    explicit UniqueFd(int fd)
+        : m_fd(fd) {}
+    UniqueFd(UniqueFd&& other) noexcept
+        : m_fd(other.release()) {}
     UniqueFd& operator=(UniqueFd&& other) noexcept {
         reset(other.release());
         return *this;

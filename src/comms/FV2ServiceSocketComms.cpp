@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "comms/FV2ServiceSocketComms.h"
+
+#include "logging/FV2Logging.h"
+
+namespace fv2 {
+
+FV2ServiceSocketComms::FV2ServiceSocketComms(std::shared_ptr<const StopSignal> stop, CommsPatience patience)
+    : FV2SocketCommsBase("FV2ServiceSocketComms", "/tmp/orm_ui.sock", PeerPolicy::rootOrSelf(), std::move(stop),
+                         patience) {
+    log(FV2LoggingLevel::trace, {"FV2_UI_ONLY"});
+    log(FV2LoggingLevel::trace, {"FV2_ORM_ONLY"});
+}
+
+} // namespace fv2

@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "comms/FV2SocketCommsBase.h"
+
+#include "comms/MessageReader.h"
+#include "comms/StreamSocket.h"
+#include "logging/FV2Logging.h"
+
+#include <array>
+#include <cstring>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+
+namespace fv2 {
+
+namespace {
+
+constexpr int kBacklog = 5;
+constexpr std::chrono::seconds kChunkTime{5};
+
+void trace(const std::string& text) {
+    log(FV2LoggingLevel::trace, {text});
+}
+
+} // namespace
+
+FV2SocketCommsBase::FV2SocketCommsBase(std::string_view className, std::string path, PeerPolicy trusted,
+                                       std::shared_ptr<const StopSignal> stop, CommsPatience patience)
+    : m_path(std::move(path))
+    , m_description(std::string(className) + "(" + m_path + ")")
+    , m_trusted(std::move(trusted))
+    , m_patience(patience)
+    , m_stop(std::move(stop))
+    , m_incoming(m_trusted) {
+    setPath(m_path);
+}
+
+FV2SocketCommsBase::~FV2SocketCommsBase() {
+    trace("FV2SocketCommsBase deinit for " + m_description);
+}
+
+void FV2SocketCommsBase::setPath(std::string_view path) {
+    sockAddrUn.sun_family = AF_UNIX;
+    // The last byte stays zero; the paths in use have at most 31 bytes.
+    std::memcpy(sockAddrUn.sun_path, path.data(), std::min(path.size(), sizeof sockAddrUn.sun_path - 1));
+}
+
+void FV2SocketCommsBase::closeSocket() {
+    sock.reset();
+    connected = false;
+}
+
+bool FV2SocketCommsBase::createConnection() {
+    return connectWithin(Deadline(m_patience.perAttempt));
+}
+
+bool FV2SocketCommsBase::connectWithin(const Deadline& deadline) {
+    closeSocket();
+    sock = makeStreamSocket();
+    if (!sock || !connectStream(sock.get(), sockAddrUn, deadline, *m_stop)) {
+        closeSocket();
+        return false;
+    }
+    const std::optional<uid_t> peer = peerOf(sock.get());
+    m_metStranger = !peer || !m_trusted.trusts(*peer);
+    if (m_metStranger) {
+        log(FV2LoggingLevel::error, {"createConnection() refused a stranger at " + m_path +
+                                     ", uid:" + (peer ? std::to_string(*peer) : std::string("unknown"))});
+        closeSocket();
+        return false;
+    }
+    return true;
+}
+
+std::string FV2SocketCommsBase::sendAndReceive(std::string_view text) {
+    for (int attempt = 1; attempt <= m_patience.attempts; ++attempt) {
+        std::string reply = exchangeOnce(text);
+        if (!reply.empty())
+            return reply;
+        if (m_metStranger || m_stop->isRaised())
+            break;
+        trace("sendAndReceive - RETRY " + std::to_string(attempt));
+    }
+    trace("COMMAND FAILURE");
+    return {};
+}
+
+std::string FV2SocketCommsBase::exchangeOnce(std::string_view text) {
+    const Deadline deadline(m_patience.perAttempt);
+    if (!connectWithin(deadline)) {
+        trace("sendAndReceive - createConnection failed.");
+        return {};
+    }
+    trace("createConnection() socket:" + std::to_string(sock.get()));
+    std::optional<std::string> reply;
+    if (send(sock.get(), text) >= 1)
+        reply = receiveWithin(sock.get(), deadline);
+    closeSocket();
+    return std::move(reply).value_or(std::string());
+}
+
+ssize_t FV2SocketCommsBase::send(int descriptor, std::string_view text) const {
+    trace("Send socket:" + std::to_string(descriptor));
+    const ssize_t sent = sendOnce(descriptor, text);
+    trace("Send Result " + std::to_string(sent));
+    return sent;
+}
+
+std::optional<std::string> FV2SocketCommsBase::receive(int descriptor) const {
+    return receiveWithin(descriptor, Deadline(m_patience.perAttempt));
+}
+
+std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, const Deadline& deadline) const {
+    trace("Receive go poll socket:" + std::to_string(descriptor) + " (note: 10s timeout)");
+    const fv2Wait first = m_stop->waitFor(descriptor, POLLIN, deadline);
+    trace("Receive wake poll # events : " + std::to_string(first == fv2Wait::Ready ? 1 : 0));
+    if (first != fv2Wait::Ready)
+        return std::nullopt;
+
+    MessageReader reader(maxReply);
+    std::array<char, MessageReader::chunkSize> chunk{};
+    MessageReader::State state = MessageReader::State::Reading;
+    while (state == MessageReader::State::Reading) {
+        const Deadline nextChunk = Deadline::earlier(deadline, Deadline(kChunkTime));
+        if (m_stop->waitFor(descriptor, POLLIN, nextChunk) != fv2Wait::Ready)
+            break;
+        trace("Receive go recv");
+        const ssize_t count = receiveNow(descriptor, chunk.data(), chunk.size());
+        trace("Receive recv got " + std::to_string(count));
+        if (count < 1)
+            break;
+        state = reader.take({chunk.data(), static_cast<std::size_t>(count)});
+    }
+    return state == MessageReader::State::TooLong ? std::string() : reader.takeText();
+}
+
+bool FV2SocketCommsBase::cleanup() {
+    trace("FV2SocketCommsBase cleanup for " + m_description);
+    closeSocket();
+    m_incoming.closeAll();
+    return unlinkPath();
+}
+
+bool FV2SocketCommsBase::unlinkPath() const {
+    const int result = ::unlink(m_path.c_str());
+    trace("FV2SocketCommsBase cleanup unlink() returned " + std::to_string(result));
+    return result >= 0;
+}
+
+bool FV2SocketCommsBase::createBinding() {
+    cleanup();
+    sock = makeStreamSocket();
+    const bool bound =
+        sock && ::bind(sock.get(), reinterpret_cast<const sockaddr*>(&sockAddrUn), sizeof sockAddrUn) >= 0;
+    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0)
+        return true;
+    closeSocket();
+    return false;
+}
+
+FV2SocketComms_ReceivedData FV2SocketCommsBase::listenAcceptAndReceiveData() {
+    trace("listenAcceptAndReceiveData() - listening socket:" + std::to_string(sock.get()));
+    ::listen(sock.get(), kBacklog);
+    trace("listenAcceptAndReceiveData() - calling accept");
+    acceptActive = true;
+    std::optional<FV2SocketComms_ReceivedData> received = m_incoming.next(sock.get(), *m_stop);
+    acceptActive = false;
+    if (!received)
+        trace("listenAcceptAndReceiveData() - accept -> woke on failure. shutdown?");
+    return std::move(received).value_or(FV2SocketComms_ReceivedData());
+}
+
+void FV2SocketCommsBase::shutdown() {
+    m_stop->raise();
+    if (!acceptActive)
+        return;
+    trace("doing socket shutdown socket:" + std::to_string(sock.get()));
+    unlinkPath();
+    trace("done socket shutdown");
+}
+
+} // namespace fv2

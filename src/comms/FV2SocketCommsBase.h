@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/Deadline.h"
+#include "base/StopSignal.h"
+#include "base/UniqueFd.h"
+#include "comms/IncomingConnections.h"
+#include "comms/PeerPolicy.h"
+
+#include <atomic>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <sys/un.h>
+
+namespace fv2 {
+
+//! How long a client goes on trying.
+struct CommsPatience {
+    int attempts = 5;
+    std::chrono::milliseconds perAttempt{10'000};
+};
+
+//! One endpoint in /tmp, used as client (one request and one reply a connection) or as listener. Failures are results,
+//! never exceptions. One thread an object, but for shutdown(), which any thread may call.
+class FV2SocketCommsBase {
+public:
+    //! Caps of what is read: a notification on the listening side, a reply on the client's.
+    static constexpr std::size_t maxReply = 1024 * 1024;
+
+    virtual ~FV2SocketCommsBase();
+    FV2SocketCommsBase(const FV2SocketCommsBase&) = delete;
+    FV2SocketCommsBase& operator=(const FV2SocketCommsBase&) = delete;
+
+    //! Connects as client, dropping an earlier connection, and asks the kernel who listens: false when nobody does or a
+    //! stranger, who has then received no byte.
+    bool createConnection();
+
+    //! One exchange; tried again while the reply is empty. Empty after the last attempt, at once for a stranger or a
+    //! raised stop signal.
+    [[nodiscard]] std::string sendAndReceive(std::string_view text);
+
+    //! Makes the listening socket, replacing a stale socket file; its mode becomes 644. False when the path can't be
+    //! had.
+    bool createBinding();
+
+    //! Waits for a connection and its message; others are read meanwhile. The socket is none once shutdown() was
+    //! called.
+    [[nodiscard]] FV2SocketComms_ReceivedData listenAcceptAndReceiveData();
+
+    //! Closes an accepted connection after its answer, so that the answer arrives even if the peer is still sending.
+    void closeAfterAnswer(FV2SocketComms_ReceivedData message) { m_incoming.close(std::move(message)); }
+
+    //! One send of the whole text: the count of bytes taken, or -1.
+    ssize_t send(int descriptor, std::string_view text) const;
+
+    //! One message of at most maxReply bytes, its first byte within the time of one attempt; nothing when none came.
+    [[nodiscard]] std::optional<std::string> receive(int descriptor) const;
+
+    //! Closes the socket and removes its file; true when there was one.
+    bool cleanup();
+
+    //! Ends the listening side from any thread and any state: a waiting listenAcceptAndReceiveData() returns, later
+    //! calls return at once.
+    void shutdown();
+
+    [[nodiscard]] const std::string& path() const { return m_path; }
+    [[nodiscard]] const StopSignal& stopSignal() const { return *m_stop; }
+
+protected:
+    FV2SocketCommsBase(std::string_view className, std::string path, PeerPolicy trusted,
+                       std::shared_ptr<const StopSignal> stop, CommsPatience patience);
+
+private:
+    void setPath(std::string_view path);
+    void closeSocket();
+    [[nodiscard]] bool connectWithin(const Deadline& deadline);
+    [[nodiscard]] std::string exchangeOnce(std::string_view text);
+    [[nodiscard]] std::optional<std::string> receiveWithin(int descriptor, const Deadline& deadline) const;
+    bool unlinkPath() const;
+
+    std::string m_path;
+    std::string m_description;
+    PeerPolicy m_trusted;
+    CommsPatience m_patience;
+    std::shared_ptr<const StopSignal> m_stop;
+    bool m_metStranger = false;
+    IncomingConnections m_incoming;
+
+    bool connected = false;
+    std::atomic<bool> acceptActive = false; //!< the listening thread waits in listenAcceptAndReceiveData()
+    UniqueFd sock;
+    sockaddr_un sockAddrUn{};
+};
+
+} // namespace fv2

@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "comms/IncomingConnections.h"
+
+#include "comms/StreamSocket.h"
+#include "logging/FV2Logging.h"
+
+#include <array>
+#include <cerrno>
+#include <limits>
+#include <poll.h>
+#include <sys/socket.h>
+#include <vector>
+
+namespace fv2 {
+
+namespace {
+
+constexpr std::chrono::seconds kTotalTime{10};
+constexpr std::chrono::seconds kChunkTime{5};
+constexpr std::chrono::milliseconds kBackOff{100};
+constexpr std::size_t kMaxDrained = 16 * 1024 * 1024;
+
+bool isOutOfResources(int error) {
+    return error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM;
+}
+
+bool isPassing(int error) {
+    return error == EINTR || error == EAGAIN || error == ECONNABORTED;
+}
+
+} // namespace
+
+std::optional<FV2SocketComms_ReceivedData> IncomingConnections::next(int listening, const StopSignal& stop) {
+    for (;;) {
+        std::vector<pollfd> set;
+        set.reserve(m_open.size() + 2);
+        set.push_back({stop.descriptor(), POLLIN, 0});
+        set.push_back({isBackingOff() ? -1 : listening, POLLIN, 0});
+        for (const Connection& connection : m_open)
+            set.push_back({connection.socket.get(), POLLIN, 0});
+
+        if (::poll(set.data(), set.size(), pollTimeout()) < 0 && errno != EINTR)
+            return std::nullopt;
+        if (set[0].revents != 0)
+            return std::nullopt;
+
+        auto polled = set.cbegin() + 2;
+        for (Iterator each = m_open.begin(); each != m_open.end(); ++polled) {
+            const bool ready = polled->revents != 0;
+            const bool outOfTime = each->total.passed() || each->nextChunk.passed();
+            const bool done = (ready && (each->draining ? drain(*each) : read(*each)) == Reading::Done) || outOfTime;
+            if (!done) {
+                ++each;
+                continue;
+            }
+            Connection finished = std::move(*each);
+            each = m_open.erase(each);
+            if (!finished.draining) {
+                const std::size_t byteCount = finished.reader.byteCount();
+                return FV2SocketComms_ReceivedData{std::move(finished.socket), finished.reader.takeText(), byteCount,
+                                                   finished.cut};
+            }
+        }
+        if (set[1].revents != 0 && !acceptOne(listening))
+            return std::nullopt;
+    }
+}
+
+bool IncomingConnections::acceptOne(int listening) {
+    UniqueFd socket(::accept4(listening, nullptr, nullptr, SOCK_CLOEXEC));
+    if (!socket) {
+        const int error = errno;
+        if (isOutOfResources(error)) {
+            if (!dropOldest())
+                m_backOff = Deadline(kBackOff);
+            return true;
+        }
+        return isPassing(error);
+    }
+    const std::optional<uid_t> peer = peerOf(socket.get());
+    if (!peer || !m_trusted.trusts(*peer)) {
+        log(FV2LoggingLevel::error, {"listenAcceptAndReceiveData() - refused a stranger, uid:" +
+                                     (peer ? std::to_string(*peer) : std::string("unknown"))});
+        return true;
+    }
+    limitReceiveTime(socket.get());
+    if (m_open.size() >= maxOpen)
+        dropOldest();
+    log(FV2LoggingLevel::trace, {"listenAcceptAndReceiveData() - accept -> calling Receive"});
+    m_open.push_back({.socket = std::move(socket),
+                      .total = Deadline(kTotalTime),
+                      .nextChunk = Deadline(kTotalTime),
+                      .reader = MessageReader(maxMessage)});
+    return true;
+}
+
+IncomingConnections::Reading IncomingConnections::read(Connection& connection) {
+    std::array<char, MessageReader::chunkSize> chunk{};
+    for (;;) {
+        const ssize_t count = receiveNow(connection.socket.get(), chunk.data(), chunk.size());
+        if (count < 0 && errno == EAGAIN)
+            return Reading::Waiting;
+        log(FV2LoggingLevel::trace, {"Receive recv got " + std::to_string(count)});
+        if (count < 1)
+            return Reading::Done;
+        const auto state = connection.reader.take({chunk.data(), static_cast<std::size_t>(count)});
+        connection.cut = state == MessageReader::State::TooLong;
+        if (state != MessageReader::State::Reading)
+            return Reading::Done;
+        connection.nextChunk = Deadline(kChunkTime);
+    }
+}
+
+IncomingConnections::Reading IncomingConnections::drain(Connection& connection) {
+    std::array<char, 16 * 1024> waste{};
+    const ssize_t count = receiveNow(connection.socket.get(), waste.data(), waste.size());
+    if (count < 0 && errno == EAGAIN)
+        return Reading::Waiting;
+    if (count < 1)
+        return Reading::Done;
+    connection.drained += static_cast<std::size_t>(count);
+    return connection.drained < kMaxDrained ? Reading::Waiting : Reading::Done;
+}
+
+void IncomingConnections::close(FV2SocketComms_ReceivedData message) {
+    ::shutdown(message.socket.get(), SHUT_WR);
+    char unread = 0;
+    if (!message.cut && receiveNow(message.socket.get(), &unread, 1) < 1)
+        return;
+    if (m_open.size() >= maxOpen)
+        dropOldest();
+    m_open.push_back({.socket = std::move(message.socket),
+                      .total = Deadline(kTotalTime),
+                      .nextChunk = Deadline(kTotalTime),
+                      .reader = MessageReader(maxMessage),
+                      .draining = true});
+}
+
+bool IncomingConnections::dropOldest() {
+    if (m_open.empty())
+        return false;
+    m_open.pop_front();
+    return true;
+}
+
+int IncomingConnections::pollTimeout() const {
+    int timeout = isBackingOff() ? m_backOff->pollTimeout() : std::numeric_limits<int>::max();
+    for (const Connection& connection : m_open)
+        timeout = std::min({timeout, connection.total.pollTimeout(), connection.nextChunk.pollTimeout()});
+    return timeout == std::numeric_limits<int>::max() ? -1 : timeout;
+}
+
+} // namespace fv2

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/Deadline.h"
+#include "base/StopSignal.h"
+#include "base/UniqueFd.h"
+#include "comms/MessageReader.h"
+#include "comms/PeerPolicy.h"
+
+#include <list>
+#include <optional>
+#include <string>
+
+namespace fv2 {
+
+//! One message that came in on the listening socket. Of a default-made one, the socket is none: accepting has ended.
+struct FV2SocketComms_ReceivedData {
+    UniqueFd socket;           //!< the connection to answer on
+    std::string data;          //!< the text; empty when nothing was read
+    std::size_t byteCount = 0; //!< bytes that came; text may be empty all the same, when the first one is zero
+    bool cut = false;          //!< longer than allowed: the rest was not read
+};
+
+//! The connections of one listening socket: reads many at once, so that an idle or endless peer holds up nobody.
+//! One thread. Each connection has 10 s in all and 5 s from one chunk to the next; a notification is at most 64 KiB.
+class IncomingConnections {
+public:
+    //! At most this many are open; the one that has been waiting longest makes room for a new one.
+    static constexpr std::size_t maxOpen = 128;
+    static constexpr std::size_t maxMessage = MessageReader::singleSendSize;
+
+    explicit IncomingConnections(PeerPolicy trusted)
+        : m_trusted(std::move(trusted)) {}
+
+    //! Waits for the next connection that has sent its message, ended or run out of time (then what came so far, maybe
+    //! nothing, is its text). Nothing once `stop` is raised or the listening socket has failed.
+    [[nodiscard]] std::optional<FV2SocketComms_ReceivedData> next(int listening, const StopSignal& stop);
+
+    //! Ends a connection so that its peer still gets our answer: what the peer is still sending is read and thrown away
+    //! for a while, as closing over unread bytes would discard the answer too.
+    void close(FV2SocketComms_ReceivedData message);
+
+    void closeAll() { m_open.clear(); }
+
+private:
+    struct Connection {
+        UniqueFd socket;
+        Deadline total;
+        Deadline nextChunk;
+        MessageReader reader;
+        bool cut = false;
+        bool draining = false;
+        std::size_t drained = 0;
+    };
+    using Iterator = std::list<Connection>::iterator;
+
+    enum class Reading { Waiting, Done };
+
+    [[nodiscard]] bool acceptOne(int listening);
+    [[nodiscard]] static Reading read(Connection& connection);
+    [[nodiscard]] static Reading drain(Connection& connection);
+    bool dropOldest();
+    [[nodiscard]] int pollTimeout() const;
+    [[nodiscard]] bool isBackingOff() const { return m_backOff && !m_backOff->passed(); }
+
+    PeerPolicy m_trusted;
+    std::list<Connection> m_open; //!< oldest first
+    std::optional<Deadline> m_backOff;
+};
+
+} // namespace fv2

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/Deadline.h"
+#include "base/StopSignal.h"
+#include "base/UniqueFd.h"
+
+#include <string_view>
+#include <sys/types.h>
+#include <sys/un.h>
+
+namespace fv2 {
+
+//! A new UNIX stream socket: closed on exec, blocking, its receive calls limited to 5 s each.
+[[nodiscard]] UniqueFd makeStreamSocket();
+
+//! Gives a socket the receive limit of 5 s; an accepted one does not have it from its listener.
+void limitReceiveTime(int descriptor);
+
+//! Connects within the deadline. A full backlog is tried again until then: a blocking connect would wait without end.
+[[nodiscard]] bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline,
+                                 const StopSignal& stop);
+
+//! One send; goes on after an interruption and never raises SIGPIPE. The count of bytes taken, or -1.
+ssize_t sendOnce(int descriptor, std::string_view text);
+
+//! One receive that does not wait; goes on after an interruption. As recv().
+ssize_t receiveNow(int descriptor, char* buffer, std::size_t size);
+
+} // namespace fv2

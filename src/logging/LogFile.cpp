@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "logging/LogFile.h"
+
+#include "base/UniqueFd.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+
+namespace fv2 {
+
+namespace {
+
+std::string homeDirectory() {
+    const char* home = std::getenv("HOME");
+    if (home != nullptr && home[0] == '/')
+        return home;
+    std::array<char, 4096> buffer{};
+    passwd entry{};
+    passwd* found = nullptr;
+    ::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &found);
+    return found == nullptr ? std::string() : found->pw_dir;
+}
+
+std::size_t writeAll(int fd, std::string_view text) {
+    std::size_t written = 0;
+    while (written < text.size()) {
+        const ssize_t n = ::write(fd, text.data() + written, text.size() - written);
+        if (n > 0)
+            written += static_cast<std::size_t>(n);
+        else if (n == 0 || errno != EINTR)
+            break;
+    }
+    return written;
+}
+
+} // namespace
+
+std::string logFilePath() {
+    return homeDirectory() + "/logs/mac-fv2-ui.log";
+}
+
+bool appendToLogFile(const std::string& path, std::string_view text) {
+    // Without O_NONBLOCK a named pipe at the path would hold the caller until somebody reads it.
+    const UniqueFd file(
+        ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    struct stat before {};
+    if (!file || ::fstat(file.get(), &before) != 0 || !S_ISREG(before.st_mode))
+        return false;
+    const std::size_t written = writeAll(file.get(), text);
+    if (written == text.size())
+        return true;
+    struct stat after {};
+    const bool onlyOurs =
+        ::fstat(file.get(), &after) == 0 && after.st_size == before.st_size + static_cast<off_t>(written);
+    if (written > 0 && onlyOurs)
+        static_cast<void>(::ftruncate(file.get(), before.st_size) == 0);
+    return false;
+}
+
+bool deleteLogFile(const std::string& path) {
+    return ::unlink(path.c_str()) == 0;
+}
+
+} // namespace fv2
