@@ -8,6 +8,8 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 
+# Qt's short keywords are ordinary words in this project.
+add_compile_definitions(QT_NO_KEYWORDS)
 add_compile_options(
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
     -Woverloaded-virtual -Wformat=2 -Wnull-dereference -Wimplicit-fallthrough)

@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+namespace fv2 {
+
+//! Widens the shared logger's level set as FV2_LOG_LEVELS says: a comma list of trace, ui, error, release, or all. An
+//! unknown word is named on standard error and ignored. Before the first thread.
+void applyLogLevelSwitch();
+
+} // namespace fv2

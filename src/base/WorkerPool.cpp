@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "base/WorkerPool.h"
+
+namespace fv2 {
+
+void WorkerPool::post(std::function<void()> job) {
+    const std::lock_guard lock(m_mutex);
+    if (m_finishing)
+        return;
+    m_jobs.push_back(std::move(job));
+    if (m_jobs.size() > m_idle && m_threads.size() < m_maxThreads)
+        m_threads.emplace_back([this] { work(); });
+    m_changed.notify_one();
+}
+
+void WorkerPool::work() {
+    std::unique_lock lock(m_mutex);
+    for (;;) {
+        ++m_idle;
+        m_changed.wait(lock, [this] { return m_finishing || !m_jobs.empty(); });
+        --m_idle;
+        if (m_jobs.empty())
+            return;
+        {
+            const std::function<void()> job = std::move(m_jobs.front());
+            m_jobs.pop_front();
+            lock.unlock();
+            job();
+        }
+        lock.lock();
+    }
+}
+
+void WorkerPool::finish() {
+    std::vector<std::thread> threads;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_finishing = true;
+        threads.swap(m_threads);
+    }
+    m_changed.notify_all();
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+} // namespace fv2

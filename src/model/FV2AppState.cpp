@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "model/FV2AppState.h"
+
+#include "logging/FV2Logging.h"
+
+#include <algorithm>
+
+namespace fv2 {
+
+FV2AppState::FV2AppState(const OxStringBundle& strings, std::int64_t realUserId, std::string nameOfComputer)
+    : userID(realUserId)
+    , computerName(std::move(nameOfComputer)) {
+    const std::string unknown = OxTranslatedString::translateOrMarkID("IDUS_UNKNOWN", strings).string();
+    version = uuid = lastORMSync = unknown;
+    if (computerName.empty())
+        computerName = unknown;
+}
+
+void FV2AppState::addStatusMessage(fv2StatusStateType statusType, std::string title, std::string text,
+                                   fv2AppCommand command, bool fromAIS) {
+    statusMessageList.push_back({{}, std::move(title), std::move(text), statusType, command, fromAIS});
+}
+
+void FV2AppState::evaluateActionableStatusMessages() {
+    const auto found =
+        std::find_if(statusMessageList.begin(), statusMessageList.end(),
+                     [](const FV2StatusMesssageListItem& item) { return item.command != fv2AppCommand::NoAction; });
+    if (found == statusMessageList.end()) {
+        isActionRequired = false;
+        lastActionStored = fv2AppCommand::NoAction;
+        return;
+    }
+    const bool changed = found->command != lastActionStored;
+    if (changed) {
+        isActionRequired = true;
+        lastActionStored = found->command;
+    }
+    log(FV2LoggingLevel::release, {std::string(changed ? "evaluateActionableStatusMessages. new last action is ("
+                                                       : "evaluateActionableStatusMessages. action not changed (") +
+                                   std::string(caseName(lastActionStored)) + ") "});
+}
+
+std::string_view FV2AppState::getMenuBarStatusIcon() const {
+    std::string_view name;
+    if (syncORMActive && !syncORMBlocked)
+        name = "orm_menu_icon_sync";
+    else if (overallState == fv2StatusStateType::Green)
+        name = "orm_menu_icon";
+    else if (overallState == fv2StatusStateType::Yellow)
+        name = "orm_menu_icon_warning";
+    else
+        name = "orm_menu_icon_alert";
+    log(FV2LoggingLevel::trace, {"getMenuBarStatusIcon returning image: " + std::string(name)});
+    return name;
+}
+
+} // namespace fv2

@@ -1,0 +1,276 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "model/FV2AppStateModel.h"
+
+#include "comms/FV2Records.h"
+#include "comms/FV2Requests.h"
+#include "logging/FV2Logging.h"
+
+#include <cstdlib>
+
+namespace fv2 {
+
+namespace {
+
+//! How often the status is asked for while no notification can be expected: the service can't be reached, and a
+//! restarted one does not know us, or somebody else holds our socket's path.
+constexpr std::chrono::seconds kUnpromptedRefresh{60};
+
+void release(const std::string& text) {
+    log(FV2LoggingLevel::release, {text});
+}
+
+} // namespace
+
+FV2AppStateModel::FV2AppStateModel(Surroundings surroundings, std::int64_t userId)
+    : m_outside(std::move(surroundings))
+    , m_state(m_outside.strings, userId, m_outside.computerName)
+    , jsonParser(m_outside.strings, m_outside.mediumDate)
+    , m_gate(m_outside.timers, [this] { startRefresh(true, fv2SyncSource::Service, false, true); })
+    , m_askCounter(std::make_shared<std::atomic<std::uint64_t>>(0))
+    , m_listener(
+          m_outside.makeAppSocket(), backgroundThreadSemaphore,
+          {.received = [this](fv2JsonCommand command) { onNotification(command); },
+           .bound = [this](bool bound) { m_outside.dispatch.toMain(guarded([this, bound] { onBound(bound); })); }}) {
+}
+
+FV2AppStateModel::~FV2AppStateModel() = default;
+
+std::function<void()> FV2AppStateModel::guarded(std::function<void()> job) const {
+    return [job = std::move(job), owner = std::weak_ptr<const void>(m_alive)] {
+        if (!owner.expired())
+            job();
+    };
+}
+
+void FV2AppStateModel::runBackgroundThread() {
+    m_listener.start();
+}
+
+void FV2AppStateModel::stopBackgroundThread() {
+    m_listener.stop();
+}
+
+//! Runs on the listener's thread.
+void FV2AppStateModel::onNotification(fv2JsonCommand command) {
+    if (command == fv2JsonCommand::Show) {
+        m_outside.dispatch.toMain(guarded([this] { m_appDelegate->menuShowMainWindow(); }));
+    } else if (!m_notificationPosted.exchange(true)) {
+        m_outside.dispatch.toMain(guarded([this] {
+            m_notificationPosted = false;
+            syncCommsAsync(true, fv2SyncSource::Service, false);
+        }));
+    }
+}
+
+void FV2AppStateModel::onBound(bool bound) {
+    const bool cameBack = bound && !m_notificationsArrive;
+    m_notificationsArrive = bound;
+    if (cameBack)
+        syncCommsAsync(true, fv2SyncSource::Service, false);
+    else
+        scheduleUnpromptedRefresh();
+}
+
+void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bool alertOnFailure) {
+    release("syncCommsAsync() in.");
+    if (source == fv2SyncSource::Service)
+        m_gate.request();
+    else
+        startRefresh(checkAction, source, alertOnFailure, false);
+    release("syncCommsAsync() out.");
+}
+
+void FV2AppStateModel::startRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, bool throughGate) {
+    auto job = [&service = m_outside.service, uid = m_state.userID, counter = m_askCounter] {
+        release("syncCommsAsync -> calling syncCommsDirect()");
+        RefreshAnswer answer = syncCommsDirect(service, uid, *counter);
+        release("syncCommsAsync -> called syncCommsDirect()");
+        return answer;
+    };
+    m_outside.dispatch.run(m_alive, std::move(job), [=, this](const RefreshAnswer& answer) {
+        if (throughGate)
+            m_gate.finished();
+        finishRefresh(checkAction, source, alertOnFailure, answer);
+    });
+}
+
+//! Runs on a worker.
+FV2AppStateModel::RefreshAnswer FV2AppStateModel::syncCommsDirect(FV2ServiceLink& service, std::int64_t uid,
+                                                                  std::atomic<std::uint64_t>& counter) {
+    release("syncCommsDirect() in");
+    RefreshAnswer answer;
+    answer.token = FV2CommsToken::tokenOf(service.exchange(getTokenRequest(uid)));
+    release("_updateStatus in.");
+    answer.number = ++counter;
+    answer.status = FV2JsonParserORM::decodeStatus(service.exchange(getStatusRequest(uid)));
+    release(std::string("_updateStatus() out. (result = ") + (answer.status.result.ok ? "true" : "false") + ")");
+    return answer;
+}
+
+void FV2AppStateModel::finishRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure,
+                                     const RefreshAnswer& answer) {
+    if (answer.number > m_newestApplied) {
+        m_newestApplied = answer.number;
+        m_state.commsToken = answer.token;
+        jsonParser.apply(answer.status, m_state);
+    }
+    release("ORM - appModel updateFromModel calling UpdateStatusMessages");
+    static_cast<void>(jsonParser.UpdateStatusMessages(m_state));
+    release("ORM - appModel updateFromModel called UpdateStatusMessages");
+    updateFromModel(checkAction, effectiveSource(source));
+    const CommandResult& result = answer.status.result;
+    if (alertOnFailure && !result.ok && isMainWindowOpen())
+        m_wndDelegate->doAlert(fv2Window::Main, result.errorCode, result.alert);
+    scheduleUnpromptedRefresh();
+}
+
+//! The notification that follows a user's synchronisation counts as the user's own request.
+fv2SyncSource FV2AppStateModel::effectiveSource(fv2SyncSource source) {
+    release("syncCommsAsync -> source is " + std::string(caseName(source)));
+    if (source != fv2SyncSource::Service) {
+        release("syncCommsAsync -> source was not .Service");
+        return source;
+    }
+    if (!m_state.syncORMUserInitiated) {
+        release("syncCommsAsync -> not user initiated proxy sync");
+        return source;
+    }
+    release("syncCommsAsync -> handling. user initiated proxy sync");
+    m_state.syncORMUserInitiated = false;
+    return fv2SyncSource::User;
+}
+
+void FV2AppStateModel::scheduleUnpromptedRefresh() {
+    constexpr std::int64_t noValidAnswer = -1;
+    if (m_notificationsArrive && jsonParser.state() != noValidAnswer) {
+        m_unpromptedRefresh.reset();
+    } else if (!m_unpromptedRefresh) {
+        m_unpromptedRefresh = m_outside.timers.after(kUnpromptedRefresh, [this] {
+            m_unpromptedRefresh.reset();
+            syncCommsAsync(true, fv2SyncSource::Service, false);
+        });
+    }
+}
+
+void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure) {
+    release("syncProxyAsync() in");
+    const bool wasActive = std::exchange(m_state.syncORMActive, true);
+    updateFromModel(false, fv2SyncSource::None);
+    if (!proxySyncSemaphore.tryWait()) {
+        release("WARNING: ignored overlapped sync attempt (proxy)");
+        m_state.syncORMActive = wasActive;
+        updateFromModel(false, fv2SyncSource::None);
+        release("syncProxyAsync() out.");
+        return;
+    }
+    release("++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC");
+    if (source == fv2SyncSource::User) {
+        release("appModel->syncProxyAsync -> setting last action for user click (" +
+                std::string(caseName(m_state.lastActionStored)) + ")");
+        m_state.syncORMUserInitiated = true;
+        m_state.syncORMUserInitiatedAction = m_state.lastActionStored;
+    }
+    auto job = [&service = m_outside.service, request = proxySyncRequest(m_state.userID, m_state.commsToken)] {
+        release("Syncing proxy.");
+        const CommandResult result = genericResult(service.exchange(request), fv2Alert::FailedProxySync);
+        release("syncProxyAsync() syncProxy() done.");
+        return result;
+    };
+    m_outside.dispatch.run(m_alive, std::move(job), [this, alertOnFailure](const CommandResult& result) {
+        finishProxySync(alertOnFailure, result);
+    });
+    release("syncProxyAsync() out.");
+}
+
+void FV2AppStateModel::finishProxySync(bool alertOnFailure, const CommandResult& result) {
+    proxySyncSemaphore.signal();
+    m_state.syncORMActive = false;
+    if (alertOnFailure && !result.ok && isMainWindowOpen())
+        m_wndDelegate->doAlert(fv2Window::Main, result.errorCode, result.alert);
+}
+
+void FV2AppStateModel::unsubscribeFromNotifications() {
+    release("Unsubscribe from notifications.");
+    m_outside.dispatch.toWorker(
+        [&service = m_outside.service, request = unsubscribeRequest(m_state.userID, m_state.commsToken)] {
+            static_cast<void>(service.exchange(request));
+        });
+}
+
+void FV2AppStateModel::unsubscribeAtExit() {
+    release("Unsubscribe from notifications.");
+    m_outside.service.cancel();
+    m_outside.dispatch.toWorker(
+        [&service = m_outside.service, request = unsubscribeRequest(m_state.userID, m_state.commsToken)] {
+            static_cast<void>(service.farewell(request));
+        });
+}
+
+bool FV2AppStateModel::isMainWindowOpen() const {
+    return m_wndDelegate != nullptr && m_wndDelegate->isOpen(fv2Window::Main);
+}
+
+void FV2AppStateModel::updateFromModel(bool checkAction, fv2SyncSource syncSource) {
+    if (m_appDelegate == nullptr)
+        std::abort();
+    m_appDelegate->menuBarStatusItem().show(m_state.getMenuBarStatusIcon(), m_state.overallState);
+    updateWindows();
+
+    release("appModel->updateFromModel syncSource == " + std::string(caseName(syncSource)));
+    const bool actionRequired = std::exchange(m_state.isActionRequired, false);
+    const bool mainWindowOpen = isMainWindowOpen();
+    const bool sourceAllows = syncSource == fv2SyncSource::Startup || syncSource == fv2SyncSource::User ||
+                              (syncSource == fv2SyncSource::Service && !mainWindowOpen);
+    if (!sourceAllows) {
+        release("appModel->updateFromModel -> not checked for action required due to source");
+        return;
+    }
+    release("appModel->updateFromModel -> may need to perform action");
+    if (!checkAction || !actionRequired) {
+        release("appModel->updateFromModel -> no action required");
+        return;
+    }
+    const bool userInitiated = syncSource == fv2SyncSource::User;
+    if (userInitiated && mainWindowOpen) {
+        m_wndDelegate->selectProtectionStatusPage();
+        release("appModel->updateFromModel -> updating ui page");
+    }
+    release("appModel->updateFromModel -> performing action");
+    performAction(m_state.lastActionStored, userInitiated);
+}
+
+void FV2AppStateModel::updateWindows() {
+    release("updateModelSempahore - wait (update from model)");
+    const SemaphoreHold hold(updateModelSemaphore);
+    release("updateModelSempahore - waited (update from model)");
+    if (isMainWindowOpen())
+        release("updateModelSempahore - using " + m_wndDelegate->updateMainWindow());
+    if (m_wndDelegate != nullptr)
+        m_wndDelegate->closeUnneededPasswordWindows();
+    release("updateModelSempahore - signal (update from model)");
+}
+
+void FV2AppStateModel::performAction(fv2AppCommand command, bool userInitiated) {
+    switch (command) {
+    case fv2AppCommand::RetryComms:
+    case fv2AppCommand::GetStatus:
+        syncCommsAsync(true, fv2SyncSource::User, true);
+        break;
+    case fv2AppCommand::EnterEncPassword:
+    case fv2AppCommand::EnterDecPassword:
+        if (m_wndDelegate != nullptr)
+            m_wndDelegate->openWindow(command == fv2AppCommand::EnterEncPassword ? fv2Window::Password_Encrypt
+                                                                                 : fv2Window::Password_Decrypt,
+                                      userInitiated);
+        break;
+    case fv2AppCommand::ProxySync_ORM:
+        syncProxyAsync(userInitiated ? fv2SyncSource::User : fv2SyncSource::None, true);
+        break;
+    case fv2AppCommand::NoAction:
+    case fv2AppCommand::Initialising_ORM:
+        break;
+    }
+}
+
+} // namespace fv2

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/CountingSemaphore.h"
+#include "model/FV2AppState.h"
+#include "model/FV2JsonParserORM.h"
+#include "model/FV2NotificationListener.h"
+#include "model/FV2Ports.h"
+#include "model/FV2RefreshGate.h"
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace fv2 {
+
+//! The one object that knows the agent's situation and asks the service for news. Lives for the whole run. Main thread
+//! only: workers and the listener get copies of what they need and hand values back.
+class FV2AppStateModel {
+public:
+    //! All references outlive the model and the workers.
+    struct Surroundings {
+        FV2Dispatch& dispatch;
+        FV2TimerService& timers;
+        FV2ServiceLink& service;
+        const OxStringBundle& strings;
+        MediumDateFormat mediumDate;
+        std::string computerName;
+        std::function<std::unique_ptr<FV2SocketCommsBase>()> makeAppSocket;
+    };
+
+    FV2AppStateModel(Surroundings surroundings, std::int64_t userId);
+    ~FV2AppStateModel();
+    FV2AppStateModel(const FV2AppStateModel&) = delete;
+    FV2AppStateModel& operator=(const FV2AppStateModel&) = delete;
+
+    //! Must be set before the first refresh.
+    void setAppDelegate(FV2ApplicationDelegate& appDelegate) { m_appDelegate = &appDelegate; }
+    //! Without a registry no window is ever open.
+    void setWndDelegate(FV2WindowRegistry* wndDelegate) { m_wndDelegate = wndDelegate; }
+
+    [[nodiscard]] const FV2AppState& state() const { return m_state; }
+
+    //! Starts the listener on the agent's own socket; once.
+    void runBackgroundThread();
+    //! Ends the listener and removes its socket; it can't be started again.
+    void stopBackgroundThread();
+
+    //! Asks the service for a token and the status on a worker, then updates everything on the main thread. Returns at
+    //! once. Refreshes with source Service merge and are spaced.
+    void syncCommsAsync(bool checkAction, fv2SyncSource source, bool alertOnFailure);
+
+    //! Asks the service to synchronise with its management server; dropped while one is in flight. Returns at once.
+    void syncProxyAsync(fv2SyncSource source, bool alertOnFailure);
+
+    //! Tells the service, on a worker, to stop its notifications.
+    void unsubscribeFromNotifications();
+    //! The same as the agent's last word: ends all other exchanges first, takes 500 ms at most.
+    void unsubscribeAtExit();
+
+    //! Pushes the state into the tray item and the windows; carries out the action that has become due when
+    //! `checkAction` and the source allow it.
+    void updateFromModel(bool checkAction, fv2SyncSource syncSource);
+
+    void performAction(fv2AppCommand command, bool userInitiated);
+
+    //! Held while windows are updated and while one is opened.
+    [[nodiscard]] CountingSemaphore& updateSemaphore() { return updateModelSemaphore; }
+
+private:
+    struct RefreshAnswer {
+        std::uint64_t number = 0; //!< grows with the moment at which the status was asked for
+        std::string token;
+        DecodedStatus status;
+    };
+
+    void startRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, bool throughGate);
+    void finishRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, const RefreshAnswer& answer);
+    [[nodiscard]] static RefreshAnswer syncCommsDirect(FV2ServiceLink& service, std::int64_t uid,
+                                                       std::atomic<std::uint64_t>& counter);
+    void finishProxySync(bool alertOnFailure, const CommandResult& result);
+    [[nodiscard]] fv2SyncSource effectiveSource(fv2SyncSource source);
+    void updateWindows();
+    void onNotification(fv2JsonCommand command);
+    void onBound(bool bound);
+    void scheduleUnpromptedRefresh();
+    [[nodiscard]] bool isMainWindowOpen() const;
+    [[nodiscard]] std::function<void()> guarded(std::function<void()> job) const;
+
+    Surroundings m_outside;
+    FV2ApplicationDelegate* m_appDelegate = nullptr;
+    FV2WindowRegistry* m_wndDelegate = nullptr;
+    FV2AppState m_state;
+    FV2JsonParserORM jsonParser;
+
+    CountingSemaphore backgroundThreadSemaphore{1};
+    CountingSemaphore updateModelSemaphore{1};
+    CountingSemaphore proxySyncSemaphore{1};
+    CountingSemaphore backgroundSyncSemaphore{1}; //!< stands with the others; nothing waits on it
+
+    FV2RefreshGate m_gate;
+    std::shared_ptr<std::atomic<std::uint64_t>> m_askCounter;
+    std::uint64_t m_newestApplied = 0;
+    std::atomic<bool> m_notificationPosted = false;
+    bool m_notificationsArrive = true;
+    std::unique_ptr<FV2Timer> m_unpromptedRefresh;
+
+    std::shared_ptr<const char> m_alive = std::make_shared<const char>();
+    FV2NotificationListener m_listener;
+};
+
+} // namespace fv2

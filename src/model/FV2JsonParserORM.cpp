@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "model/FV2JsonParserORM.h"
+
+#include "logging/FV2Logging.h"
+#include "model/FV2StatesTable.h"
+#include "resources/FormatText.h"
+
+#include <algorithm>
+
+namespace fv2 {
+
+namespace {
+
+constexpr std::int64_t kNoValidAnswer = -1;
+constexpr std::int64_t kBadConfiguration = 0;
+constexpr std::int64_t kAlsoBadConfiguration = 11;
+constexpr std::int64_t kDefaultPostponeMinutes = 60;
+
+std::string textOr(std::string text, const std::string& unknown) {
+    return text.empty() ? unknown : std::move(text);
+}
+
+} // namespace
+
+CommandResult FV2JsonParserORM::ParseStatus(std::string_view answer, FV2AppState& model) {
+    const DecodedStatus decoded = decodeStatus(answer);
+    apply(decoded, model);
+    return decoded.result;
+}
+
+DecodedStatus FV2JsonParserORM::decodeStatus(std::string_view answer) {
+    return {genericResult(answer, fv2Alert::BadComms), FV2EISResponse::decode(answer)};
+}
+
+void FV2JsonParserORM::apply(const DecodedStatus& decoded, FV2AppState& model) {
+    const FV2EISResponse response = decoded.response.value_or(FV2EISResponse());
+    const FV2EISStatus status = response.status.value_or(FV2EISStatus());
+    m_state = response.error_code == 0 ? status.state.value_or(kBadConfiguration) : kNoValidAnswer;
+    applyStatus(status, model);
+    model.postponeTimeInMins =
+        response.policy.value_or(FV2EISPolicy()).postponecredentialmins.value_or(kDefaultPostponeMinutes);
+    model.overallState = UpdateStatusMessages(model);
+    model.evaluateActionableStatusMessages();
+}
+
+void FV2JsonParserORM::applyStatus(const FV2EISStatus& status, FV2AppState& model) const {
+    const std::string unknown = translated("IDUS_UNKNOWN");
+    model.syncORMActive = status.sync_active == 1;
+    model.syncORMOK = status.sync_ok.value_or(1) == 1;
+    model.version = textOr(status.version.value_or(std::string()), unknown);
+    model.uuid = textOr(status.uuid.value_or(std::string()), unknown);
+    const std::int64_t lastSync = status.sync_last.value_or(0);
+    model.lastORMSync = textOr(lastSync == 0 ? std::string() : m_mediumDate(lastSync), unknown);
+    model.syncORMEnabled = m_state != kNoValidAnswer && m_state != kBadConfiguration;
+    model.encryptionProgress = status.progress.value_or(0);
+}
+
+fv2StatusStateType FV2JsonParserORM::UpdateStatusMessages(FV2AppState& model) {
+    model.statusMessageList.clear();
+    model.syncORMBlocked = false;
+    if (m_state == kAlsoBadConfiguration)
+        m_state = kBadConfiguration;
+
+    fv2StatusStateType worst = fv2StatusStateType::Green;
+    for (const FV2_ORM_State& row : kOrmStatesDictionary) {
+        if (row.state != m_state)
+            continue;
+        std::string text = translated(row.text);
+        if (row.hasPercentage) {
+            const std::string progress = std::to_string(model.encryptionProgress);
+            text = formatText(text, {formatText(translated("IDUS_ORM_SM_PERCENT_FMT"), {progress})});
+        }
+        model.addStatusMessage(row.statusType, translated(row.title), std::move(text), row.command, true);
+        worst = std::max(worst, row.statusType);
+        if (row.command == fv2AppCommand::Initialising_ORM) {
+            model.syncORMBlocked = true;
+            log(FV2LoggingLevel::release,
+                {"JsonParse_ORM -> UpdateStatusMessages -> will hide proxy sync message due to "
+                 "service blocking syncs"});
+        }
+    }
+    return model.syncORMBlocked ? worst : std::max(worst, AddSyncStatusMessage(model));
+}
+
+fv2StatusStateType FV2JsonParserORM::AddSyncStatusMessage(FV2AppState& model) const {
+    if (!model.syncORMActive && model.syncORMOK)
+        return fv2StatusStateType::Green;
+    model.addStatusMessage(fv2StatusStateType::Yellow, translated("IDUS_ORM_SM_SYNC"),
+                           translated(model.syncORMActive ? "IDUS_ORM_SM_SYNC_ACTIVE" : "IDUS_ORM_SM_SYNC_ISSUE"),
+                           model.syncORMActive ? fv2AppCommand::NoAction : fv2AppCommand::ProxySync_ORM, false);
+    return fv2StatusStateType::Yellow;
+}
+
+std::string FV2JsonParserORM::translated(std::string_view identifier) const {
+    return OxTranslatedString::translateOrMarkID(identifier, m_strings).string();
+}
+
+} // namespace fv2

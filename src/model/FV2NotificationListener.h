@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/CountingSemaphore.h"
+#include "comms/FV2Records.h"
+#include "comms/FV2SocketCommsBase.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <thread>
+
+namespace fv2 {
+
+//! The long-running loop on the agent's own socket: answers each message and tells what it asked for. Owned by the
+//! model; created, started and stopped on the main thread.
+class FV2NotificationListener {
+public:
+    //! Called on the listener's thread.
+    struct Events {
+        //! A message came and has been answered.
+        std::function<void(fv2JsonCommand)> received;
+        //! Whether notifications can come in: false while somebody else holds the socket's path.
+        std::function<void(bool)> bound;
+    };
+
+    //! While the path can't be had it is tried again every `retryAfter`. `life` is held while the loop runs.
+    FV2NotificationListener(std::unique_ptr<FV2SocketCommsBase> comms, CountingSemaphore& life, Events events,
+                            std::chrono::milliseconds retryAfter = std::chrono::seconds(30))
+        : backgroundAppSocketComms(std::move(comms))
+        , m_life(life)
+        , m_events(std::move(events))
+        , m_retryAfter(retryAfter) {}
+    ~FV2NotificationListener() { stop(); }
+    FV2NotificationListener(const FV2NotificationListener&) = delete;
+    FV2NotificationListener& operator=(const FV2NotificationListener&) = delete;
+
+    void start();
+    //! Ends the loop from any state, in well under 200 ms, and removes the socket's file. A second call does nothing.
+    void stop();
+
+private:
+    void run();
+    void serve();
+    void answer(FV2SocketComms_ReceivedData received);
+
+    std::unique_ptr<FV2SocketCommsBase> backgroundAppSocketComms;
+    CountingSemaphore& m_life;
+    Events m_events;
+    std::chrono::milliseconds m_retryAfter;
+    std::thread m_thread;
+};
+
+} // namespace fv2

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "model/FV2SocketServiceLink.h"
+
+#include "comms/FV2ServiceSocketComms.h"
+
+namespace fv2 {
+
+std::string FV2SocketServiceLink::exchange(std::string_view request) {
+    return m_stop->isRaised() ? std::string() : FV2ServiceSocketComms(m_stop).sendAndReceive(request);
+}
+
+std::string FV2SocketServiceLink::farewell(std::string_view request) {
+    constexpr CommsPatience brief{.attempts = 1, .perAttempt = std::chrono::milliseconds(500)};
+    return FV2ServiceSocketComms(std::make_shared<const StopSignal>(), brief).sendAndReceive(request);
+}
+
+} // namespace fv2

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/StopSignal.h"
+#include "model/FV2Ports.h"
+
+#include <memory>
+
+namespace fv2 {
+
+//! The service link over the service's real socket.
+class FV2SocketServiceLink final : public FV2ServiceLink {
+public:
+    [[nodiscard]] std::string exchange(std::string_view request) override;
+    [[nodiscard]] std::string farewell(std::string_view request) override;
+    void cancel() override { m_stop->raise(); }
+
+private:
+    std::shared_ptr<const StopSignal> m_stop = std::make_shared<const StopSignal>();
+};
+
+} // namespace fv2

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2DesktopDispatch.h"
+
+namespace fv2 {
+
+namespace {
+
+//! Two refreshes that hang, one synchronisation, and one for what the user does meanwhile.
+constexpr std::size_t kWorkers = 4;
+
+} // namespace
+
+FV2DesktopDispatch::FV2DesktopDispatch()
+    : m_notifier(m_mainQueue.descriptor(), QSocketNotifier::Read)
+    , m_workers(kWorkers) {
+    QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { m_mainQueue.drain(); });
+}
+
+} // namespace fv2

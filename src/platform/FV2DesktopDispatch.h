@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/MainQueue.h"
+#include "base/WorkerPool.h"
+#include "model/FV2Ports.h"
+
+#include <QSocketNotifier>
+
+namespace fv2 {
+
+//! Brings jobs to a small worker pool and to Qt's event loop on the thread that made this object. Nothing crosses
+//! threads through Qt itself.
+class FV2DesktopDispatch final : public FV2Dispatch {
+public:
+    FV2DesktopDispatch();
+
+    void toMain(std::function<void()> job) override { m_mainQueue.post(std::move(job)); }
+    void toWorker(std::function<void()> job) override { m_workers.post(std::move(job)); }
+
+    //! Runs what the workers still have to do and ends them; results for the main thread are no longer delivered.
+    void finish() { m_workers.finish(); }
+
+private:
+    MainQueue m_mainQueue;
+    QSocketNotifier m_notifier;
+    WorkerPool m_workers;
+};
+
+} // namespace fv2

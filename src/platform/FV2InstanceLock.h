@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/UniqueFd.h"
+
+#include <string>
+
+namespace fv2 {
+
+//! At most one process of a user holds it; the kernel gives it back when that process ends, however it ends.
+class FV2InstanceLock {
+public:
+    //! "fv2-agent.lock" in $XDG_RUNTIME_DIR, else beside the agent's socket in /tmp under the user's number.
+    [[nodiscard]] static std::string defaultPath();
+
+    explicit FV2InstanceLock(std::string path = defaultPath())
+        : m_path(std::move(path)) {}
+
+    enum class Attempt { Taken, HeldByOther, Impossible };
+
+    //! Never waits. Impossible when the file can't be had at all: a stranger's, a link, no folder.
+    [[nodiscard]] Attempt tryTake();
+
+private:
+    std::string m_path;
+    UniqueFd m_file;
+};
+
+} // namespace fv2

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FV2Ports.h"
+
+namespace fv2 {
+
+//! Timers of Qt's event loop. Main thread only.
+class FV2QtTimerService final : public FV2TimerService {
+public:
+    [[nodiscard]] std::chrono::steady_clock::time_point now() const override;
+    [[nodiscard]] std::unique_ptr<FV2Timer> after(std::chrono::milliseconds delay,
+                                                  std::function<void()> callback) override;
+};
+
+} // namespace fv2

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2TrayWatcher.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QGuiApplication>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <xcb/xcb.h>
+
+namespace fv2 {
+
+namespace {
+
+const QString kService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString kPath = QStringLiteral("/StatusNotifierWatcher");
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+//! Whether some window owns the selection of the system tray protocol on X11's first screen.
+bool hasOlderTray() {
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 == nullptr)
+        return false;
+    xcb_connection_t* const connection = x11->connection();
+    const std::string name = "_NET_SYSTEM_TRAY_S0";
+    const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> atom(xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str()), nullptr));
+    if (!atom)
+        return false;
+    const std::unique_ptr<xcb_get_selection_owner_reply_t, FreeReply> owner(
+        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
+    return owner && owner->owner != XCB_WINDOW_NONE;
+}
+
+} // namespace
+
+FV2TrayWatcher::FV2TrayWatcher(std::function<void()> available, std::chrono::milliseconds patience)
+    : m_available(std::move(available))
+    , m_watcher(kService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration) {
+    connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &FV2TrayWatcher::askForHost);
+    QDBusConnection::sessionBus().connect(kService, kPath, kService, QStringLiteral("StatusNotifierHostRegistered"),
+                                          this, SLOT(onHostRegistered()));
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, &FV2TrayWatcher::acceptOlderTray);
+    m_patience.start(patience);
+    askForHost();
+}
+
+void FV2TrayWatcher::askForHost() {
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        kService, kPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << kService << QStringLiteral("IsStatusNotifierHostRegistered");
+    question.setAutoStartService(false);
+    auto* const call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+        const QDBusPendingReply<QDBusVariant> answer = *call;
+        call->deleteLater();
+        if (answer.isValid() && answer.value().variant().toBool())
+            becomeAvailable();
+    });
+}
+
+void FV2TrayWatcher::acceptOlderTray() {
+    if (hasOlderTray())
+        becomeAvailable();
+}
+
+void FV2TrayWatcher::becomeAvailable() {
+    m_patience.stop();
+    if (const auto available = std::exchange(m_available, nullptr))
+        available();
+}
+
+} // namespace fv2

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QSocketNotifier>
+
+#include <functional>
+#include <optional>
+
+namespace fv2 {
+
+//! Turns SIGTERM, SIGINT and SIGHUP into one call on the main thread, and keeps SIGPIPE from ending the process.
+//! Handlers are used, not a blocked mask or SIG_IGN: those would be inherited by programs that we start. One object a
+//! process.
+class FV2UnixSignals {
+public:
+    //! From here on the signals no longer end the process; they are remembered until onTerminate() names a listener.
+    FV2UnixSignals();
+
+    //! Calls `terminate` once from the event loop of this thread.
+    void onTerminate(std::function<void()> terminate);
+
+private:
+    std::optional<QSocketNotifier> m_notifier;
+};
+
+} // namespace fv2

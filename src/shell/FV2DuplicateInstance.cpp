@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "shell/FV2DuplicateInstance.h"
+
+#include "comms/FV2AppSocketComms.h"
+#include "comms/FV2Requests.h"
+#include "logging/FV2Logging.h"
+
+#include <thread>
+
+namespace fv2 {
+
+namespace {
+
+constexpr std::chrono::milliseconds kPause{20};
+constexpr CommsPatience kHandOver{.attempts = 2, .perAttempt = std::chrono::seconds(2)};
+
+void trace(const char* text) {
+    log(FV2LoggingLevel::trace, {text});
+}
+
+bool handOver() {
+    FV2AppSocketComms comms(kHandOver);
+    if (!comms.createConnection())
+        return false;
+    trace("handleDuplicateInstance -> canConnect TRUE");
+    static_cast<void>(comms.sendAndReceive(showUiRequest()));
+    trace("handleDuplicateInstance -> done sendAndReceive");
+    return true;
+}
+
+} // namespace
+
+bool FV2DuplicateInstance::handleDuplicateInstance() {
+    trace("handleDuplicateInstance -> IN");
+    const bool found = findAndHandOver();
+    if (found)
+        log(FV2LoggingLevel::release, {"ERROR: Found another instance."});
+    else
+        trace("handleDuplicateInstance -> canConnect FALSE");
+    trace("handleDuplicateInstance -> leaving");
+    return found;
+}
+
+//! A copy that holds the lock but does not listen yet is just starting, one that no longer listens is ending: the loop
+//! ends when it answers, gives the lock back or neither in time.
+bool FV2DuplicateInstance::findAndHandOver() {
+    const Deadline deadline(m_patience);
+    while (m_lock.tryTake() == FV2InstanceLock::Attempt::HeldByOther) {
+        if (handOver() || deadline.passed())
+            return true;
+        std::this_thread::sleep_for(kPause);
+    }
+    return handOver();
+}
+
+} // namespace fv2

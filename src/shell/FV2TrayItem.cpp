@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "shell/FV2TrayItem.h"
+
+#include <array>
+
+namespace fv2 {
+
+namespace {
+
+//! The title of each traffic-light state, in the order of the states.
+constexpr std::array<std::string_view, 3> kStateTitles{
+    "IDUS_MGUI_STATUS_TITLE_GREEN",
+    "IDUS_MGUI_STATUS_TITLE_YELLOW",
+    "IDUS_MGUI_STATUS_TITLE_RED",
+};
+
+} // namespace
+
+void FV2TrayItem::show(std::string_view imageName, fv2StatusStateType overallState) {
+    const auto translated = [this](std::string_view identifier) {
+        return QString::fromStdString(OxTranslatedString::translateOrMarkID(identifier, m_strings).string());
+    };
+    const QString image = QString::fromUtf8(imageName.data(), static_cast<qsizetype>(imageName.size()));
+    const QString toolTip = translated("IDUS_PRODUCT_DISPLAY_NAME") + QStringLiteral(": ") +
+                            translated(kStateTitles.at(static_cast<std::size_t>(overallState)));
+    if (image == m_imageName && toolTip == m_toolTip)
+        return;
+    m_imageName = image;
+    m_toolTip = toolTip;
+    if (m_icon)
+        apply();
+}
+
+void FV2TrayItem::appear() {
+    m_icon.emplace();
+    apply();
+    m_icon->show();
+}
+
+void FV2TrayItem::apply() {
+    m_icon->setIcon(m_images.imageNamed(m_imageName));
+    m_icon->setToolTip(m_toolTip);
+}
+
+} // namespace fv2

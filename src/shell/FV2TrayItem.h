@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FV2Ports.h"
+#include "platform/FV2Images.h"
+#include "resources/OxTranslatedString.h"
+
+#include <QString>
+#include <QSystemTrayIcon>
+
+#include <optional>
+
+namespace fv2 {
+
+//! The agent's icon in the tray. What it shows can be set before there is a tray to show it in. Main thread only.
+class FV2TrayItem final : public FV2StatusItem {
+public:
+    FV2TrayItem(FV2Images& images, const OxStringBundle& strings)
+        : m_images(images)
+        , m_strings(strings) {}
+
+    //! Setting what is shown already does nothing: the tray's host would redraw for it.
+    void show(std::string_view imageName, fv2StatusStateType overallState) override;
+
+    //! To be called once a tray can be used: makes the item with what was set last.
+    void appear();
+
+private:
+    void apply();
+
+    FV2Images& m_images;
+    const OxStringBundle& m_strings;
+    QString m_imageName;
+    QString m_toolTip;
+    std::optional<QSystemTrayIcon> m_icon;
+};
+
+} // namespace fv2
