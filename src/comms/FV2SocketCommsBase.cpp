@@ -153,8 +153,10 @@ bool FV2SocketCommsBase::createBinding() {
     sock = makeStreamSocket();
     const bool bound =
         sock && ::bind(sock.get(), reinterpret_cast<const sockaddr*>(&sockAddrUn), sizeof sockAddrUn) >= 0;
-    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0)
+    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0) {
+        setBlocking(sock.get(), false);
         return true;
+    }
     closeSocket();
     return false;
 }

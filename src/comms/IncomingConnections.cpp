@@ -19,6 +19,8 @@ namespace {
 constexpr std::chrono::seconds kTotalTime{10};
 constexpr std::chrono::seconds kChunkTime{5};
 constexpr std::chrono::milliseconds kBackOff{100};
+//! The backlog is short: what waits there is taken in before the next message is handed out.
+constexpr int kAcceptedAtOnce = 16;
 constexpr std::size_t kMaxDrained = 16 * 1024 * 1024;
 
 bool isOutOfResources(int error) {
@@ -45,44 +47,59 @@ std::optional<FV2SocketComms_ReceivedData> IncomingConnections::next(int listeni
         if (set[0].revents != 0)
             return std::nullopt;
 
-        auto polled = set.cbegin() + 2;
-        for (Iterator each = m_open.begin(); each != m_open.end(); ++polled) {
-            const bool ready = polled->revents != 0;
-            const bool outOfTime = each->total.passed() || each->nextChunk.passed();
-            const bool done = (ready && (each->draining ? drain(*each) : read(*each)) == Reading::Done) || outOfTime;
-            if (!done) {
-                ++each;
-                continue;
-            }
-            Connection finished = std::move(*each);
-            each = m_open.erase(each);
-            if (!finished.draining) {
-                const std::size_t byteCount = finished.reader.byteCount();
-                return FV2SocketComms_ReceivedData{std::move(finished.socket), finished.reader.takeText(), byteCount,
-                                                   finished.cut};
-            }
-        }
-        if (set[1].revents != 0 && !acceptOne(listening))
+        std::optional<FV2SocketComms_ReceivedData> message = firstFinished(set);
+        if (set[1].revents != 0 && !acceptWaiting(listening))
             return std::nullopt;
+        if (message)
+            return message;
     }
 }
 
-bool IncomingConnections::acceptOne(int listening) {
-    UniqueFd socket(::accept4(listening, nullptr, nullptr, SOCK_CLOEXEC));
-    if (!socket) {
-        const int error = errno;
-        if (isOutOfResources(error)) {
-            if (!dropOldest())
-                m_backOff = Deadline(kBackOff);
+std::optional<FV2SocketComms_ReceivedData> IncomingConnections::firstFinished(const std::vector<pollfd>& set) {
+    auto polled = set.cbegin() + 2;
+    for (auto each = m_open.begin(); each != m_open.end(); ++polled) {
+        const bool ready = polled->revents != 0;
+        const bool outOfTime = each->total.passed() || each->nextChunk.passed();
+        const bool done = (ready && (each->draining ? drain(*each) : read(*each)) == Reading::Done) || outOfTime;
+        if (!done) {
+            ++each;
+            continue;
+        }
+        Connection finished = std::move(*each);
+        each = m_open.erase(each);
+        if (!finished.draining) {
+            const std::size_t byteCount = finished.reader.byteCount();
+            return FV2SocketComms_ReceivedData{std::move(finished.socket), finished.reader.takeText(), byteCount,
+                                               finished.cut};
+        }
+    }
+    return std::nullopt;
+}
+
+//! False when the listening socket has failed for good.
+bool IncomingConnections::acceptWaiting(int listening) {
+    for (int i = 0; i < kAcceptedAtOnce; ++i) {
+        UniqueFd socket(::accept4(listening, nullptr, nullptr, SOCK_CLOEXEC));
+        if (socket) {
+            takeIn(std::move(socket));
+            continue;
+        }
+        if (!isOutOfResources(errno))
+            return isPassing(errno);
+        if (!dropOldest()) {
+            m_backOff = Deadline(kBackOff);
             return true;
         }
-        return isPassing(error);
     }
+    return true;
+}
+
+void IncomingConnections::takeIn(UniqueFd socket) {
     const std::optional<uid_t> peer = peerOf(socket.get());
     if (!peer || !m_trusted.trusts(*peer)) {
         log(FV2LoggingLevel::error, {"listenAcceptAndReceiveData() - refused a stranger, uid:" +
                                      (peer ? std::to_string(*peer) : std::string("unknown"))});
-        return true;
+        return;
     }
     limitReceiveTime(socket.get());
     if (m_open.size() >= maxOpen)
@@ -92,7 +109,6 @@ bool IncomingConnections::acceptOne(int listening) {
                       .total = Deadline(kTotalTime),
                       .nextChunk = Deadline(kTotalTime),
                       .reader = MessageReader(maxMessage)});
-    return true;
 }
 
 IncomingConnections::Reading IncomingConnections::read(Connection& connection) {

@@ -10,7 +10,9 @@
 
 #include <list>
 #include <optional>
+#include <poll.h>
 #include <string>
+#include <vector>
 
 namespace fv2 {
 
@@ -33,8 +35,9 @@ public:
     explicit IncomingConnections(PeerPolicy trusted)
         : m_trusted(std::move(trusted)) {}
 
-    //! Waits for the next connection that has sent its message, ended or run out of time (then what came so far, maybe
-    //! nothing, is its text). Nothing once `stop` is raised or the listening socket has failed.
+    //! Takes a listening socket that does not block. Waits for the next connection that has sent its message, ended or
+    //! run out of time (then what came so far, maybe nothing, is its text). Nothing once `stop` is raised or the
+    //! listening socket has failed.
     [[nodiscard]] std::optional<FV2SocketComms_ReceivedData> next(int listening, const StopSignal& stop);
 
     //! Ends a connection so that its peer still gets our answer: what the peer is still sending is read and thrown away
@@ -53,11 +56,11 @@ private:
         bool draining = false;
         std::size_t drained = 0;
     };
-    using Iterator = std::list<Connection>::iterator;
-
     enum class Reading { Waiting, Done };
 
-    [[nodiscard]] bool acceptOne(int listening);
+    [[nodiscard]] std::optional<FV2SocketComms_ReceivedData> firstFinished(const std::vector<pollfd>& set);
+    [[nodiscard]] bool acceptWaiting(int listening);
+    void takeIn(UniqueFd socket);
     [[nodiscard]] static Reading read(Connection& connection);
     [[nodiscard]] static Reading drain(Connection& connection);
     bool dropOldest();

@@ -14,11 +14,6 @@ namespace {
 constexpr timeval kReceiveTimeout{5, 0};
 constexpr std::chrono::milliseconds kBacklogPause{10};
 
-void setBlocking(int descriptor, bool blocking) {
-    const int flags = ::fcntl(descriptor, F_GETFL);
-    ::fcntl(descriptor, F_SETFL, blocking ? flags & ~O_NONBLOCK : flags | O_NONBLOCK);
-}
-
 } // namespace
 
 UniqueFd makeStreamSocket() {
@@ -30,6 +25,11 @@ UniqueFd makeStreamSocket() {
 
 void limitReceiveTime(int descriptor) {
     ::setsockopt(descriptor, SOL_SOCKET, SO_RCVTIMEO, &kReceiveTimeout, sizeof kReceiveTimeout);
+}
+
+void setBlocking(int descriptor, bool blocking) {
+    const int flags = ::fcntl(descriptor, F_GETFL);
+    ::fcntl(descriptor, F_SETFL, blocking ? flags & ~O_NONBLOCK : flags | O_NONBLOCK);
 }
 
 bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline, const StopSignal& stop) {

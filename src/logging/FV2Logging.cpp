@@ -126,7 +126,7 @@ void FV2Logging::deleteLogFile() {
 std::string FV2Logging::timeStamp(const timespec& now) {
     tm local{};
     ::localtime_r(&now.tv_sec, &local);
-    std::array<char, 16> text{};
+    std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "%02d:%02d:%02d.%03ld", local.tm_hour, local.tm_min, local.tm_sec,
                   now.tv_nsec / 1'000'000);
     return text.data();
