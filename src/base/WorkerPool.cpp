@@ -9,7 +9,7 @@ void WorkerPool::post(std::function<void()> job) {
     if (m_finishing)
         return;
     m_jobs.push_back(std::move(job));
-    if (m_jobs.size() > m_idle && m_threads.size() < m_maxThreads)
+    while (m_threads.size() < m_threadCount)
         m_threads.emplace_back([this] { work(); });
     m_changed.notify_one();
 }
@@ -17,9 +17,7 @@ void WorkerPool::post(std::function<void()> job) {
 void WorkerPool::work() {
     std::unique_lock lock(m_mutex);
     for (;;) {
-        ++m_idle;
         m_changed.wait(lock, [this] { return m_finishing || !m_jobs.empty(); });
-        --m_idle;
         if (m_jobs.empty())
             return;
         {

@@ -11,11 +11,11 @@
 
 namespace fv2 {
 
-//! A small fixed set of threads that run jobs in the order in which they came. Threads are made when first needed.
+//! A small fixed set of threads that run jobs in the order in which they came. They are made with the first job.
 class WorkerPool {
 public:
-    explicit WorkerPool(std::size_t maxThreads)
-        : m_maxThreads(maxThreads) {}
+    explicit WorkerPool(std::size_t threadCount)
+        : m_threadCount(threadCount) {}
     ~WorkerPool() { finish(); }
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
@@ -29,11 +29,10 @@ public:
 private:
     void work();
 
-    const std::size_t m_maxThreads;
+    const std::size_t m_threadCount;
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<std::function<void()>> m_jobs;
-    std::size_t m_idle = 0;
     bool m_finishing = false;
     std::vector<std::thread> m_threads;
 };

@@ -17,7 +17,9 @@ namespace fv2 {
 namespace {
 
 constexpr std::chrono::seconds kTotalTime{10};
-constexpr std::chrono::seconds kChunkTime{5};
+constexpr std::chrono::milliseconds kChunkTime{5000};
+//! The rest of a send that the kernel has split follows at once.
+constexpr std::chrono::milliseconds kSplitTime{100};
 constexpr std::chrono::milliseconds kBackOff{100};
 //! The backlog is short: what waits there is taken in before the next message is handed out.
 constexpr int kAcceptedAtOnce = 16;
@@ -124,7 +126,7 @@ IncomingConnections::Reading IncomingConnections::read(Connection& connection) {
         connection.cut = state == MessageReader::State::TooLong;
         if (state != MessageReader::State::Reading)
             return Reading::Done;
-        connection.nextChunk = Deadline(kChunkTime);
+        connection.nextChunk = Deadline(static_cast<std::size_t>(count) < chunk.size() ? kSplitTime : kChunkTime);
     }
 }
 

@@ -25,12 +25,13 @@ struct FV2SocketComms_ReceivedData {
 };
 
 //! The connections of one listening socket: reads many at once, so that an idle or endless peer holds up nobody.
-//! One thread. Each connection has 10 s in all and 5 s from one chunk to the next; a notification is at most 64 KiB.
+//! One thread. Each connection has 10 s in all and 5 s from one chunk to the next, 100 ms after a short one; a
+//! notification is at most 64 KiB.
 class IncomingConnections {
 public:
     //! At most this many are open; the one that has been waiting longest makes room for a new one.
     static constexpr std::size_t maxOpen = 128;
-    static constexpr std::size_t maxMessage = MessageReader::singleSendSize;
+    static constexpr std::size_t maxMessage = 64 * 1024;
 
     explicit IncomingConnections(PeerPolicy trusted)
         : m_trusted(std::move(trusted)) {}
