@@ -26,18 +26,20 @@ FV2AppStateModel::FV2AppStateModel(Surroundings surroundings, std::int64_t userI
     : m_outside(std::move(surroundings))
     , m_state(m_outside.strings, userId, m_outside.computerName)
     , jsonParser(m_outside.strings, m_outside.mediumDate)
-    , m_gate(m_outside.timers, [this] { startRefresh(true, fv2SyncSource::Service, false, true); })
+    , m_serviceGate(m_outside.timers, 2, [this] { startRefresh(true, fv2SyncSource::Service, false, &m_serviceGate); })
+    , m_movedGate(m_outside.timers, 1, [this] { startRefresh(false, fv2SyncSource::Moved, false, &m_movedGate); })
     , m_askCounter(std::make_shared<std::atomic<std::uint64_t>>(0))
     , m_listener(
           m_outside.makeAppSocket(), backgroundThreadSemaphore,
           {.received = [this](fv2JsonCommand command) { onNotification(command); },
-           .bound = [this](bool bound) { m_outside.dispatch.toMain(guarded([this, bound] { onBound(bound); })); }}) {
+           .bound = [this](bool bound) { m_outside.dispatch.toMain(guarded([this, bound] { onBound(bound); })); }},
+          m_outside.bindAgainAfter) {
 }
 
 FV2AppStateModel::~FV2AppStateModel() = default;
 
 std::function<void()> FV2AppStateModel::guarded(std::function<void()> job) const {
-    return [job = std::move(job), owner = std::weak_ptr<const void>(m_alive)] {
+    return [job = std::move(job), owner = m_owner] {
         if (!owner.expired())
             job();
     };
@@ -74,23 +76,25 @@ void FV2AppStateModel::onBound(bool bound) {
 
 void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bool alertOnFailure) {
     release("syncCommsAsync() in.");
-    if (source == fv2SyncSource::Service)
-        m_gate.request();
+    if (source == fv2SyncSource::Service && checkAction && !alertOnFailure)
+        m_serviceGate.request();
+    else if (source == fv2SyncSource::Moved && !checkAction && !alertOnFailure)
+        m_movedGate.request();
     else
-        startRefresh(checkAction, source, alertOnFailure, false);
+        startRefresh(checkAction, source, alertOnFailure, nullptr);
     release("syncCommsAsync() out.");
 }
 
-void FV2AppStateModel::startRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, bool throughGate) {
+void FV2AppStateModel::startRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, FV2RefreshGate* gate) {
     auto job = [&service = m_outside.service, uid = m_state.userID, counter = m_askCounter] {
         release("syncCommsAsync -> calling syncCommsDirect()");
         RefreshAnswer answer = syncCommsDirect(service, uid, *counter);
         release("syncCommsAsync -> called syncCommsDirect()");
         return answer;
     };
-    m_outside.dispatch.run(m_alive, std::move(job), [=, this](const RefreshAnswer& answer) {
-        if (throughGate)
-            m_gate.finished();
+    m_outside.dispatch.run(m_owner, std::move(job), [=, this](const RefreshAnswer& answer) {
+        if (gate != nullptr)
+            gate->finished();
         finishRefresh(checkAction, source, alertOnFailure, answer);
     });
 }
@@ -100,9 +104,10 @@ FV2AppStateModel::RefreshAnswer FV2AppStateModel::syncCommsDirect(FV2ServiceLink
                                                                   std::atomic<std::uint64_t>& counter) {
     release("syncCommsDirect() in");
     RefreshAnswer answer;
+    answer.tokenNumber = ++counter;
     answer.token = FV2CommsToken::tokenOf(service.exchange(getTokenRequest(uid)));
     release("_updateStatus in.");
-    answer.number = ++counter;
+    answer.statusNumber = ++counter;
     answer.status = FV2JsonParserORM::decodeStatus(service.exchange(getStatusRequest(uid)));
     release(std::string("_updateStatus() out. (result = ") + (answer.status.result.ok ? "true" : "false") + ")");
     return answer;
@@ -110,9 +115,12 @@ FV2AppStateModel::RefreshAnswer FV2AppStateModel::syncCommsDirect(FV2ServiceLink
 
 void FV2AppStateModel::finishRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure,
                                      const RefreshAnswer& answer) {
-    if (answer.number > m_newestApplied) {
-        m_newestApplied = answer.number;
+    if (answer.tokenNumber > m_newestToken) {
+        m_newestToken = answer.tokenNumber;
         m_state.commsToken = answer.token;
+    }
+    if (answer.statusNumber > m_newestStatus) {
+        m_newestStatus = answer.statusNumber;
         jsonParser.apply(answer.status, m_state);
     }
     release("ORM - appModel updateFromModel calling UpdateStatusMessages");
@@ -177,7 +185,7 @@ void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure)
         release("syncProxyAsync() syncProxy() done.");
         return result;
     };
-    m_outside.dispatch.run(m_alive, std::move(job), [this, alertOnFailure](const CommandResult& result) {
+    m_outside.dispatch.run(m_owner, std::move(job), [this, alertOnFailure](const CommandResult& result) {
         finishProxySync(alertOnFailure, result);
     });
     release("syncProxyAsync() out.");
@@ -200,6 +208,7 @@ void FV2AppStateModel::unsubscribeFromNotifications() {
 
 void FV2AppStateModel::unsubscribeAtExit() {
     release("Unsubscribe from notifications.");
+    m_alive.reset();
     m_outside.service.cancel();
     m_outside.dispatch.toWorker(
         [&service = m_outside.service, request = unsubscribeRequest(m_state.userID, m_state.commsToken)] {

@@ -10,6 +10,7 @@
 #include "model/FV2RefreshGate.h"
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -29,6 +30,8 @@ public:
         MediumDateFormat mediumDate;
         std::string computerName;
         std::function<std::unique_ptr<FV2SocketCommsBase>()> makeAppSocket;
+        //! How often a socket path that somebody else holds is tried again.
+        std::chrono::milliseconds bindAgainAfter = std::chrono::seconds(30);
     };
 
     FV2AppStateModel(Surroundings surroundings, std::int64_t userId);
@@ -49,7 +52,8 @@ public:
     void stopBackgroundThread();
 
     //! Asks the service for a token and the status on a worker, then updates everything on the main thread. Returns at
-    //! once. Refreshes with source Service merge and are spaced.
+    //! once. Refreshes with source Service, and those with source Moved, merge and are spaced: they always check
+    //! actions and never do, respectively, and never alert.
     void syncCommsAsync(bool checkAction, fv2SyncSource source, bool alertOnFailure);
 
     //! Asks the service to synchronise with its management server; dropped while one is in flight. Returns at once.
@@ -57,7 +61,8 @@ public:
 
     //! Tells the service, on a worker, to stop its notifications.
     void unsubscribeFromNotifications();
-    //! The same as the agent's last word: ends all other exchanges first, takes 500 ms at most.
+    //! The same as the agent's last word: ends all other exchanges first, takes 500 ms at most. From here on no result
+    //! reaches the model any more.
     void unsubscribeAtExit();
 
     //! Pushes the state into the tray item and the windows; carries out the action that has become due when
@@ -71,12 +76,14 @@ public:
 
 private:
     struct RefreshAnswer {
-        std::uint64_t number = 0; //!< grows with the moment at which the status was asked for
+        // Each number grows with the moment at which its value was asked for.
+        std::uint64_t tokenNumber = 0;
         std::string token;
+        std::uint64_t statusNumber = 0;
         DecodedStatus status;
     };
 
-    void startRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, bool throughGate);
+    void startRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, FV2RefreshGate* gate);
     void finishRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, const RefreshAnswer& answer);
     [[nodiscard]] static RefreshAnswer syncCommsDirect(FV2ServiceLink& service, std::int64_t uid,
                                                        std::atomic<std::uint64_t>& counter);
@@ -100,14 +107,17 @@ private:
     CountingSemaphore proxySyncSemaphore{1};
     CountingSemaphore backgroundSyncSemaphore{1}; //!< stands with the others; nothing waits on it
 
-    FV2RefreshGate m_gate;
+    FV2RefreshGate m_serviceGate;
+    FV2RefreshGate m_movedGate;
     std::shared_ptr<std::atomic<std::uint64_t>> m_askCounter;
-    std::uint64_t m_newestApplied = 0;
+    std::uint64_t m_newestToken = 0;
+    std::uint64_t m_newestStatus = 0;
     std::atomic<bool> m_notificationPosted = false;
     bool m_notificationsArrive = true;
     std::unique_ptr<FV2Timer> m_unpromptedRefresh;
 
     std::shared_ptr<const char> m_alive = std::make_shared<const char>();
+    const std::weak_ptr<const void> m_owner = m_alive; //!< copied on any thread
     FV2NotificationListener m_listener;
 };
 

@@ -54,7 +54,7 @@ void FV2NotificationListener::serve() {
 }
 
 void FV2NotificationListener::answer(FV2SocketComms_ReceivedData received) {
-    const fv2JsonCommand command = received.cut ? fv2JsonCommand::None : commandKind(received.data);
+    const fv2JsonCommand command = commandKind(received.data);
     const std::string socket = std::to_string(received.socket.get());
     release("send back sock:" + socket + " ");
     const ssize_t sent =

@@ -18,7 +18,7 @@ void FV2RefreshGate::finished() {
 }
 
 void FV2RefreshGate::startWhenAllowed() {
-    if (m_running >= maxRunning)
+    if (m_running >= m_maxRunning)
         return;
     const auto now = m_timers.now();
     if (m_lastStart && now - *m_lastStart < spacing) {

@@ -17,12 +17,12 @@ namespace fv2 {
 class FV2RefreshGate {
 public:
     static constexpr std::chrono::milliseconds spacing{25};
-    //! A second one may run beside a refresh that hangs; more would only take the workers away from the user's clicks.
-    static constexpr int maxRunning = 2;
 
-    //! `start` begins one refresh, which reports its end to finished().
-    FV2RefreshGate(FV2TimerService& timers, std::function<void()> start)
+    //! `start` begins one refresh, which reports its end to finished(). At most `maxRunning` run at a time: a few may
+    //! hang without taking all workers away from the user's clicks.
+    FV2RefreshGate(FV2TimerService& timers, int maxRunning, std::function<void()> start)
         : m_timers(timers)
+        , m_maxRunning(maxRunning)
         , m_start(std::move(start)) {}
 
     void request();
@@ -32,6 +32,7 @@ private:
     void startWhenAllowed();
 
     FV2TimerService& m_timers;
+    const int m_maxRunning;
     std::function<void()> m_start;
     bool m_waiting = false;
     int m_running = 0;

@@ -6,8 +6,8 @@ namespace fv2 {
 
 namespace {
 
-//! Two refreshes that hang, one synchronisation, and one for what the user does meanwhile.
-constexpr std::size_t kWorkers = 4;
+//! Three refreshes that nobody waits for may hang; one synchronisation; one for what the user does meanwhile.
+constexpr std::size_t kWorkers = 5;
 
 } // namespace
 
