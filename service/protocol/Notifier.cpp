@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "protocol/Notifier.h"
+
+#include <utility>
+
+namespace fv2::service {
+
+namespace {
+
+constexpr unsigned absencesUntilForgotten = 3;
+
+} // namespace
+
+Notifier::Notifier(std::string agentSocketFolder, const Limits& limits, Report report)
+    : m_folder(std::move(agentSocketFolder))
+    , m_limits(limits)
+    , m_report(std::move(report)) {
+}
+
+void Notifier::subscribe(uid_t uid) {
+    m_subscribers[uid].absences = 0;
+}
+
+void Notifier::unsubscribe(uid_t uid) {
+    m_subscribers.erase(uid);
+}
+
+void Notifier::notifyAll() {
+    for (auto& [uid, subscriber] : m_subscribers) {
+        if (subscriber.push)
+            subscriber.again = true;
+        else
+            begin(uid, subscriber);
+    }
+}
+
+void Notifier::begin(uid_t uid, Subscriber& subscriber) const {
+    subscriber.push.emplace(uid, m_folder + "/ormfv2_ui_" + std::to_string(uid) + ".sock", m_limits.push);
+}
+
+void Notifier::prepare(PollSet& set) const {
+    for (const auto& [uid, subscriber] : m_subscribers) {
+        if (subscriber.push)
+            subscriber.push->prepare(set);
+    }
+}
+
+void Notifier::handle(const PollSet& /*set*/) {
+    for (auto entry = m_subscribers.begin(); entry != m_subscribers.end();) {
+        const bool stays = !entry->second.push || advance(entry->first, entry->second);
+        entry = stays ? std::next(entry) : m_subscribers.erase(entry);
+    }
+}
+
+bool Notifier::advance(uid_t uid, Subscriber& subscriber) {
+    const PushResult result = subscriber.push->advance();
+    if (result == PushResult::Pending)
+        return true;
+    const std::string user = "uid " + std::to_string(uid);
+    m_report("pushed to " + user + ": " +
+             (result == PushResult::Answered ? "answered" : "failed, " + subscriber.push->problem()));
+    subscriber.absences = result == PushResult::NoAgent ? subscriber.absences + 1 : 0;
+    subscriber.push.reset();
+    if (subscriber.absences >= absencesUntilForgotten) {
+        m_report("forgot " + user);
+        return false;
+    }
+    if (std::exchange(subscriber.again, false))
+        begin(uid, subscriber);
+    return true;
+}
+
+} // namespace fv2::service
