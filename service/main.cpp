@@ -85,6 +85,7 @@ int serve(const Options& options) {
         handler, [&simulation] { return simulation.values().fault; }, limits, printLine);
     if (const std::string problem = server.listenOn(options.socket); !problem.empty())
         return refuse(problem);
+    notifier.announce();
     if (scenario)
         simulation.play(std::move(*scenario));
 

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "protocol/Notifier.h"
 
+#include <charconv>
+#include <filesystem>
+#include <string_view>
 #include <utility>
 
 namespace fv2::service {
@@ -9,6 +12,19 @@ namespace fv2::service {
 namespace {
 
 constexpr unsigned absencesUntilForgotten = 3;
+constexpr std::string_view socketPrefix = "ormfv2_ui_";
+constexpr std::string_view socketSuffix = ".sock";
+
+//! The user in the name of an agent's socket.
+std::optional<uid_t> userOf(std::string_view fileName) {
+    if (!fileName.starts_with(socketPrefix) || !fileName.ends_with(socketSuffix))
+        return std::nullopt;
+    const std::string_view digits =
+        fileName.substr(socketPrefix.size(), fileName.size() - socketPrefix.size() - socketSuffix.size());
+    uid_t uid = 0;
+    const auto read = std::from_chars(digits.begin(), digits.end(), uid);
+    return read.ec == std::errc() && read.ptr == digits.end() ? std::optional(uid) : std::nullopt;
+}
 
 } // namespace
 
@@ -16,6 +32,15 @@ Notifier::Notifier(std::string agentSocketFolder, const Limits& limits, Report r
     : m_folder(std::move(agentSocketFolder))
     , m_limits(limits)
     , m_report(std::move(report)) {
+}
+
+void Notifier::announce() {
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(m_folder, error)) {
+        if (const auto uid = userOf(entry.path().filename().string()))
+            subscribe(*uid);
+    }
+    notifyAll();
 }
 
 void Notifier::subscribe(uid_t uid) {
@@ -36,7 +61,9 @@ void Notifier::notifyAll() {
 }
 
 void Notifier::begin(uid_t uid, Subscriber& subscriber) const {
-    subscriber.push.emplace(uid, m_folder + "/ormfv2_ui_" + std::to_string(uid) + ".sock", m_limits.push);
+    subscriber.push.emplace(
+        uid, m_folder + "/" + std::string(socketPrefix) + std::to_string(uid) + std::string(socketSuffix),
+        m_limits.push);
 }
 
 void Notifier::prepare(PollSet& set) const {

@@ -17,6 +17,9 @@ class Notifier final : public PollClient {
 public:
     Notifier(std::string agentSocketFolder, const Limits& limits, Report report);
 
+    //! Subscribes and tells the agents whose sockets are there already: they have asked an earlier run of the service.
+    void announce();
+
     void subscribe(uid_t uid);
     void unsubscribe(uid_t uid);
     void notifyAll();
