@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "Options.h"
+#include "base/StandardDescriptors.h"
 #include "base/StopSignal.h"
 #include "protocol/Server.h"
 #include "simulation/Console.h"
@@ -9,7 +10,6 @@
 #include <csignal>
 #include <cstdio>
 #include <ctime>
-#include <fcntl.h>
 
 namespace {
 
@@ -23,14 +23,6 @@ void onStop(int /*signal*/) {
     stopOnSignal->raise();
 }
 void onBrokenPipe(int /*signal*/) {
-}
-
-//! A started program may lack its standard descriptors; then none of ours must take their numbers.
-void fillStandardDescriptors() {
-    for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
-        if (::fcntl(fd, F_GETFD) == -1)
-            std::ignore = ::open("/dev/null", O_RDWR);
-    }
 }
 
 void installSignals(fv2::StopSignal& stop) {
@@ -102,7 +94,7 @@ int serve(const Options& options) {
 
 // NOLINTNEXTLINE(bugprone-exception-escape): what escapes is a lack of memory, and then ending is right
 int main(int argc, char** argv) {
-    fillStandardDescriptors();
+    fv2::fillStandardDescriptors();
     const auto read = readOptions({argv + 1, argv + argc});
     if (const auto* problem = std::get_if<std::string>(&read))
         return refuse(*problem + " (see --help)");

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "app/LogLevelSwitch.h"
+#include "base/StandardDescriptors.h"
 #include "comms/FV2AppSocketComms.h"
 #include "logging/FV2Logging.h"
 #include "model/FV2AppStateModel.h"
@@ -56,6 +57,7 @@ int runAgent(QApplication& application, fv2::FV2UnixSignals& signals) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    fv2::fillStandardDescriptors();
     fv2::applyLogLevelSwitch();
     fv2::FV2UnixSignals signals;
     fv2::AppDelegate::logBanner();

@@ -19,7 +19,8 @@ constexpr long kMaxNesting = 64;
 std::optional<json> parsedObject(std::string_view text) {
     JsonExtent extent;
     extent.take(text);
-    if (extent.deepest() > kMaxNesting)
+    // The parser takes a zero byte for the end of the text.
+    if (extent.deepest() > kMaxNesting || text.find('\0') != std::string_view::npos)
         return std::nullopt;
     json value = json::parse(text, nullptr, false);
     if (!value.is_object())

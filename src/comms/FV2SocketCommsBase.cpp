@@ -57,6 +57,7 @@ bool FV2SocketCommsBase::createConnection() {
 
 bool FV2SocketCommsBase::connectWithin(const Deadline& deadline) {
     closeSocket();
+    m_metStranger = false;
     sock = makeStreamSocket();
     if (!sock || !connectStream(sock.get(), sockAddrUn, deadline, *m_stop)) {
         closeSocket();
@@ -74,11 +75,11 @@ bool FV2SocketCommsBase::connectWithin(const Deadline& deadline) {
 }
 
 std::string FV2SocketCommsBase::sendAndReceive(std::string_view text) {
-    for (int attempt = 1; attempt <= m_patience.attempts; ++attempt) {
+    for (int attempt = 1; attempt <= m_patience.attempts && !m_stop->isRaised(); ++attempt) {
         std::string reply = exchangeOnce(text);
         if (!reply.empty())
             return reply;
-        if (m_metStranger || m_stop->isRaised())
+        if (m_metStranger)
             break;
         trace("sendAndReceive - RETRY " + std::to_string(attempt));
     }
@@ -94,7 +95,7 @@ std::string FV2SocketCommsBase::exchangeOnce(std::string_view text) {
     }
     trace("createConnection() socket:" + std::to_string(sock.get()));
     std::optional<std::string> reply;
-    if (send(sock.get(), text) >= 1)
+    if (send(sock.get(), text) == static_cast<ssize_t>(text.size()))
         reply = receiveWithin(sock.get(), deadline);
     closeSocket();
     return std::move(reply).value_or(std::string());
@@ -165,6 +166,7 @@ FV2SocketComms_ReceivedData FV2SocketCommsBase::listenAcceptAndReceiveData() {
     trace("listenAcceptAndReceiveData() - listening socket:" + std::to_string(sock.get()));
     ::listen(sock.get(), kBacklog);
     trace("listenAcceptAndReceiveData() - calling accept");
+    m_listening = sock.get();
     acceptActive = true;
     std::optional<FV2SocketComms_ReceivedData> received = m_incoming.next(sock.get(), *m_stop);
     acceptActive = false;
@@ -174,12 +176,13 @@ FV2SocketComms_ReceivedData FV2SocketCommsBase::listenAcceptAndReceiveData() {
 }
 
 void FV2SocketCommsBase::shutdown() {
+    // Before the signal: once woken, the listening thread no longer counts as waiting.
+    if (acceptActive && !m_stop->isRaised()) {
+        trace("doing socket shutdown socket:" + std::to_string(m_listening));
+        unlinkPath();
+        trace("done socket shutdown");
+    }
     m_stop->raise();
-    if (!acceptActive)
-        return;
-    trace("doing socket shutdown socket:" + std::to_string(sock.get()));
-    unlinkPath();
-    trace("done socket shutdown");
 }
 
 } // namespace fv2

@@ -53,7 +53,8 @@ public:
     //! Closes an accepted connection after its answer, so that the answer arrives even if the peer is still sending.
     void closeAfterAnswer(FV2SocketComms_ReceivedData message) { m_incoming.close(std::move(message)); }
 
-    //! One send of the whole text: the count of bytes taken, or -1.
+    //! One send that does not wait, so that a peer that does not read holds up nobody: the count of bytes taken, or -1.
+    //! A new connection takes all of a text of up to 200 KB.
     ssize_t send(int descriptor, std::string_view text) const;
 
     //! One message of at most maxReply bytes, its first byte within the time of one attempt; nothing when none came.
@@ -91,6 +92,7 @@ private:
 
     bool connected = false;
     std::atomic<bool> acceptActive = false; //!< the listening thread waits in listenAcceptAndReceiveData()
+    std::atomic<int> m_listening = -1;      //!< what shutdown() may say about `sock`
     UniqueFd sock;
     sockaddr_un sockAddrUn{};
 };

@@ -88,6 +88,9 @@ bool IncomingConnections::acceptWaiting(int listening) {
         }
         if (!isOutOfResources(errno))
             return isPassing(errno);
+        // A full table is reported also when nobody waits: what came in just now must not make room for nobody.
+        if (i > 0)
+            return true;
         if (!dropOldest()) {
             m_backOff = Deadline(kBackOff);
             return true;

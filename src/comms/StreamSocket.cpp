@@ -51,7 +51,7 @@ bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& d
 
 ssize_t sendOnce(int descriptor, std::string_view text) {
     for (;;) {
-        const ssize_t sent = ::send(descriptor, text.data(), text.size(), MSG_NOSIGNAL);
+        const ssize_t sent = ::send(descriptor, text.data(), text.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
         if (sent >= 0 || errno != EINTR)
             return sent;
     }

@@ -24,7 +24,8 @@ void setBlocking(int descriptor, bool blocking);
 [[nodiscard]] bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline,
                                  const StopSignal& stop);
 
-//! One send; goes on after an interruption and never raises SIGPIPE. The count of bytes taken, or -1.
+//! One send that does not wait; goes on after an interruption and never raises SIGPIPE. The count of bytes taken, or
+//! -1.
 ssize_t sendOnce(int descriptor, std::string_view text);
 
 //! One receive that does not wait; goes on after an interruption. As recv().

@@ -5,8 +5,11 @@
 #include "logging/LogEscape.h"
 #include "logging/LogFile.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
+#include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <ctime>
 #include <poll.h>
@@ -23,11 +26,18 @@ int threadNumber() {
     return number;
 }
 
-//! A reader of our standard output that has stopped reading must not stop us: such a line is in the file only.
+//! A reader of our standard output that has stopped reading must not stop us: such a line is in the file only. A pipe
+//! that is ready takes PIPE_BUF bytes without waiting; one without a reader would raise SIGPIPE.
 void writeToConsole(std::string_view line) {
-    pollfd console{STDOUT_FILENO, POLLOUT, 0};
-    if (::poll(&console, 1, 0) == 1 && (console.revents & POLLOUT) != 0) {
-        [[maybe_unused]] const ssize_t written = ::write(STDOUT_FILENO, line.data(), line.size());
+    while (!line.empty()) {
+        pollfd console{STDOUT_FILENO, POLLOUT, 0};
+        if (::poll(&console, 1, 0) != 1 || console.revents != POLLOUT)
+            return;
+        const ssize_t written = ::write(STDOUT_FILENO, line.data(), std::min<std::size_t>(line.size(), PIPE_BUF));
+        if (written > 0)
+            line.remove_prefix(static_cast<std::size_t>(written));
+        else if (errno != EINTR)
+            return;
     }
 }
 
@@ -40,6 +50,8 @@ void FV2LogItem::appendTo(std::string& out) const {
         out += *truth ? "true" : "false";
     } else if (const auto* integer = std::get_if<long long>(&m_value)) {
         out += std::to_string(*integer);
+    } else if (const auto* natural = std::get_if<unsigned long long>(&m_value)) {
+        out += std::to_string(*natural);
     } else if (const auto* real = std::get_if<double>(&m_value)) {
         std::array<char, 32> digits{};
         std::snprintf(digits.data(), digits.size(), "%.15g", *real);

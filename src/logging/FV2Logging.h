@@ -26,15 +26,17 @@ public:
         : m_value(std::string_view(text)) {}
     FV2LogItem(bool value)
         : m_value(value) {}
-    FV2LogItem(std::integral auto value)
+    FV2LogItem(std::signed_integral auto value)
         : m_value(static_cast<long long>(value)) {}
+    FV2LogItem(std::unsigned_integral auto value)
+        : m_value(static_cast<unsigned long long>(value)) {}
     FV2LogItem(std::floating_point auto value)
         : m_value(static_cast<double>(value)) {}
 
     void appendTo(std::string& out) const;
 
 private:
-    std::variant<std::string_view, bool, long long, double> m_value;
+    std::variant<std::string_view, bool, long long, unsigned long long, double> m_value;
 };
 
 //! Filters, formats and writes log lines, one at a time: whole operations exclude one another through a semaphore.

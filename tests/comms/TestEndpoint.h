@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "comms/FV2SocketCommsBase.h"
+
+namespace fv2::test {
+
+//! An endpoint at a path of the test's own, with little patience.
+class TestEndpoint final : public FV2SocketCommsBase {
+public:
+    explicit TestEndpoint(const std::string& path, CommsPatience patience = {5, std::chrono::milliseconds(300)},
+                          PeerPolicy trusted = PeerPolicy::rootOrSelf(),
+                          std::shared_ptr<const StopSignal> stop = std::make_shared<const StopSignal>())
+        : FV2SocketCommsBase("TestEndpoint", path, std::move(trusted), std::move(stop), patience) {}
+};
+
+inline PeerPolicy nobodyHere() {
+    return {::getuid() + 1};
+}
+
+} // namespace fv2::test
