@@ -47,6 +47,8 @@ int runAgent(QApplication& application, fv2::FV2UnixSignals& signals) {
                               ::getuid());
     AppDelegate delegate(appModel, trayItem, [] { QCoreApplication::quit(); });
     signals.onTerminate([&delegate] { delegate.exitApplication(); });
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &application,
+                     [&delegate] { delegate.applicationWillTerminate(); });
     delegate.applicationDidFinishLaunching();
 
     const int status = application.exec();

@@ -41,7 +41,6 @@ void AppDelegate::menuShowMainWindow() {
 void AppDelegate::exitApplication() {
     release("exitApplication called");
     log(FV2LoggingLevel::trace, {"applicationShouldTerminate()"});
-    applicationWillTerminate();
     m_quit();
 }
 

@@ -16,21 +16,21 @@ namespace fv2 {
 //! thread only. The model and the tray item are lent to it and outlive it.
 class AppDelegate final : public FV2ApplicationDelegate {
 public:
-    //! `quit` ends the event loop.
+    //! `quit` ends the event loop, which reports it to applicationWillTerminate().
     AppDelegate(FV2AppStateModel& appModel, FV2TrayItem& trayItem, std::function<void()> quit);
 
     //! The first lines of every run's log.
     static void logBanner();
 
     void applicationDidFinishLaunching();
-    //! Ends the agent: says goodbye to the service, stops the listener, leaves the event loop. Takes under a second.
     void exitApplication();
+    //! Says goodbye to the service and stops the listener, whoever has ended the event loop. The end takes under a second.
+    void applicationWillTerminate();
 
     [[nodiscard]] FV2StatusItem& menuBarStatusItem() override { return m_trayItem; }
     void menuShowMainWindow() override;
 
 private:
-    void applicationWillTerminate();
     void handleTerminate();
 
     FV2AppStateModel& m_appModel;
