@@ -21,8 +21,8 @@ endif()
 if(FV2_SANITIZE)
     add_compile_options(-fsanitize=${FV2_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${FV2_SANITIZE})
-    # The optimiser's null analysis reports paths that only the sanitizers' own checks create.
-    add_compile_options(-Wno-null-dereference)
+    # The optimiser's analyses report paths that only the sanitizers' own checks create.
+    add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized)
 else()
     add_compile_options(-fstack-protector-strong)
     add_compile_definitions($<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
