@@ -17,4 +17,9 @@ FV2DesktopDispatch::FV2DesktopDispatch()
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { m_mainQueue.drain(); });
 }
 
+void FV2DesktopDispatch::finish() {
+    m_notifier.setEnabled(false);
+    m_workers.finish();
+}
+
 } // namespace fv2

@@ -20,7 +20,7 @@ public:
     void toWorker(std::function<void()> job) override { m_workers.post(std::move(job)); }
 
     //! Runs what the workers still have to do and ends them; results for the main thread are no longer delivered.
-    void finish() { m_workers.finish(); }
+    void finish();
 
 private:
     MainQueue m_mainQueue;

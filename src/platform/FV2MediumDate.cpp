@@ -12,6 +12,9 @@ namespace fv2 {
 
 namespace {
 
+//! 100 million days: further from 1970 ICU shows another date than the one it is given.
+constexpr std::int64_t kLastSecond = 100'000'000LL * 24 * 60 * 60;
+
 icu::Locale timeLocale() {
     for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
         const char* value = std::getenv(variable);
@@ -24,6 +27,8 @@ icu::Locale timeLocale() {
 } // namespace
 
 std::string mediumDate(std::int64_t secondsSince1970) {
+    if (secondsSince1970 < -kLastSecond || secondsSince1970 > kLastSecond)
+        return {};
     const std::unique_ptr<const icu::DateFormat> format(
         icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium, icu::DateFormat::kMedium, timeLocale()));
     std::string out;

@@ -28,9 +28,10 @@ struct FreeReply {
 //! Whether some window owns the selection of the system tray protocol on X11's first screen.
 bool hasOlderTray() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr)
+    // The platform without a screen has the interface too, but no connection.
+    xcb_connection_t* const connection = x11 == nullptr ? nullptr : x11->connection();
+    if (connection == nullptr)
         return false;
-    xcb_connection_t* const connection = x11->connection();
     const std::string name = "_NET_SYSTEM_TRAY_S0";
     const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> atom(xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str()), nullptr));
