@@ -53,12 +53,12 @@ std::vector<std::filesystem::path> scenarioFolders() {
 }
 
 int serve(const Options& options) {
-    fv2::StopSignal stop;
+    static fv2::StopSignal stop; // outlives every signal
     installSignals(stop);
     const Limits limits;
     Notifier notifier(options.agentSocketFolder, limits, printLine);
     const auto notify = [&notifier] { notifier.notifyAll(); };
-    const auto quit = [&stop] { stop.raise(); };
+    const auto quit = [] { stop.raise(); };
     Simulation simulation({.now = fv2::Deadline::Clock::now,
                            .epochSeconds = [] { return std::int64_t{std::time(nullptr)}; },
                            .report = printLine,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "protocol/AgentPush.h"
 
+#include "comms/PeerPolicy.h"
 #include "protocol/Request.h"
 #include "protocol/UnixSocket.h"
 
@@ -66,7 +67,7 @@ PushResult AgentPush::reach() {
     }
     if (error != 0)
         return fail(std::generic_category().message(error));
-    const auto listener = peerUid(m_socket.get());
+    const auto listener = peerOf(m_socket.get());
     if (!listener || (*listener != m_uid && *listener != 0))
         return fail("another user listens there");
     const ssize_t sent = ::send(m_socket.get(), notification.data(), notification.size(), MSG_NOSIGNAL);

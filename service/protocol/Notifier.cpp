@@ -5,6 +5,7 @@
 #include <charconv>
 #include <filesystem>
 #include <string_view>
+#include <sys/stat.h>
 #include <utility>
 
 namespace fv2::service {
@@ -37,7 +38,9 @@ Notifier::Notifier(std::string agentSocketFolder, const Limits& limits, Report r
 void Notifier::announce() {
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator(m_folder, error)) {
-        if (const auto uid = userOf(entry.path().filename().string()))
+        const auto uid = userOf(entry.path().filename().string());
+        struct stat file {};
+        if (uid && ::lstat(entry.path().c_str(), &file) == 0 && S_ISSOCK(file.st_mode) && file.st_uid == *uid)
             subscribe(*uid);
     }
     notifyAll();

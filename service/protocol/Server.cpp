@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "protocol/Server.h"
 
+#include "comms/PeerPolicy.h"
 #include "protocol/UnixSocket.h"
 
 #include <cerrno>
@@ -54,7 +55,7 @@ void Server::acceptAll() {
 }
 
 void Server::take(UniqueFd socket) {
-    const auto peer = peerUid(socket.get());
+    const auto peer = peerOf(socket.get());
     const ReplyFault fault = m_fault();
     if (fault.kind != FaultKind::None)
         m_report("connection meets fault " + faultText(fault));

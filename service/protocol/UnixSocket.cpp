@@ -26,12 +26,4 @@ int connectNow(int fd, const std::string& path) {
     return ::connect(fd, reinterpret_cast<const sockaddr*>(&*address), sizeof *address) == 0 ? 0 : errno;
 }
 
-std::optional<uid_t> peerUid(int fd) {
-    ucred peer{};
-    socklen_t length = sizeof peer;
-    if (::getsockopt(fd, SOL_SOCKET, SO_PEERCRED, &peer, &length) != 0)
-        return std::nullopt;
-    return peer.uid;
-}
-
 } // namespace fv2::service

@@ -20,7 +20,4 @@ namespace fv2::service {
 //! Connects without waiting: 0, or the error number; EAGAIN means that somebody listens but is too busy now.
 [[nodiscard]] int connectNow(int fd, const std::string& path);
 
-//! The user at the other end: who connected, or, from a client's side, who listens.
-[[nodiscard]] std::optional<uid_t> peerUid(int fd);
-
 } // namespace fv2::service

@@ -60,11 +60,11 @@ int runAgent(QApplication& application, fv2::FV2UnixSignals& signals) {
 
 int main(int argc, char* argv[]) {
     fv2::fillStandardDescriptors();
-    fv2::applyLogLevelSwitch();
     fv2::FV2UnixSignals signals;
+    fv2::applyLogLevelSwitch();
     fv2::AppDelegate::logBanner();
 
-    fv2::FV2DuplicateInstance duplicate;
+    fv2::FV2DuplicateInstance duplicate(fv2::FV2UnixSignals::raised());
     if (duplicate.handleDuplicateInstance()) {
         fv2::log(fv2::FV2LoggingLevel::release, {"exitApplication called"});
         return 0;

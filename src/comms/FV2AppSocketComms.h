@@ -9,7 +9,8 @@ namespace fv2 {
 //! The agent's own endpoint, /tmp/ormfv2_ui_<user id>.sock: the running copy listens on it, a second copy hands over.
 class FV2AppSocketComms final : public FV2SocketCommsBase {
 public:
-    explicit FV2AppSocketComms(CommsPatience patience = {});
+    explicit FV2AppSocketComms(std::shared_ptr<const StopSignal> stop = std::make_shared<const StopSignal>(),
+                               CommsPatience patience = {});
 };
 
 } // namespace fv2

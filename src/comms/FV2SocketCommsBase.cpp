@@ -81,7 +81,7 @@ std::string FV2SocketCommsBase::sendAndReceive(std::string_view text) {
             return reply;
         if (m_metStranger)
             break;
-        trace("sendAndReceive - RETRY " + std::to_string(attempt));
+        trace("sendAndReceive - RETRY " + std::to_string(attempt) + " ");
     }
     trace("COMMAND FAILURE");
     return {};
@@ -108,14 +108,12 @@ ssize_t FV2SocketCommsBase::send(int descriptor, std::string_view text) const {
     return sent;
 }
 
-std::optional<std::string> FV2SocketCommsBase::receive(int descriptor) const {
-    return receiveWithin(descriptor, Deadline(m_patience.perAttempt));
-}
-
 std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, const Deadline& deadline) const {
     trace("Receive go poll socket:" + std::to_string(descriptor) + " (note: 10s timeout)");
     const fv2Wait first = m_stop->waitFor(descriptor, POLLIN, deadline);
-    trace("Receive wake poll # events : " + std::to_string(first == fv2Wait::Ready ? 1 : 0));
+    trace("Receive wake poll # events : " + std::to_string(first == fv2Wait::Ready    ? 1
+                                                           : first == fv2Wait::Failed ? -1
+                                                                                      : 0));
     if (first != fv2Wait::Ready)
         return std::nullopt;
 

@@ -27,7 +27,7 @@ struct CommsPatience {
 //! never exceptions. One thread an object, but for shutdown(), which any thread may call.
 class FV2SocketCommsBase {
 public:
-    //! Caps of what is read: a notification on the listening side, a reply on the client's.
+    //! Longer replies count as none.
     static constexpr std::size_t maxReply = 1024 * 1024;
 
     virtual ~FV2SocketCommsBase();
@@ -56,9 +56,6 @@ public:
     //! One send that does not wait, so that a peer that does not read holds up nobody: the count of bytes taken, or -1.
     //! A new connection takes all of a text of up to 200 KB.
     ssize_t send(int descriptor, std::string_view text) const;
-
-    //! One message of at most maxReply bytes, its first byte within the time of one attempt; nothing when none came.
-    [[nodiscard]] std::optional<std::string> receive(int descriptor) const;
 
     //! Closes the socket and removes its file; true when there was one.
     bool cleanup();

@@ -25,6 +25,10 @@ constexpr std::chrono::milliseconds kBackOff{100};
 constexpr int kAcceptedAtOnce = 16;
 constexpr std::size_t kMaxDrained = 16 * 1024 * 1024;
 
+void trace(const std::string& text) {
+    log(FV2LoggingLevel::trace, {text});
+}
+
 bool isOutOfResources(int error) {
     return error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM;
 }
@@ -109,7 +113,8 @@ void IncomingConnections::takeIn(UniqueFd socket) {
     limitReceiveTime(socket.get());
     if (m_open.size() >= maxOpen)
         dropOldest();
-    log(FV2LoggingLevel::trace, {"listenAcceptAndReceiveData() - accept -> calling Receive"});
+    trace("listenAcceptAndReceiveData() - accept -> calling Receive");
+    trace("Receive go poll socket:" + std::to_string(socket.get()) + " (note: 10s timeout)");
     m_open.push_back({.socket = std::move(socket),
                       .total = Deadline(kTotalTime),
                       .nextChunk = Deadline(kTotalTime),
@@ -122,7 +127,10 @@ IncomingConnections::Reading IncomingConnections::read(Connection& connection) {
         const ssize_t count = receiveNow(connection.socket.get(), chunk.data(), chunk.size());
         if (count < 0 && errno == EAGAIN)
             return Reading::Waiting;
-        log(FV2LoggingLevel::trace, {"Receive recv got " + std::to_string(count)});
+        if (connection.reader.byteCount() == 0)
+            trace("Receive wake poll # events : 1");
+        trace("Receive go recv");
+        trace("Receive recv got " + std::to_string(count));
         if (count < 1)
             return Reading::Done;
         const auto state = connection.reader.take({chunk.data(), static_cast<std::size_t>(count)});

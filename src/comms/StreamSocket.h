@@ -12,7 +12,7 @@
 
 namespace fv2 {
 
-//! A new UNIX stream socket: closed on exec, blocking, its receive calls limited to 5 s each.
+//! A new UNIX stream socket: closed on exec, and a receive call that waits would give up after 5 s.
 [[nodiscard]] UniqueFd makeStreamSocket();
 
 //! Gives a socket the receive limit of 5 s; an accepted one does not have it from its listener.

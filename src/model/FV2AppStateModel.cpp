@@ -5,6 +5,7 @@
 #include "comms/FV2Records.h"
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
+#include "model/FV2StatesTable.h"
 
 #include <cstdlib>
 
@@ -15,6 +16,8 @@ namespace {
 //! How often the status is asked for while no notification can be expected: the service can't be reached, and a
 //! restarted one does not know us, or somebody else holds our socket's path.
 constexpr std::chrono::seconds kUnpromptedRefresh{60};
+//! And otherwise: a service that ended without a word, or came back without its memory, is noticed in the end.
+constexpr std::chrono::minutes kHeartbeat{10};
 
 void release(const std::string& text) {
     log(FV2LoggingLevel::release, {text});
@@ -66,9 +69,9 @@ void FV2AppStateModel::onNotification(fv2JsonCommand command) {
 }
 
 void FV2AppStateModel::onBound(bool bound) {
-    const bool cameBack = bound && !m_notificationsArrive;
-    m_notificationsArrive = bound;
-    if (cameBack)
+    if (std::exchange(m_notificationsArrive, bound) == bound)
+        return;
+    if (bound)
         syncCommsAsync(true, fv2SyncSource::Service, false);
     else
         scheduleUnpromptedRefresh();
@@ -150,15 +153,11 @@ fv2SyncSource FV2AppStateModel::effectiveSource(fv2SyncSource source) {
 }
 
 void FV2AppStateModel::scheduleUnpromptedRefresh() {
-    constexpr std::int64_t noValidAnswer = -1;
-    if (m_notificationsArrive && jsonParser.state() != noValidAnswer) {
+    const bool expected = m_notificationsArrive && jsonParser.state() != kNoValidAnswer;
+    m_unpromptedRefresh = m_outside.timers.after(expected ? kHeartbeat : kUnpromptedRefresh, [this] {
         m_unpromptedRefresh.reset();
-    } else if (!m_unpromptedRefresh) {
-        m_unpromptedRefresh = m_outside.timers.after(kUnpromptedRefresh, [this] {
-            m_unpromptedRefresh.reset();
-            syncCommsAsync(true, fv2SyncSource::Service, false);
-        });
-    }
+        syncCommsAsync(true, fv2SyncSource::Service, false);
+    });
 }
 
 void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure) {

@@ -12,7 +12,6 @@ namespace fv2 {
 
 namespace {
 
-constexpr std::int64_t kNoValidAnswer = -1;
 constexpr std::int64_t kBadConfiguration = 0;
 constexpr std::int64_t kAlsoBadConfiguration = 11;
 constexpr std::int64_t kDefaultPostponeMinutes = 60;

@@ -10,6 +10,9 @@
 
 namespace fv2 {
 
+//! Stands in for the service's state when there is no valid answer.
+inline constexpr std::int64_t kNoValidAnswer = -1;
+
 //! One message that a service state shows. Title and text are identifiers; the text of a row with a percentage has one
 //! place for it.
 struct FV2_ORM_State {
@@ -22,8 +25,8 @@ struct FV2_ORM_State {
 };
 
 // clang-format off
-//! The rows of every state, in the order in which they are shown. -1 stands for no valid answer. A state without a row
-//! (6, 10, and any not listed) shows nothing.
+//! The rows of every state, in the order in which they are shown. A state without a row (6, 10, and any not listed) shows
+//! nothing.
 inline constexpr std::array<FV2_ORM_State, 13> kOrmStatesDictionary{{
     {-1, fv2AppCommand::RetryComms,       "IDUS_ALERT_TITLE_COMMS",    "IDUS_ALERT_ERROR_COMMS",         fv2StatusStateType::Red,    false},
     { 0, fv2AppCommand::NoAction,         "IDUS_ORM_SM_BADCONFIG",     "IDUS_ORM_SM_BADFCONFIG",         fv2StatusStateType::Red,    false},

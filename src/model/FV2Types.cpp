@@ -17,11 +17,6 @@ std::string_view nameAt(const std::array<std::string_view, Count>& names, Enum v
 
 } // namespace
 
-std::string_view caseName(fv2StatusStateType value) {
-    constexpr std::array<std::string_view, 3> names{"Green", "Yellow", "Red"};
-    return nameAt(names, value);
-}
-
 std::string_view caseName(fv2SyncSource value) {
     constexpr std::array<std::string_view, 5> names{"None", "Startup", "Service", "Moved", "User"};
     return nameAt(names, value);

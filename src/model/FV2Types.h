@@ -43,7 +43,6 @@ enum class fv2Alert {
 enum class fv2Window : std::uint8_t { None, Main, Password_Encrypt, Password_Decrypt };
 
 //! The case's name as it is written here, for log lines.
-[[nodiscard]] std::string_view caseName(fv2StatusStateType value);
 [[nodiscard]] std::string_view caseName(fv2SyncSource value);
 [[nodiscard]] std::string_view caseName(fv2AppCommand value);
 

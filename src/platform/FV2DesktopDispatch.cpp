@@ -6,8 +6,9 @@ namespace fv2 {
 
 namespace {
 
-//! Three refreshes that nobody waits for may hang; one synchronisation; one for what the user does meanwhile.
-constexpr std::size_t kWorkers = 5;
+//! Four refreshes that nobody waits for may hang: at start-up, two for notifications, one for the user's moves. One
+//! more for a synchronisation and one for what the user does meanwhile.
+constexpr std::size_t kWorkers = 6;
 
 } // namespace
 

@@ -12,7 +12,9 @@ namespace fv2 {
 
 std::string FV2InstanceLock::defaultPath() {
     const char* runtime = std::getenv("XDG_RUNTIME_DIR");
-    if (runtime != nullptr && runtime[0] == '/')
+    struct stat folder {};
+    if (runtime != nullptr && runtime[0] == '/' && ::stat(runtime, &folder) == 0 && S_ISDIR(folder.st_mode) &&
+        folder.st_uid == ::getuid())
         return std::string(runtime) + "/fv2-agent.lock";
     return "/tmp/ormfv2_ui_" + std::to_string(::getuid()) + ".lock";
 }

@@ -2,28 +2,28 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2UnixSignals.h"
 
-#include "base/StopSignal.h"
-
 #include <csignal>
 
 namespace fv2 {
 
 namespace {
 
-const StopSignal& raisedBySignal() {
-    static const StopSignal signal;
-    return signal;
-}
+const StopSignal* raisedByHandler = nullptr;
 
 void onSignal(int number) {
     if (number != SIGPIPE)
-        raisedBySignal().raise();
+        raisedByHandler->raise();
 }
 
 } // namespace
 
+std::shared_ptr<const StopSignal> FV2UnixSignals::raised() {
+    static const auto signal = std::make_shared<const StopSignal>();
+    return signal;
+}
+
 FV2UnixSignals::FV2UnixSignals() {
-    static_cast<void>(raisedBySignal());
+    raisedByHandler = raised().get();
     struct sigaction action {};
     action.sa_handler = onSignal;
     action.sa_flags = SA_RESTART;
@@ -32,7 +32,7 @@ FV2UnixSignals::FV2UnixSignals() {
 }
 
 void FV2UnixSignals::onTerminate(std::function<void()> terminate) {
-    m_notifier.emplace(raisedBySignal().descriptor(), QSocketNotifier::Read);
+    m_notifier.emplace(raised()->descriptor(), QSocketNotifier::Read);
     QObject::connect(&*m_notifier, &QSocketNotifier::activated, &*m_notifier, [this, terminate = std::move(terminate)] {
         m_notifier->setEnabled(false);
         terminate();

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/StopSignal.h"
+
 #include <QSocketNotifier>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace fv2 {
@@ -16,6 +19,9 @@ class FV2UnixSignals {
 public:
     //! From here on the signals no longer end the process; they are remembered until onTerminate() names a listener.
     FV2UnixSignals();
+
+    //! Raised by those signals; for waits before there is an event loop.
+    [[nodiscard]] static std::shared_ptr<const StopSignal> raised();
 
     //! Calls `terminate` once from the event loop of this thread.
     void onTerminate(std::function<void()> terminate);

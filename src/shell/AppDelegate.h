@@ -24,7 +24,8 @@ public:
 
     void applicationDidFinishLaunching();
     void exitApplication();
-    //! Says goodbye to the service and stops the listener, whoever has ended the event loop. The end takes under a second.
+    //! Says goodbye to the service and stops the listener, whoever has ended the event loop. The end takes under a
+    //! second.
     void applicationWillTerminate();
 
     [[nodiscard]] FV2StatusItem& menuBarStatusItem() override { return m_trayItem; }

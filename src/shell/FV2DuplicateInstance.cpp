@@ -6,7 +6,7 @@
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
 
-#include <thread>
+#include <iostream>
 
 namespace fv2 {
 
@@ -17,16 +17,6 @@ constexpr CommsPatience kHandOver{.attempts = 2, .perAttempt = std::chrono::seco
 
 void trace(const char* text) {
     log(FV2LoggingLevel::trace, {text});
-}
-
-bool handOver() {
-    FV2AppSocketComms comms(kHandOver);
-    if (!comms.createConnection())
-        return false;
-    trace("handleDuplicateInstance -> canConnect TRUE");
-    static_cast<void>(comms.sendAndReceive(showUiRequest()));
-    trace("handleDuplicateInstance -> done sendAndReceive");
-    return true;
 }
 
 } // namespace
@@ -47,11 +37,26 @@ bool FV2DuplicateInstance::handleDuplicateInstance() {
 bool FV2DuplicateInstance::findAndHandOver() {
     const Deadline deadline(m_patience);
     while (m_lock.tryTake() == FV2InstanceLock::Attempt::HeldByOther) {
-        if (handOver() || deadline.passed())
+        if (handOver())
             return true;
-        std::this_thread::sleep_for(kPause);
+        if (deadline.passed()) {
+            std::cerr << "fv2-agent: another copy runs but does not answer; ending without it\n";
+            return true;
+        }
+        if (m_stop->waitFor(-1, 0, Deadline(kPause)) == fv2Wait::Stopped)
+            return true;
     }
     return handOver();
+}
+
+bool FV2DuplicateInstance::handOver() const {
+    FV2AppSocketComms comms(m_stop, kHandOver);
+    if (!comms.createConnection())
+        return false;
+    trace("handleDuplicateInstance -> canConnect TRUE");
+    static_cast<void>(comms.sendAndReceive(showUiRequest()));
+    trace("handleDuplicateInstance -> done sendAndReceive");
+    return true;
 }
 
 } // namespace fv2

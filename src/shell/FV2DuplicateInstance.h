@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/StopSignal.h"
 #include "platform/FV2InstanceLock.h"
 
 #include <chrono>
+#include <memory>
 
 namespace fv2 {
 
@@ -12,16 +14,21 @@ namespace fv2 {
 //! blocks for `patience` and one exchange at most.
 class FV2DuplicateInstance {
 public:
-    explicit FV2DuplicateInstance(std::chrono::milliseconds patience = std::chrono::seconds(5))
-        : m_patience(patience) {}
+    //! Raising `stop` ends the search at once.
+    explicit FV2DuplicateInstance(std::shared_ptr<const StopSignal> stop,
+                                  std::chrono::milliseconds patience = std::chrono::seconds(5))
+        : m_stop(std::move(stop))
+        , m_patience(patience) {}
 
-    //! True when another copy answered, or holds the lock without answering: this one must end then. False makes this
-    //! process the one copy for as long as this object lives.
+    //! True when this copy must end: another one answered, or holds the lock without answering, which is then said on
+    //! standard error, or stop was raised. False makes this process the one copy for as long as this object lives.
     [[nodiscard]] bool handleDuplicateInstance();
 
 private:
     [[nodiscard]] bool findAndHandOver();
+    [[nodiscard]] bool handOver() const;
 
+    std::shared_ptr<const StopSignal> m_stop;
     std::chrono::milliseconds m_patience;
     FV2InstanceLock m_lock;
 };

@@ -3,6 +3,7 @@
 #include "shell/FV2TrayItem.h"
 
 #include <array>
+#include <utility>
 
 namespace fv2 {
 
@@ -24,23 +25,16 @@ void FV2TrayItem::show(std::string_view imageName, fv2StatusStateType overallSta
     const QString image = QString::fromUtf8(imageName.data(), static_cast<qsizetype>(imageName.size()));
     const QString toolTip = translated("IDUS_PRODUCT_DISPLAY_NAME") + QStringLiteral(": ") +
                             translated(kStateTitles.at(static_cast<std::size_t>(overallState)));
-    if (image == m_imageName && toolTip == m_toolTip)
-        return;
-    m_imageName = image;
-    m_toolTip = toolTip;
-    if (m_icon)
-        apply();
+    if (std::exchange(m_imageName, image) != image && m_icon)
+        m_icon->setIcon(m_images.imageNamed(image));
+    if (std::exchange(m_toolTip, toolTip) != toolTip && m_icon)
+        m_icon->setToolTip(toolTip);
 }
 
 void FV2TrayItem::appear() {
-    m_icon.emplace();
-    apply();
-    m_icon->show();
-}
-
-void FV2TrayItem::apply() {
-    m_icon->setIcon(m_images.imageNamed(m_imageName));
+    m_icon.emplace(m_images.imageNamed(m_imageName));
     m_icon->setToolTip(m_toolTip);
+    m_icon->show();
 }
 
 } // namespace fv2

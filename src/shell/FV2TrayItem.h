@@ -27,8 +27,6 @@ public:
     void appear();
 
 private:
-    void apply();
-
     FV2Images& m_images;
     const OxStringBundle& m_strings;
     QString m_imageName;

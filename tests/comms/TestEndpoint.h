@@ -19,4 +19,10 @@ inline PeerPolicy nobodyHere() {
     return {::getuid() + 1};
 }
 
+//! A JSON text of `size` bytes whose brackets inside strings must not count.
+inline std::string jsonOf(std::size_t size) {
+    const std::string begin = R"({"a":["}]\"}]\\"],"b":")";
+    return begin + std::string(size - begin.size() - 2, '}') + "\"}";
+}
+
 } // namespace fv2::test

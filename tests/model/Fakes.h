@@ -2,179 +2,173 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/MainQueue.h"
+#include "comms/FV2Requests.h"
+#include "comms/TestEndpoint.h"
 #include "model/FV2AppStateModel.h"
+#include "support/RawSocket.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <deque>
-#include <mutex>
-#include <set>
+#include <map>
 #include <vector>
 
 namespace fv2::test {
 
-//! Every text is "<IDENTIFIER %1>", so that it shows which one it is and what was put into it.
-class MarkedStrings final : public OxStringBundle {
-public:
-    [[nodiscard]] std::string localizedString(const std::string& identifier) const override {
-        return "<" + identifier + " %1>";
-    }
+//! Every text is what follows "IDUS_", and a place: it shows which one it is and what was put into it.
+struct MarkedStrings final : OxStringBundle {
+    std::string localizedString(const std::string& identifier) const override { return identifier.substr(5) + " %1"; }
 };
 
 //! Keeps jobs until the test runs them, on the test's thread.
-class HandDispatch final : public FV2Dispatch {
-public:
-    using Jobs = std::deque<std::function<void()>>;
-
-    void toMain(std::function<void()> job) override { add(m_main, std::move(job)); }
-    void toWorker(std::function<void()> job) override { add(m_worker, std::move(job)); }
-
-    [[nodiscard]] Jobs takeMain() { return take(m_main); }
-    [[nodiscard]] Jobs takeWorker() { return take(m_worker); }
+struct HandDispatch final : FV2Dispatch {
+    void toMain(std::function<void()> job) override { main.post(std::move(job)); }
+    void toWorker(std::function<void()> job) override { workers.push_back(std::move(job)); }
 
     //! Runs what waits and what comes of it, in order.
     void settle() {
-        for (int round = 0; round < 100; ++round) {
-            run(takeWorker());
-            run(takeMain());
-        }
-    }
-    static void run(const Jobs& jobs) {
-        for (const auto& job : jobs)
-            job();
+        for (int round = 0; round < 100; ++round, main.drain())
+            for (const auto& job : std::exchange(workers, {}))
+                job();
     }
 
-private:
-    void add(Jobs& jobs, std::function<void()> job) {
-        const std::lock_guard lock(m_mutex);
-        jobs.push_back(std::move(job));
-    }
-    Jobs take(Jobs& jobs) {
-        const std::lock_guard lock(m_mutex);
-        return std::exchange(jobs, {});
-    }
-
-    std::mutex m_mutex;
-    Jobs m_main;
-    Jobs m_worker;
+    MainQueue main;
+    std::vector<std::function<void()>> workers;
 };
 
 //! A clock that is told the time.
-class ToldTimers final : public FV2TimerService {
-public:
+struct ToldTimers final : FV2TimerService {
     using Time = std::chrono::steady_clock::time_point;
+    using Job = std::function<void()>;
 
-    [[nodiscard]] Time now() const override { return m_now; }
-    [[nodiscard]] std::unique_ptr<FV2Timer> after(std::chrono::milliseconds delay,
-                                                  std::function<void()> callback) override {
-        return std::make_unique<Pending>(m_pending, m_now + delay, std::move(callback));
+    Time now() const override { return m_now; }
+    std::unique_ptr<FV2Timer> after(std::chrono::milliseconds delay, Job callback) override {
+        auto timer = std::make_unique<Timer>();
+        timer->job = std::make_shared<Job>(std::move(callback));
+        m_due.emplace(m_now + delay, timer->job);
+        return timer;
     }
 
     //! Goes from one due call to the next.
-    void advanceTo(Time time) {
-        for (;;) {
-            const auto next = std::min_element(m_pending.begin(), m_pending.end(),
-                                               [](const Pending* a, const Pending* b) { return a->due < b->due; });
-            if (next == m_pending.end() || (*next)->due > time)
-                break;
-            m_now = std::max(m_now, std::exchange((*next)->due, Time::max()));
-            const auto callback = (*next)->callback; // which may destroy its timer
-            callback();
+    void advance(std::chrono::milliseconds by) {
+        const Time end = m_now + by;
+        while (!m_due.empty() && m_due.begin()->first <= end) {
+            const auto next = m_due.extract(m_due.begin());
+            m_now = next.key();
+            if (const auto job = next.mapped().lock()) // which may destroy its timer
+                (*job)();
         }
-        m_now = std::max(m_now, time);
+        m_now = end;
     }
-    void advance(std::chrono::milliseconds by) { advanceTo(m_now + by); }
-    [[nodiscard]] std::size_t pending() const { return m_pending.size(); }
 
 private:
-    struct Pending final : FV2Timer {
-        Pending(std::vector<Pending*>& timers, Time at, std::function<void()> job)
-            : all(timers)
-            , due(at)
-            , callback(std::move(job)) {
-            all.push_back(this);
-        }
-        ~Pending() override { std::erase(all, this); }
-        Pending(const Pending&) = delete;
-        Pending& operator=(const Pending&) = delete;
-
-        std::vector<Pending*>& all;
-        Time due;
-        std::function<void()> callback;
+    struct Timer final : FV2Timer {
+        std::shared_ptr<Job> job;
     };
 
     Time m_now{};
-    std::vector<Pending*> m_pending;
+    std::multimap<Time, std::weak_ptr<Job>> m_due;
 };
 
 //! A service without a socket: notes each request, gives the answers that the test has set.
-class ScriptedLink final : public FV2ServiceLink {
-public:
-    [[nodiscard]] std::string exchange(std::string_view request) override {
+struct ScriptedLink final : FV2ServiceLink {
+    std::string exchange(std::string_view request) override {
         asked.emplace_back(request);
-        if (request.find("get_token") != request.npos) {
-            const std::string answer = R"({"token":")" + token + R"("})";
-            if (const auto hook = std::exchange(afterToken, nullptr))
-                hook();
-            return answer;
-        }
-        return request.find("get_status") != request.npos ? status : answerToOthers;
+        const auto isFor = [request](std::string_view command) { return request.find(command) != request.npos; };
+        const std::string answer = isFor("get_token")    ? R"({"token":")" + token + R"("})"
+                                   : isFor("get_status") ? status
+                                                         : answerToOthers;
+        if (isFor(heldUp))
+            std::exchange(meanwhile, [] {})();
+        return answer;
     }
-    [[nodiscard]] std::string farewell(std::string_view request) override {
-        asked.push_back("farewell " + std::string(request));
-        return {};
-    }
+    std::string farewell(std::string_view request) override { return exchange("farewell " + std::string(request)); }
     void cancel() override { asked.emplace_back("cancel"); }
 
     std::vector<std::string> asked;
     std::string token = "t1";
     std::string status;
     std::string answerToOthers;
-    std::function<void()> afterToken; //!< once, between the service's answer and its arrival
+    std::string heldUp; //!< between the answer to this command and its arrival, `meanwhile` happens once
+    std::function<void()> meanwhile = [] {};
 };
 
 //! Tray item, application delegate and windows in one; notes in words what is asked of it.
-class FakeInterface final : public FV2StatusItem, public FV2ApplicationDelegate, public FV2WindowRegistry {
-public:
-    void show(std::string_view imageName, fv2StatusStateType overallState) override {
-        icon = std::string(imageName) + " " + std::string(caseName(overallState));
-        ++shows;
-    }
-    [[nodiscard]] FV2StatusItem& menuBarStatusItem() override { return *this; }
-    void menuShowMainWindow() override { calls.emplace_back("show main window"); }
-    [[nodiscard]] bool isOpen(fv2Window kind) const override { return open.count(kind) > 0; }
+struct FakeInterface final : FV2StatusItem, FV2ApplicationDelegate, FV2WindowRegistry {
+    void show(std::string_view image, fv2StatusStateType /*overallState*/) override { icons.emplace_back(image); }
+    FV2StatusItem& menuBarStatusItem() override { return *this; }
+    void menuShowMainWindow() override { calls += "show main window; "; }
+    bool isOpen(fv2Window kind) const override { return kind == open; }
     void openWindow(fv2Window kind, bool userInitiated) override {
-        calls.push_back("open " + std::to_string(static_cast<int>(kind)) + (userInitiated ? " for user" : ""));
+        calls += "open " + std::to_string(static_cast<int>(kind)) + (userInitiated ? " for user; " : "; ");
     }
-    std::string updateMainWindow() override {
-        ++mainUpdates;
-        note();
-        return "main";
-    }
-    void selectProtectionStatusPage() override { calls.emplace_back("status page"); }
-    void closeUnneededPasswordWindows() override { note(); }
+    std::string updateMainWindow() override { return std::to_string(++mainUpdates); }
+    void selectProtectionStatusPage() override { calls += "status page; "; }
+    void closeUnneededPasswordWindows() override { calls += updates->count() == 0 ? "" : "no semaphore held; "; }
     void doAlert(fv2Window kind, std::uint64_t errorCode, fv2Alert alert) override {
-        calls.push_back("alert on " + std::to_string(static_cast<int>(kind)) + ": " + std::to_string(errorCode) + " " +
-                        std::to_string(static_cast<int>(alert)));
+        calls += "alert on " + std::to_string(static_cast<int>(kind)) + ": " + std::to_string(errorCode) + " " +
+                 std::to_string(static_cast<int>(alert)) + "; ";
     }
-    [[nodiscard]] std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 
-    std::set<fv2Window> open;
-    std::vector<std::string> calls;
-    std::string icon;
-    int shows = 0;
+    fv2Window open = fv2Window::None;
+    std::string calls;
+    std::vector<std::string> icons;
     int mainUpdates = 0;
-    CountingSemaphore* updateSemaphore = nullptr;
-
-private:
-    void note() {
-        if (updateSemaphore->count() != 0)
-            calls.emplace_back("updated without the semaphore");
-    }
+    const CountingSemaphore* updates = nullptr;
 };
 
 //! A whole, good answer to "get_status".
 inline std::string statusAnswer(std::int64_t state, const std::string& more = "") {
     return R"({"result":true,"error_code":0,"status":{"state":)" + std::to_string(state) + more + "}}";
 }
+
+//! The model among fakes; only its listener's socket is real.
+struct Model : testing::Test {
+    std::unique_ptr<FV2AppStateModel> make(FV2Dispatch& jobs, FV2ServiceLink& service) {
+        auto made = std::make_unique<FV2AppStateModel>(
+            FV2AppStateModel::Surroundings{jobs, timers, service, strings, [](std::int64_t) { return "today"; }, "desk",
+                                           [this] { return std::make_unique<TestEndpoint>(path); },
+                                           std::chrono::milliseconds(20)},
+            501);
+        interface.updates = &made->updateSemaphore();
+        made->setAppDelegate(interface);
+        made->setWndDelegate(&interface);
+        return made;
+    }
+
+    //! What the windows are asked to do by one refresh that brings `answer`.
+    std::string refresh(const std::string& answer, fv2SyncSource source, bool checkAction = true, bool alert = false) {
+        link.status = answer;
+        timers.advance(FV2RefreshGate::spacing);
+        model->syncCommsAsync(checkAction, source, alert);
+        return settled();
+    }
+    std::string settled() {
+        dispatch.settle();
+        return std::exchange(interface.calls, {});
+    }
+
+    long asked(const std::string& request = getStatusRequest(501)) const {
+        return std::count(link.asked.begin(), link.asked.end(), request);
+    }
+
+    //! The listener's answer to a message.
+    std::string exchange(std::string_view text) const {
+        const UniqueFd peer = connectTo(path);
+        sendAll(peer, text);
+        return receiveAll(peer);
+    }
+
+    TemporaryFolder folder;
+    const std::string path = folder / "agent.sock";
+    MarkedStrings strings;
+    HandDispatch dispatch;
+    ToldTimers timers;
+    ScriptedLink link;
+    FakeInterface interface;
+    std::unique_ptr<FV2AppStateModel> model = make(dispatch, link);
+};
 
 } // namespace fv2::test

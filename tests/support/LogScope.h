@@ -6,26 +6,21 @@
 #include "logging/LogFile.h"
 #include "support/TemporaryFolder.h"
 
+#include <sstream>
 #include <vector>
 
 namespace fv2::test {
 
-//! A home directory with a folder for the log, for a scope; the shared logger lets `levels` through meanwhile.
+//! A home directory with a folder for the log; the shared logger lets `levels` through for the scope. What logs behind
+//! it finds no such home any more.
 class LogScope {
 public:
     explicit LogScope(FV2LoggingLevel levels = {}) {
         std::filesystem::create_directory(m_home / "logs");
-        const char* home = std::getenv("HOME");
-        m_previousHome = home == nullptr ? "" : home;
         ::setenv("HOME", m_home.path().c_str(), 1);
         FV2Logging::shared().setLevels(levels);
     }
-    ~LogScope() {
-        FV2Logging::shared().setLevels({});
-        ::setenv("HOME", m_previousHome.c_str(), 1);
-    }
-    LogScope(const LogScope&) = delete;
-    LogScope& operator=(const LogScope&) = delete;
+    ~LogScope() { FV2Logging::shared().setLevels({}); }
 
     [[nodiscard]] std::string text() const { return contentOf(logFilePath()); }
 
@@ -33,16 +28,13 @@ public:
     [[nodiscard]] std::vector<std::string> messages() const {
         std::vector<std::string> all;
         std::istringstream lines(text());
-        for (std::string line; std::getline(lines, line);) {
-            const auto begin = line.find("] ") + 2;
-            all.push_back(line.substr(begin, line.size() - begin - 1));
-        }
+        for (std::string line; std::getline(lines, line); all.back().pop_back())
+            all.push_back(line.substr(line.find("] ") + 2));
         return all;
     }
 
 private:
     TemporaryFolder m_home;
-    std::string m_previousHome;
 };
 
 } // namespace fv2::test

@@ -6,9 +6,10 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <functional>
+#include <pthread.h>
 #include <set>
-#include <sys/time.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace fv2::test {
@@ -27,62 +28,29 @@ inline int inChild(const std::function<int()>& job) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
-//! Standard output goes to another descriptor for a scope. Expectations belong behind it: their words go there too.
-class StandardOutputTo {
-public:
-    explicit StandardOutputTo(int fd) {
-        std::fflush(stdout);
-        m_saved = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 3);
-        ::dup2(fd, STDOUT_FILENO);
-    }
-    ~StandardOutputTo() {
-        ::dup2(m_saved, STDOUT_FILENO);
-        ::close(m_saved);
-    }
-    StandardOutputTo(const StandardOutputTo&) = delete;
-    StandardOutputTo& operator=(const StandardOutputTo&) = delete;
-
-private:
-    int m_saved = -1;
-};
-
-//! Interrupts this process's system calls every millisecond for a scope. Other threads should block SIGALRM.
+//! Interrupts the system calls of the thread that makes it every millisecond for a scope.
 class SignalStorm {
 public:
     SignalStorm() {
         struct sigaction action {};
         action.sa_handler = [](int) {}; // without SA_RESTART
-        ::sigaction(SIGALRM, &action, &m_previous);
-        const itimerval everyMillisecond{{0, 1000}, {0, 1000}};
-        ::setitimer(ITIMER_REAL, &everyMillisecond, nullptr);
-    }
-    ~SignalStorm() {
-        const itimerval never{};
-        ::setitimer(ITIMER_REAL, &never, nullptr);
-        ::sigaction(SIGALRM, &m_previous, nullptr);
-    }
-    SignalStorm(const SignalStorm&) = delete;
-    SignalStorm& operator=(const SignalStorm&) = delete;
-
-    static void keepOffThisThread() {
-        sigset_t alarm;
-        sigemptyset(&alarm);
-        sigaddset(&alarm, SIGALRM);
-        ::pthread_sigmask(SIG_BLOCK, &alarm, nullptr);
+        ::sigaction(SIGUSR1, &action, nullptr);
+        m_thread = std::jthread([target = ::pthread_self()](const std::stop_token& stop) {
+            for (; !stop.stop_requested(); ::usleep(1000))
+                ::pthread_kill(target, SIGUSR1);
+        });
     }
 
 private:
-    struct sigaction m_previous {};
+    std::jthread m_thread;
 };
 
 //! The open descriptors; with `inheritedOnly` those that a program started now would get.
 inline std::set<int> openDescriptors(bool inheritedOnly = false) {
     std::set<int> all;
-    for (int fd = 0; fd < 1024; ++fd) {
-        const int flags = ::fcntl(fd, F_GETFD);
-        if (flags >= 0 && !(inheritedOnly && (flags & FD_CLOEXEC) != 0))
+    for (int fd = 0; fd < 1024; ++fd)
+        if (const int flags = ::fcntl(fd, F_GETFD); flags >= 0 && !(inheritedOnly && (flags & FD_CLOEXEC) != 0))
             all.insert(fd);
-    }
     return all;
 }
 

@@ -22,8 +22,7 @@ inline bool runLoopUntil(const std::function<bool()>& done) {
 
 //! Runs the event loop for a time in which something must not happen.
 inline void runLoopFor(std::chrono::milliseconds time) {
-    const Deadline deadline(time);
-    runLoopUntil([&deadline] { return deadline.passed(); });
+    runLoopUntil([deadline = Deadline(time)] { return deadline.passed(); });
 }
 
 } // namespace fv2::test

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "base/StopSignal.h"
+#include "base/Deadline.h"
 #include "base/UniqueFd.h"
 #include "support/Process.h"
 
 #include <array>
 #include <atomic>
-#include <cstring>
+#include <cerrno>
 #include <functional>
 #include <poll.h>
 #include <string>
@@ -19,9 +19,8 @@
 namespace fv2::test {
 
 inline sockaddr_un addressOf(const std::string& path) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
+    sockaddr_un address{AF_UNIX, {}};
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
     return address;
 }
 
@@ -34,38 +33,27 @@ inline UniqueFd newSocket() {
     return socket;
 }
 
+//! A listening socket at `path`, in place of what was there.
 inline UniqueFd listenAt(const std::string& path, int backlog = 5) {
     UniqueFd socket = newSocket();
     const sockaddr_un address = addressOf(path);
+    ::unlink(path.c_str());
     ::bind(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
     ::listen(socket.get(), backlog);
     return socket;
 }
 
-//! Connects `socket`; tries again for 2 s while nobody listens yet.
-inline bool connectTo(const std::string& path, const UniqueFd& socket) {
+//! `socket` once connected; none when nobody has listened for 2 s.
+inline UniqueFd connectTo(const std::string& path, UniqueFd socket = newSocket()) {
     const sockaddr_un address = addressOf(path);
     for (const Deadline deadline(std::chrono::seconds(2)); !deadline.passed(); ::usleep(1000))
         if (::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
-            return true;
-    return false;
-}
-
-inline UniqueFd connectTo(const std::string& path) {
-    UniqueFd socket = newSocket();
-    if (!connectTo(path, socket))
-        socket.reset();
-    return socket;
+            return socket;
+    return {};
 }
 
 inline bool sendAll(const UniqueFd& socket, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t sent = ::send(socket.get(), text.data(), text.size(), MSG_NOSIGNAL);
-        if (sent < 0)
-            return false;
-        text.remove_prefix(static_cast<std::size_t>(sent));
-    }
-    return true;
+    return ::send(socket.get(), text.data(), text.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(text.size());
 }
 
 //! What comes until the other side ends the stream or `enough` bytes are there; "(time out)" is added when neither
@@ -73,15 +61,18 @@ inline bool sendAll(const UniqueFd& socket, std::string_view text) {
 inline std::string receiveAll(const UniqueFd& socket, std::size_t enough = std::string::npos) {
     std::string all;
     std::array<char, 65536> chunk{};
-    while (all.size() < enough) {
-        const ssize_t count = ::recv(socket.get(), chunk.data(), chunk.size(), 0);
+    for (ssize_t count = 1; count > 0 && all.size() < enough;) {
+        count = ::recv(socket.get(), chunk.data(), chunk.size(), 0);
+        all.append(chunk.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
         if (count < 0 && errno == EAGAIN)
-            return all + "(time out)";
-        if (count < 1)
-            break;
-        all.append(chunk.data(), static_cast<std::size_t>(count));
+            all += "(time out)";
     }
     return all;
+}
+
+inline bool isReadable(const UniqueFd& socket) {
+    pollfd readable{socket.get(), POLLIN, 0};
+    return ::poll(&readable, 1, 0) == 1;
 }
 
 //! Stands where the service stands: plays `script` for one connection after the other, on a thread of its own.
@@ -89,27 +80,21 @@ class ScriptedPeer {
 public:
     using Script = std::function<void(const UniqueFd& connection)>;
 
-    ScriptedPeer(const std::string& path, Script script)
+    ScriptedPeer(const std::string& path, const Script& script)
         : m_listening(listenAt(path))
-        , m_script(std::move(script))
-        , m_thread([this] { serve(); }) {}
-    ~ScriptedPeer() { m_stop.raise(); }
+        , m_thread([this, script] {
+            for (UniqueFd fd; (fd = UniqueFd(::accept4(m_listening.get(), nullptr, nullptr, SOCK_CLOEXEC)));
+                 fd.reset()) {
+                ++m_connections;
+                script(fd);
+            }
+        }) {}
+    ~ScriptedPeer() { ::shutdown(m_listening.get(), SHUT_RDWR); }
 
     [[nodiscard]] int connections() const { return m_connections; }
 
 private:
-    void serve() {
-        SignalStorm::keepOffThisThread();
-        while (m_stop.waitFor(m_listening.get(), POLLIN, Deadline(std::chrono::minutes(1))) == fv2Wait::Ready) {
-            UniqueFd connection(::accept4(m_listening.get(), nullptr, nullptr, SOCK_CLOEXEC));
-            ++m_connections;
-            m_script(connection);
-        }
-    }
-
     UniqueFd m_listening;
-    Script m_script;
-    StopSignal m_stop;
     std::atomic<int> m_connections = 0;
     std::jthread m_thread;
 };

@@ -5,8 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
-#include <stdexcept>
+#include <iterator>
 #include <string>
 
 namespace fv2::test {
@@ -16,16 +15,13 @@ class TemporaryFolder {
 public:
     TemporaryFolder() {
         std::string name = std::filesystem::temp_directory_path() / "fv2-test-XXXXXX";
-        if (::mkdtemp(name.data()) == nullptr)
-            throw std::runtime_error("no temporary folder");
-        m_path = name;
+        m_path = ::mkdtemp(name.data());
     }
     ~TemporaryFolder() {
         std::error_code ignored;
         std::filesystem::remove_all(m_path, ignored);
     }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    TemporaryFolder(TemporaryFolder&&) = delete;
 
     [[nodiscard]] std::string path() const { return m_path; }
     [[nodiscard]] std::string operator/(const std::string& name) const { return m_path / name; }
@@ -35,9 +31,8 @@ private:
 };
 
 inline std::string contentOf(const std::string& path) {
-    std::ostringstream content;
-    content << std::ifstream(path, std::ios::binary).rdbuf();
-    return content.str();
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 } // namespace fv2::test

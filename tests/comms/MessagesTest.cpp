@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "TestEndpoint.h"
+#include "comms/FV2Records.h"
+#include "comms/FV2Requests.h"
+#include "comms/MessageReader.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+using namespace std::string_literals;
+
+namespace fv2::test {
+namespace {
+
+using enum MessageReader::State;
+using Pairs = std::vector<std::pair<std::string, std::string>>;
+using Outcome = std::pair<MessageReader::State, std::string>;
+
+//! Reads `stream` in full chunks as from one send, behind 32 KiB in chunks of `later`.
+Outcome read(std::string_view stream, std::size_t cap, std::size_t later = MessageReader::chunkSize) {
+    MessageReader reader(cap);
+    auto state = Reading;
+    for (std::size_t at = 0, size = 0; state == Reading && at < stream.size(); at += size) {
+        size = at < MessageReader::singleSendSize ? MessageReader::chunkSize : later;
+        state = reader.take(stream.substr(at, size));
+    }
+    return {state, reader.takeText()};
+}
+
+TEST(MessageReader, EndsAMessageAtAShortChunkAtItsCapOrPastOneSendWhereTheJsonCloses) {
+    const std::vector<std::tuple<std::size_t, std::size_t, MessageReader::State>> table{
+        {1, 65536, Whole},       {2047, 65536, Whole},    {2048, 65536, Reading}, {2049, 65536, Whole},
+        {32767, 65536, Whole},   {32768, 65536, Reading}, {4095, 4096, Whole},    {4097, 4096, TooLong},
+        {65536, 65536, Reading}, {65537, 65536, TooLong}, {101, 100, TooLong}};
+    for (const auto& [size, cap, state] : table) {
+        const std::size_t kept = state == TooLong ? cap / MessageReader::chunkSize * MessageReader::chunkSize : size;
+        EXPECT_EQ(read(std::string(size, '['), cap), Outcome(state, std::string(kept, '['))) << size;
+    }
+    std::string zeros(5000, 'x');
+    zeros[10] = zeros[2048] = zeros[4999] = '\0';
+    EXPECT_EQ(read(zeros, 65536), Outcome(Whole, std::string(10 + 903, 'x'))) << "a zero byte ends its chunk alone";
+
+    for (const std::size_t size : {32769U, 48'900U, 65540U, 1'048'575U, 1'048'576U})
+        for (const std::size_t chunk : {2048U, 1000U, 1U})
+            EXPECT_EQ(read(jsonOf(size), size, chunk), Outcome(Whole, jsonOf(size))) << size << " " << chunk;
+    EXPECT_EQ(read(jsonOf(80'000).substr(0, 79'999), 80'000).first, Reading) << "the last bracket is missing";
+}
+
+TEST(Requests, AreThePeersTextsByteForByte) {
+    const std::string token = "\"},{\\\n\x01\x1F\x7F\u00E4\u2028";
+    const std::string escaped = "\\\"},{\\\\\\u000a\\u0001\\u001f\x7F\u00E4\u2028";
+    const Pairs table{
+        {showUiRequest(), "{ \"command\": \"show_ui\" }"},
+        {getStatusRequest(501), "{ \"command\": \"get_status\" , \"uid\" : 501 }"},
+        {getTokenRequest(4294967295), "{ \"command\": \"get_token\", \"uid\" : 4294967295  }"},
+        {proxySyncRequest(0, token),
+         "{\n    \"command\": \"proxy_sync\",\n    \"uid\" : 0,\n    \"token\": \"" + escaped + "\"\n}"},
+        {unsubscribeRequest(501, ""),
+         "{\n    \"command\": \"unsubscribe\",\n    \"uid\" : 501,\n    \"token\": \"\"\n}"},
+        {notificationReply(true) + notificationReply(false), "\"{ \"result\": 0 }\"\"{ \"result\": 1 }\""},
+        {jsonSetPWCommand{.uid = 501, .token = token, .parameters = {token + "u", token + "p"}}.encoded(),
+         R"({"command":"set_user_credentials","uid":501,"token":")" + escaped + R"(","parameters":{"username":")" +
+             escaped + R"(u","password":")" + escaped + R"(p"}})"}};
+    for (const auto& [text, expected] : table)
+        EXPECT_EQ(text, expected);
+}
+
+//! The records that can be decoded from a text: Status, Answer, Token, Command.
+std::string decodable(const std::string& text) {
+    return std::string(FV2EISResponse::decode(text) ? "S" : "") + (FV2AISResponse::decode(text) ? "A" : "") +
+           (FV2CommsToken::decode(text) ? "T" : "") + (FV2AISCommand::decode(text) ? "C" : "");
+}
+
+TEST(Records, AreWholeJsonObjectsWithValuesOfTheirTypes) {
+    const std::string deep = std::string(63, '[') + std::string(63, ']');
+    for (const std::string& text : {"{}"s, " \t\r\n{ } \n"s, R"({"x":)" + deep + "}",
+                                    R"({"x":")" + std::string(100, '[') + R"(\"{{","y":[1.5,null]})"})
+        EXPECT_EQ(decodable(text), "SATC") << text;
+    for (const std::string& text : {R"({"x":[)" + deep + "]}", std::string(1'000'000, '['), "{}\0"s, ""s, "[]"s,
+                                    "null"s, R"("{ "result": 0 }")"s, "{"s, "{}}"s, "{} x"s, R"({"x":1,})"s, "{/**/}"s,
+                                    "{\"x\":\"a\nb\"}"s, "{\"x\":\"\xC0\xAF\"}"s, "{\"x\":\"\xED\xA0\x80\"}"s})
+        EXPECT_EQ(decodable(text), "") << text.substr(0, 80);
+
+    const std::string integer = " null 0 9223372036854775807 -9223372036854775808 ";
+    // The wire text with % for the value, the values that it may have, the records that care for no such value.
+    const std::vector<std::tuple<std::string, std::string, std::string>> table{
+        {R"({"error_code":%})", integer, "C"},
+        {R"({"status":%})", " null {} ", "ATC"},
+        {R"({"policy":%})", " null {} ", "ATC"},
+        {R"({"status":{"uuid":%}})", " null \"1\" ", "ATC"},
+        {R"({"policy":{"postponecredentialmins":%}})", integer, "ATC"},
+        {R"({"result":%})", " null true ", "STC"},
+        {R"({"success":%})", " null true ", "SC"},
+        {R"({"token":%})", " null \"1\" ", "SAC"},
+        {R"({"command":%})", " null \"1\" ", "SAT"}};
+    for (const auto& [text, allowed, others] : table)
+        for (const std::string value : {"null", "true", "0", "\"1\"", "{}", "[]", "1.0", "9223372036854775807",
+                                        "9223372036854775808", "-9223372036854775808", "-9223372036854775809"}) {
+            const std::string full = std::string(text).replace(text.find('%'), 1, value);
+            EXPECT_EQ(decodable(full), allowed.find(" " + value + " ") != text.npos ? "SATC" : others) << full;
+        }
+}
+
+TEST(Records, JudgeAnAnswerByItsResultThenItsSuccessAndGiveATokenOnlyWithoutAnError) {
+    const auto ok = [](const char* text) { return FV2AISResponse::decode(text)->ok(); };
+    EXPECT_TRUE(ok(R"({"success":true})") && ok(R"({"result":true,"success":false})"));
+    EXPECT_FALSE(ok(R"({"error_code":0})") || ok(R"({"result":false,"success":true})"));
+    const auto tokenOf = &FV2CommsToken::tokenOf;
+    EXPECT_EQ(tokenOf(R"({"token":"t"})") + tokenOf(R"({"token":"u","success":true,"error_code":0})"), "tu");
+    EXPECT_EQ(tokenOf(R"({"token":"t","success":false})"), "");
+    EXPECT_EQ(tokenOf(R"({"token":"t","success":true,"error_code":-1})"), "");
+}
+
+} // namespace
+} // namespace fv2::test

@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "logging/LogEscape.h"
+#include "support/LogScope.h"
+#include "support/Process.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdarg>
+#include <limits>
+#include <regex>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <syslog.h>
+#include <tuple>
+
+using namespace std::string_view_literals;
+
+namespace {
+std::string ident;
+std::pair<int, std::array<char, 100>> sent;
+} // namespace
+
+// In place of the C library's own: nothing of these tests reaches the machine's log.
+extern "C" {
+
+void openlog(const char* name, int, int) {
+    ident = name;
+}
+
+#if __USE_FORTIFY_LEVEL > 0
+void __syslog_chk(int priority, int, const char* format, ...) {
+#else
+void syslog(int priority, const char* format, ...) {
+#endif
+    va_list arguments;
+    va_start(arguments, format);
+    sent.first = priority;
+    std::vsnprintf(sent.second.data(), sent.second.size(), format, arguments);
+    va_end(arguments);
+}
+}
+
+namespace fv2::test {
+namespace {
+
+using Level = FV2LoggingLevel;
+
+//! `text` with "now" for the times of day.
+std::string withoutTime(const std::string& text) {
+    return std::regex_replace(text, std::regex(R"(\d\d:\d\d:\d\d\.\d{3} )"), "now ");
+}
+
+//! What one line to the logger writes to standard output.
+std::string consoleOf(FV2Logging& logger, Level level, std::initializer_list<FV2LogItem> items,
+                      std::string_view separator = " ", std::string_view terminator = "\n") {
+    testing::internal::CaptureStdout();
+    logger.log(level, items, separator, terminator);
+    return withoutTime(testing::internal::GetCapturedStdout());
+}
+
+TEST(FV2Logging, LetsALinePassWithAllItsBitsAndTypesTheSystemLogByTheConfiguredOnes) {
+    // The levels let through, the line's own, its prefix if it passes, the type.
+    const std::vector<std::tuple<int, int, std::string, int>> table{
+        {8, 8, "release", LOG_INFO}, {8, 1, "", LOG_INFO},          {8, 12, "", LOG_INFO},
+        {7, 8, "", LOG_INFO},        {12, 12, "unknown", LOG_INFO}, {12, 4, "error", LOG_INFO},
+        {5, 1, "trace", LOG_ERR},    {3, 3, "unknown", LOG_DEBUG},  {2, 2, "ui", LOG_DEBUG}};
+    for (const auto& [levels, line, name, priority] : table) {
+        const LogScope home;
+        FV2Logging logger{Level(levels)};
+        const std::string expected = name.empty() ? "" : "1) now [" + name + "] text \n";
+        EXPECT_EQ(consoleOf(logger, Level(line), {"text"}), expected) << levels;
+        EXPECT_EQ(withoutTime(home.text()), expected) << levels;
+        logger.logToSystem("100%s \n done");
+        EXPECT_EQ(sent.first, priority) << levels;
+        EXPECT_EQ(withoutTime(sent.second.data()), std::string(name.empty() ? "" : "1) now ") + R"(100%s \n done)");
+    }
+    EXPECT_EQ(ident, "fv2-agent");
+}
+
+TEST(FV2Logging, WritesValuesAsTheyAreOnOneLineAndItsTerminatorToTheFileAlone) {
+    const LogScope home;
+    FV2Logging logger(Level::release);
+    const std::string line = R"(1) now [release] a\nb-5-true--0.25--9223372036854775808-18446744073709551615-)";
+    EXPECT_EQ(consoleOf(logger, Level::release,
+                        {"a\nb", 5, true, -0.25, std::numeric_limits<std::int64_t>::min(),
+                         std::numeric_limits<std::uint64_t>::max()},
+                        "-", "|"),
+              line + "\n");
+    EXPECT_EQ(withoutTime(home.text()), line + "|");
+    EXPECT_EQ(FV2Logging::timeStamp({0, 7'999'999}).substr(5), ":00.007") << "cut, not rounded";
+}
+
+TEST(FV2Logging, KeepsTheLinesOfManyThreadsApartAndNeverStallsOnAPipeThatNobodyReads) {
+    for (const bool closed : {false, true}) {
+        const LogScope home;
+        EXPECT_EQ(inChild([closed] {
+                      std::array<int, 2> ends{};
+                      if (::pipe(ends.data()) == 0 && closed)
+                          ::close(ends[0]);
+                      ::dup2(ends[1], STDOUT_FILENO);
+                      FV2Logging logger(Level::release);
+                      std::vector<std::jthread> threads(8);
+                      for (std::jthread& thread : threads)
+                          thread = std::jthread([&logger] {
+                              for (const std::size_t size : {300U, 300U, 300U, 70'000U})
+                                  logger.log(Level::release, {std::string(size, 'x')}, " ", "\n");
+                          });
+                      return 0;
+                  }),
+                  0)
+            << closed;
+        const std::regex whole(R"(\d\) now \[release\] x+ )");
+        std::set<char> threads;
+        std::istringstream lines(home.text());
+        for (std::string line; std::getline(lines, line); threads.insert(line.front()))
+            EXPECT_TRUE(std::regex_match(withoutTime(line.substr(0, 300)) + line.back(), whole)) << line;
+        EXPECT_EQ(threads.size(), 8U) << "a number for each";
+        EXPECT_EQ(home.text().size(), 8U * (3 * 328 + 70'028)) << "the file has every line";
+    }
+}
+
+TEST(EscapedForLog, ShowsWhatCouldBreakALineOrSteerATerminal) {
+    const std::vector<std::pair<std::string_view, std::string_view>> table{
+        {"\\ \"~ caf\u00E9 \u20AC \U0001F512 \U0010FFFF", "\\ \"~ caf\u00E9 \u20AC \U0001F512 \U0010FFFF"},
+        {"a\nb\tc\rd\0x\x1B[2J\x7F\x80\xE2\x80\n\xE2\x82"sv, R"(a\nb\tc\x0dd\x00x\x1b[2J\x7f\x80\xe2\x80\n\xe2\x82)"},
+        {"\xC2\x85\xC2\x9B 31m\u00A0\u2027\u2028\u2029\u2030", "\\u0085\\u009b 31m\u00A0\u2027\\u2028\\u2029\u2030"},
+        {"\xC0\x8A \xC1\xBF \xE0\x80\x8A \xF0\x80\x80\x8A", R"(\xc0\x8a \xc1\xbf \xe0\x80\x8a \xf0\x80\x80\x8a)"},
+        {"\xED\xA0\x80 \xED\xBF\xBF \xEE\x80\x80", "\\xed\\xa0\\x80 \\xed\\xbf\\xbf \uE000"},
+        {"\xF4\x90\x80\x80 \xF5\x80\x80\x80\xFF", R"(\xf4\x90\x80\x80 \xf5\x80\x80\x80\xff)"}};
+    for (const auto& [text, escaped] : table)
+        EXPECT_EQ(escapedForLog(text), escaped);
+}
+
+TEST(LogFile, IsItsOwnersAloneInTheHomeDirectoryAndTakesBackTheHalfLineOfAFullDisk) {
+    const LogScope home;
+    const auto inAFileOf100Bytes = [] {
+        ::umask(0);
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{100, 100};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        const bool good = appendToLogFile(logFilePath(), std::string(90, 'a')) &&
+                          !appendToLogFile(logFilePath(), std::string(50, 'b')) &&
+                          appendToLogFile(logFilePath(), std::string(10, 'c'));
+        return good ? 0 : 1;
+    };
+    EXPECT_EQ(inChild(inAFileOf100Bytes), 0);
+    EXPECT_EQ(home.text(), std::string(90, 'a') + std::string(10, 'c'));
+    struct stat status {};
+    EXPECT_EQ(::stat(logFilePath().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0600U);
+    ::setenv("HOME", "relative", 1);
+    EXPECT_EQ(logFilePath().front(), '/') << "the password database knows better";
+}
+
+TEST(LogFile, RefusesWhatIsNoRegularFileOfItsOwn) {
+    const TemporaryFolder folder;
+    std::ofstream(folder / "target") << "untouched";
+    std::filesystem::create_symlink(folder / "target", folder / "link");
+    std::filesystem::create_symlink(folder / "nothing", folder / "dangling");
+    ::mkfifo((folder / "pipe").c_str(), 0600);
+    const auto before = openDescriptors();
+    for (const std::string& path : {folder / "", folder / "link", folder / "dangling", folder / "pipe",
+                                    folder / "missing/log", std::string("/dev/null")})
+        EXPECT_FALSE(appendToLogFile(path, "text")) << path;
+    EXPECT_EQ(openDescriptors(), before);
+    EXPECT_EQ(contentOf(folder / "target"), "untouched");
+    EXPECT_FALSE(std::filesystem::exists(folder / "nothing") || std::filesystem::exists(folder / "missing"));
+}
+
+} // namespace
+} // namespace fv2::test

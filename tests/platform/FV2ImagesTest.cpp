@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2Images.h"
+
+#include <QImage>
+#include <QPixmap>
+#include <gtest/gtest.h>
+
+namespace fv2::test {
+namespace {
+
+const QStringList kNames{QStringLiteral("orm_menu_icon"), QStringLiteral("orm_menu_icon_warning"),
+                         QStringLiteral("orm_menu_icon_alert"), QStringLiteral("orm_menu_icon_sync")};
+
+//! How much of an image is covered, in percent.
+int covered(const QImage& image) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            count += qAlpha(image.pixel(x, y)) > 127 ? 1 : 0;
+    return count * 100 / (image.width() * image.height());
+}
+
+//! The percentage of pixels that one of two images of the same size covers and the other doesn't.
+int differenceOfOutlines(const QImage& a, const QImage& b) {
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            count += (qAlpha(a.pixel(x, y)) > 127) != (qAlpha(b.pixel(x, y)) > 127) ? 1 : 0;
+    return count * 100 / (a.width() * a.height());
+}
+
+TEST(Images, AreDrawnForEverySizeOfPanel) {
+    FV2Images images;
+    for (const QString& name : kNames) {
+        const QIcon icon = images.imageNamed(name);
+        for (const int size : {16, 22, 24, 32, 48}) {
+            EXPECT_TRUE(icon.availableSizes().contains(QSize(size, size))) << name.toStdString() << size;
+            const int share = covered(icon.pixmap(size, size).toImage());
+            EXPECT_GT(share, 40) << name.toStdString() << size;
+            EXPECT_LT(share, 100) << name.toStdString() << size;
+        }
+    }
+}
+
+TEST(Images, CanBeToldApartInAPanelWithoutColours) {
+    FV2Images images;
+    for (const QString& one : kNames)
+        for (const QString& other : kNames)
+            EXPECT_GE(differenceOfOutlines(images.imageNamed(one).pixmap(16).toImage(),
+                                           images.imageNamed(other).pixmap(16).toImage()),
+                      one == other ? 0 : 8)
+                << one.toStdString() << " " << other.toStdString();
+}
+
+TEST(Images, AreDrawnOnceAndUnknownOnesAreNull) {
+    FV2Images images;
+    EXPECT_EQ(images.imageNamed(kNames[0]).cacheKey(), images.imageNamed(kNames[0]).cacheKey());
+    EXPECT_NE(images.imageNamed(kNames[0]).cacheKey(), images.imageNamed(kNames[1]).cacheKey());
+    EXPECT_TRUE(images.imageNamed(QStringLiteral("orm_menu_icon_blue")).isNull());
+    EXPECT_TRUE(images.imageNamed(QString()).isNull());
+}
+
+} // namespace
+} // namespace fv2::test

@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2DesktopDispatch.h"
+#include "platform/FV2QtTimerService.h"
+#include "support/QtLoop.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+
+namespace fv2::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+TEST(TimerService, CallsOnceAndNotBeforeItsTime) {
+    FV2QtTimerService timers;
+    int calls = 0;
+    const auto start = timers.now();
+    const auto timer = timers.after(milliseconds(20), [&calls] { ++calls; });
+    EXPECT_EQ(calls, 0);
+    EXPECT_TRUE(runLoopUntil([&calls] { return calls > 0; }));
+    EXPECT_GE(timers.now() - start, milliseconds(19));
+    runLoopFor(milliseconds(80));
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(TimerService, CallsNoMoreOnceTheTimerIsDestroyed) {
+    FV2QtTimerService timers;
+    int calls = 0;
+    timers.after(milliseconds(0), [&calls] { ++calls; }).reset();
+    auto later = timers.after(milliseconds(10), [&calls] { ++calls; });
+    const auto sooner = timers.after(milliseconds(1), [&later] { later.reset(); });
+    EXPECT_TRUE(runLoopUntil([&later] { return later == nullptr; }));
+    runLoopFor(milliseconds(40));
+    EXPECT_EQ(calls, 0);
+}
+
+TEST(TimerService, LetsTheCallbackDestroyItsTimerAndStartTheNext) {
+    FV2QtTimerService timers;
+    std::unique_ptr<FV2Timer> timer;
+    std::string calls;
+    std::function<void()> again = [&, text = std::string("a text that does not fit in the object")] {
+        timer.reset();
+        calls += text.front();
+        if (calls.size() < 3)
+            timer = timers.after(milliseconds(1), again);
+    };
+    timer = timers.after(milliseconds(1), again);
+    EXPECT_TRUE(runLoopUntil([&] { return timer == nullptr; }));
+    runLoopFor(milliseconds(20));
+    EXPECT_EQ(calls, "aaa");
+}
+
+TEST(TimerService, DoesNotCallEarlyAfterADelayOfMonths) {
+    FV2QtTimerService timers;
+    for (const auto delay : {milliseconds((1LL << 31) + 5), milliseconds((1LL << 32) + 5)}) {
+        bool called = false;
+        const auto timer = timers.after(delay, [&called] { called = true; });
+        runLoopFor(milliseconds(50));
+        EXPECT_FALSE(called) << delay.count();
+    }
+}
+
+TEST(DesktopDispatch, RunsJobsLaterOnTheMainThreadInTheirOrder) {
+    FV2DesktopDispatch dispatch;
+    std::vector<int> order;
+    const auto main = std::this_thread::get_id();
+    for (int i = 0; i < 50; ++i)
+        dispatch.toMain([&order, i] { order.push_back(i); });
+    EXPECT_TRUE(order.empty());
+    ASSERT_TRUE(runLoopUntil([&order] { return order.size() == 50; }));
+    dispatch.toWorker([&] {
+        EXPECT_NE(std::this_thread::get_id(), main);
+        for (int i = 50; i < 100; ++i)
+            dispatch.toMain([&, i] {
+                EXPECT_EQ(std::this_thread::get_id(), main);
+                order.push_back(i);
+            });
+    });
+    ASSERT_TRUE(runLoopUntil([&order] { return order.size() == 100; }));
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+TEST(DesktopDispatch, LeavesTheLoopItsTimeWhileEveryWorkerHangsAndJobsPostJobs) {
+    FV2DesktopDispatch dispatch;
+    std::promise<void> release;
+    const std::shared_future<void> released = release.get_future().share();
+    std::atomic<int> begun = 0;
+    for (int i = 0; i < 20; ++i)
+        dispatch.toWorker([&begun, released] {
+            ++begun;
+            released.wait();
+        });
+    bool timerRan = false;
+    std::function<void()> again = [&] {
+        if (!timerRan)
+            dispatch.toMain(again);
+    };
+    dispatch.toMain(again);
+    QTimer::singleShot(1, [&timerRan] { timerRan = true; });
+    EXPECT_TRUE(runLoopUntil([&timerRan] { return timerRan; }));
+    EXPECT_TRUE(runLoopUntil([&begun] { return begun >= 4; })) << "jobs that hang must leave room for others";
+    release.set_value();
+    dispatch.finish();
+    EXPECT_EQ(begun, 20) << "finish() runs what waits";
+}
+
+TEST(DesktopDispatch, DeliversNothingOnceTheOwnerIsGoneOrItHasFinished) {
+    int delivered = 0;
+    const auto done = [&delivered](int value) { delivered += value; };
+    auto owner = std::make_shared<const char>();
+    FV2DesktopDispatch dispatch;
+    dispatch.run(
+        owner, [] { return 1; }, done);
+    EXPECT_TRUE(runLoopUntil([&delivered] { return delivered == 1; }));
+
+    dispatch.run(
+        owner, [] { return 10; }, done);
+    owner.reset();
+    runLoopFor(milliseconds(30));
+    EXPECT_EQ(delivered, 1);
+
+    owner = std::make_shared<const char>();
+    dispatch.run(
+        owner, [] { return 100; }, done);
+    dispatch.finish();
+    dispatch.run(
+        owner, [] { return 1000; }, done);
+    runLoopFor(milliseconds(30));
+    EXPECT_EQ(delivered, 1);
+}
+
+} // namespace
+} // namespace fv2::test

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <vector>
+
+namespace fv2::test {
+namespace {
+
+//! What a shell command writes to its standard output; its status is added when it failed.
+std::string outputOf(const std::string& command) {
+    std::FILE* const pipe = ::popen(command.c_str(), "r");
+    if (pipe == nullptr)
+        return "(not started)";
+    std::string all;
+    std::array<char, 512> chunk{};
+    while (std::fgets(chunk.data(), chunk.size(), pipe) != nullptr)
+        all += chunk.data();
+    const int status = ::pclose(pipe);
+    return status == 0 ? all : all + "(status " + std::to_string(status) + ")";
+}
+
+//! What the probe prints with that environment beside the one of the tests, in which no language is chosen.
+std::string probe(const std::string& environment, const std::string& arguments) {
+    return outputOf("env -u LANGUAGE -u LC_ALL -u LC_MESSAGES -u LC_TIME -u LANG TZ=UTC " + environment +
+                    " " PLATFORM_PROBE " " + arguments);
+}
+
+TEST(PreferredLanguages, FollowTheEnvironmentAsDesktopsSetIt) {
+    struct Case {
+        const char* environment;
+        const char* language;
+    };
+    const std::vector<Case> table{
+        {"", "en"},
+        {"LANG=C", "en"},
+        {"LANG=de_DE.UTF-8", "de"},
+        {"LANG=de_AT@euro", "de"},
+        {"LANG=de_DE.UTF-8 LANGUAGE=de_DE:de", "de"},
+        {"LANG=en_US.UTF-8 LANGUAGE=de:en", "de"},
+        {"LANG=de_DE.UTF-8 LANGUAGE=en:de", "en"},
+        {"LANG=en_US.UTF-8 LC_ALL=de_DE.UTF-8", "de"},
+        {"LANG=en_US.UTF-8 LC_MESSAGES=de_DE.UTF-8", "de"},
+        {"LANG=en_US.UTF-8 LC_TIME=de_DE.UTF-8", "en"},
+        {"LANG=fr_FR.UTF-8 LANGUAGE=fr:de:en", "de"},
+        {"LANG=fr_FR.UTF-8", "en"},
+        {"LANG=../../etc", "en"},
+    };
+    for (const Case& each : table)
+        EXPECT_EQ(probe(each.environment, "languages " STRING_TABLES), std::string(each.language) + "\n")
+            << each.environment;
+}
+
+//! With plain blanks where the locale has U+202F.
+std::string date(const std::string& environment, const std::string& seconds) {
+    std::string text = probe(environment, "date " + seconds);
+    const std::string narrow = "\u202f";
+    for (auto at = text.find(narrow); at != std::string::npos; at = text.find(narrow))
+        text.replace(at, narrow.size(), " ");
+    return text.substr(0, text.find('\n'));
+}
+
+TEST(MediumDate, IsInTheUsersLocaleForTimes) {
+    struct Case {
+        const char* environment;
+        const char* seconds;
+        const char* text;
+    };
+    const std::vector<Case> table{
+        {"LANG=en_US.UTF-8", "1700000000", "Nov 14, 2023, 10:13:20 PM"},
+        {"LANG=de_DE.UTF-8", "1700000000", "14.11.2023, 22:13:20"},
+        {"LANG=de_DE.UTF-8 TZ=Europe/Berlin", "1700000000", "14.11.2023, 23:13:20"},
+        {"LANG=en_US.UTF-8 LC_TIME=de_DE.UTF-8", "0", "01.01.1970, 00:00:00"},
+        {"LANG=en_US.UTF-8 LC_TIME=en_US LC_ALL=de_DE", "-1", "31.12.1969, 23:59:59"},
+        {"LANGUAGE=de LANG=en_US.UTF-8", "0", "Jan 1, 1970, 12:00:00 AM"},
+        {"LANG=C", "0", "Jan 1, 1970, 00:00:00"},
+        {"LANG=POSIX", "0", "Jan 1, 1970, 00:00:00"},
+        {"LC_ALL= LANG=C.UTF-8", "4294967296", "Feb 7, 2106, 06:28:16"},
+        {"", "0", "Jan 1, 1970, 12:00:00 AM"},
+    };
+    for (const Case& each : table)
+        EXPECT_EQ(date(each.environment, each.seconds), each.text) << each.environment;
+}
+
+TEST(MediumDate, IsEmptyWhereThereIsNoSuchDate) {
+    for (const char* seconds : {"9223372036854775807", "-9223372036854775808"})
+        EXPECT_EQ(date("LANG=en_US.UTF-8", seconds), "") << seconds;
+}
+
+TEST(UnixSignals, AreRememberedAndBecomeOneCall) {
+    EXPECT_EQ(probe("", "signals"), "0 before the loop\n1 afterwards\n");
+}
+
+TEST(UnixSignals, CallForEverySignalThatEndsAProgramButNotForABrokenPipe) {
+    for (const int number : {SIGTERM, SIGINT, SIGHUP})
+        EXPECT_EQ(probe("", "signal " + std::to_string(number)),
+                  "0 after SIGPIPE\n1 after the signal, a child ended by 13\n")
+            << number;
+}
+
+//! The probe's output on a session bus of its own.
+std::string probeOnBus(const std::string& what) {
+    return outputOf("dbus-run-session -- " PLATFORM_PROBE " " + what);
+}
+
+TEST(TrayWatcher, WaitsForAHostNotOnlyForAWatcherAndTellsOnce) {
+    EXPECT_EQ(probeOnBus("late-tray"), "0 without watcher\n0 without host\n1 with host\n1 with a second host\n");
+}
+
+TEST(TrayWatcher, FindsAHostThatWasThereBefore) {
+    EXPECT_EQ(probeOnBus("tray"), "1 at once\n");
+}
+
+TEST(TrayWatcher, StaysQuietWhereThereIsNoTray) {
+    EXPECT_EQ(probeOnBus("no-tray"), "0 so far\n");
+    EXPECT_EQ(probe("DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent", "no-tray"), "0 so far\n") << "nor any bus";
+}
+
+} // namespace
+} // namespace fv2::test

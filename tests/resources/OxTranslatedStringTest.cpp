@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "resources/OxTranslatedString.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdarg>
+#include <cstdio>
+#include <map>
+#include <vector>
+
+namespace {
+
+std::vector<std::string> warnings;
+
+void record(const char* format, va_list arguments) {
+    std::array<char, 512> text{};
+    std::vsnprintf(text.data(), text.size(), format, arguments);
+    warnings.emplace_back(text.data());
+}
+
+} // namespace
+
+// In place of the C library's own: nothing of these tests reaches the machine's log.
+extern "C" {
+
+void syslog(int, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    record(format, arguments);
+    va_end(arguments);
+}
+
+//! What a build with checked formats calls.
+void __syslog_chk(int, int, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    record(format, arguments);
+    va_end(arguments);
+}
+}
+
+namespace fv2::test {
+namespace {
+
+class Table final : public OxStringBundle {
+public:
+    [[nodiscard]] std::string localizedString(const std::string& identifier) const override {
+        const auto found = m_texts.find(identifier);
+        return found == m_texts.end() ? identifier : found->second;
+    }
+
+private:
+    std::map<std::string, std::string> m_texts{
+        {"IDUS_KNOWN", "Gr\u00fcn"}, {"IDCUS_KNOWN", "custom"}, {"IDUS_EMPTY", ""},    {"IDUS_SELF", "IDCUS_KNOWN"},
+        {"IDUS_EXCLAIMED", "!done"}, {"ID_MGUI_ABOUT", "not"},  {"idus_known", "not"},
+    };
+};
+
+std::string warningAbout(const std::string& identifier) {
+    return "WARNING: Could not find translated string \"" + identifier + "\"\n";
+}
+
+TEST(TranslateOrMarkID, ResolvesIdentifiersAndMarksEverythingElse) {
+    struct Case {
+        std::string text;
+        std::string shown;
+        std::vector<std::string> warned;
+    };
+    const std::vector<Case> table{
+        {"", "", {}},
+        {"Hello", "!Hello", {}},
+        {"IDUS_KNOWN", "Gr\u00fcn", {}},
+        {"IDCUS_KNOWN", "custom", {}},
+        {"IDUS_EXCLAIMED", "!done", {}},
+        {"IDUS_X", "!IDUS_X", {warningAbout("IDUS_X")}},
+        {"IDCUS_X", "!IDCUS_X", {warningAbout("IDCUS_X")}},
+        {"IDUS_", "!IDUS_", {warningAbout("IDUS_")}},
+        {"IDUS_EMPTY", "!IDUS_EMPTY", {warningAbout("IDUS_EMPTY")}},
+        {"IDUS_SELF", "!IDUS_SELF", {warningAbout("IDUS_SELF")}},
+        {"IDUS_\u00e9%s", "!IDUS_\u00e9%s", {warningAbout("IDUS_??%s")}},
+        {"ID_MGUI_ABOUT", "!ID_MGUI_ABOUT", {}},
+        {"idus_known", "!idus_known", {}},
+        {" IDUS_KNOWN", "! IDUS_KNOWN", {}},
+        {"!IDUS_KNOWN", "!!IDUS_KNOWN", {}},
+    };
+    const Table bundle;
+    for (const Case& each : table) {
+        // At the second lookup as at the first.
+        for (int i = 0; i < 2; ++i) {
+            warnings.clear();
+            EXPECT_EQ(OxTranslatedString::translateOrMarkID(each.text, bundle).string(), each.shown) << each.text;
+            EXPECT_EQ(warnings, each.warned) << each.text;
+        }
+    }
+}
+
+TEST(TranslateOrMarkID, HandsAResolvedTextBackAsItIs) {
+    warnings.clear();
+    for (const char* text : {"!Hello", "IDUS_KNOWN", ""}) {
+        const OxTranslatedString resolved{std::string(text)};
+        const OxTranslatedString again = OxTranslatedString::translateOrMarkID(resolved, Table());
+        EXPECT_EQ(&again.string(), &resolved.string()) << text;
+        EXPECT_EQ(&OxTranslatedString::translateOrMarkID(resolved).string(), &resolved.string()) << text;
+    }
+    EXPECT_EQ(warnings, std::vector<std::string>());
+    const OxTranslatedString green = OxTranslatedString::translateOrMarkID("IDUS_KNOWN", Table());
+    EXPECT_EQ(green.length(), 5U);
+    EXPECT_EQ(green.characterAtIndex(4), 'n');
+}
+
+TEST(TranslateOrMarkID, UsesTheApplicationsBundleOnceItIsNamed) {
+    EXPECT_EQ(OxTranslatedString::translateOrMarkID("IDUS_KNOWN").string(), "!IDUS_KNOWN");
+    static const Table bundle;
+    OxTranslatedString::setApplicationBundle(bundle);
+    EXPECT_EQ(OxTranslatedString::translateOrMarkID("IDUS_KNOWN").string(), "Gr\u00fcn");
+    EXPECT_EQ(OxTranslatedString::translateOrMarkID("Hello").string(), "!Hello");
+}
+
+} // namespace
+} // namespace fv2::test
