@@ -1,0 +1,81 @@
+# SPDX-FileCopyrightText: 2026 The fv2-agent authors
+# SPDX-License-Identifier: Apache-2.0
+"""The two programs under test, and what can be seen of them from outside."""
+
+import os
+import signal
+import socket
+from pathlib import Path
+
+from waiting import wait_until
+
+BUILD = Path(os.environ.get("FV2_BUILD", Path(__file__).resolve().parents[2] / "build/release"))
+SERVICE_SOCKET = "/tmp/orm_ui.sock"
+AGENT_SOCKET = f"/tmp/ormfv2_ui_{os.getuid()}.sock"
+UNDERSTOOD = b'"{ "result": 0 }"'
+NOT_UNDERSTOOD = b'"{ "result": 1 }"'
+
+#: The colour of the tray icon in each state of the service, synchronisation aside.
+STATE_COLOURS = {
+    0: "red", 1: "yellow", 2: "yellow", 3: "red", 4: "yellow", 5: "yellow", 6: "green", 7: "yellow", 8: "yellow",
+    9: "yellow", 10: "green", 11: "red", 12: "red", 13: "red", 99: "green",
+}
+
+
+def start_agent(desktop, levels="all", **env):
+    """Starts the agent and returns once it listens on its own socket."""
+    agent = desktop.start([BUILD / "fv2-agent"], {"FV2_LOG_LEVELS": levels, **env})
+    wait_until(lambda: not agent.running() or listens(), "the agent's socket")
+    return agent
+
+
+def start_service(desktop, *options):
+    service = desktop.start([BUILD / "fv2-demo-service", *options])
+    service.expect("^listening on ")
+    return service
+
+
+def connected(path=AGENT_SOCKET):
+    peer = socket.socket(socket.AF_UNIX)
+    try:
+        peer.connect(path)  # waits for a place in the backlog, which it would not with a time-out
+    except OSError:
+        peer.close()
+        raise
+    peer.settimeout(20)
+    return peer
+
+
+def listens():
+    try:
+        connected().close()
+        return True
+    except OSError:
+        return False
+
+
+def notify(message):
+    """Sends one message to the agent's socket and returns its whole answer."""
+    with connected() as peer:
+        try:
+            peer.sendall(message)
+        except BrokenPipeError:
+            pass  # answered and closed before it had everything
+        answer = b""
+        while chunk := peer.recv(4096):
+            answer += chunk
+        return answer
+
+
+def open_descriptors(program):
+    return len(os.listdir(f"/proc/{program.pid}/fd"))
+
+
+def threads(program):
+    return len(os.listdir(f"/proc/{program.pid}/task"))
+
+
+def end(program, number=signal.SIGTERM, seconds=1.0):
+    """Sends a signal that ends the agent; returns its exit status, or raises when it takes longer than a second."""
+    program.signal(number)
+    return program.wait(seconds)

@@ -1,0 +1,187 @@
+# SPDX-FileCopyrightText: 2026 The fv2-agent authors
+# SPDX-License-Identifier: Apache-2.0
+"""The agent as its user meets it: icon, tooltip, one copy a user, a clean end."""
+
+import os
+import signal
+import stat
+import subprocess
+import threading
+import time
+import unittest
+
+from agent import (AGENT_SOCKET, BUILD, STATE_COLOURS, UNDERSTOOD, end, listens, notify, start_agent, start_service)
+from desktop import Desktop
+from tray import ITEM, WATCHER, tray_items
+from waiting import wait_until
+
+
+class TrayTest(unittest.TestCase):
+    def follow(self, item, colour, when):
+        wait_until(lambda: item.icon_colour() == colour, f"a {colour} icon {when}")
+
+    def test_the_icon_tells_the_truth_from_before_the_service_to_after_it(self):
+        with Desktop() as desktop:
+            agent = start_agent(desktop)
+            item = desktop.tray_item()
+            self.follow(item, "red", "without a service")
+            self.assertEqual(item.tooltip(), "Disk Encryption Agent: Your attention is needed")
+            service = start_service(desktop)
+            self.follow(item, "yellow", "once the service has announced itself")
+            for state, colour in STATE_COLOURS.items():
+                other, other_colour = (3, "red") if colour == "green" else (6, "green")
+                service.send(f"state {other}")
+                self.follow(item, other_colour, f"in state {other}")
+                service.send(f"state {state}")
+                self.follow(item, colour, f"in state {state}")
+            service.send("sync start")
+            self.follow(item, "blue", "during a synchronisation")
+            service.send("state 4")
+            self.follow(item, "yellow", "when synchronising is blocked")
+            service.stop()
+            notify(b'{ "command": "status_changed" }')
+            self.follow(item, "red", "after the service has gone")
+            self.assertTrue(agent.running())
+
+    def test_an_unchanged_status_leaves_the_tray_alone(self):
+        with Desktop() as desktop:
+            service = start_service(desktop)
+            start_agent(desktop)
+            item = desktop.tray_item()
+            self.follow(item, "yellow", "in state 1")
+            monitor = desktop.start(["dbus-monitor", "--session", f"type='signal',interface='{ITEM}'"])
+            monitor.expect("NameAcquired|signal")
+            for _ in range(10):
+                service.send("notify")
+                service.expect("answered")
+                service.expect("status for uid")
+            service.send("state 6")
+            self.follow(item, "green", "in state 6")
+            monitor.expect("member=NewIcon")
+            self.assertEqual(sum("member=NewIcon" in line for line in monitor.lines), 1)
+
+    def test_the_item_comes_with_a_late_panel_and_comes_back_with_a_new_one(self):
+        with Desktop(panel=None) as desktop:
+            start_service(desktop)
+            agent = start_agent(desktop)
+            time.sleep(12)  # past the agent's patience with the newer kind of tray
+            self.assertTrue(agent.running())
+            desktop.start_panel()
+            self.follow(desktop.tray_item(), "yellow", "in a late panel")
+            desktop.panel.stop()
+            wait_until(lambda: not desktop.bus.name_has_owner(WATCHER), "the panel to go")
+            desktop.start_panel()
+            self.follow(desktop.tray_item(), "yellow", "in a new panel")
+            self.assertEqual(len(tray_items(desktop.bus)), 1)
+
+    def test_the_tooltip_speaks_the_desktops_first_language_that_we_have(self):
+        with Desktop() as desktop:
+            start_service(desktop)
+            start_agent(desktop, LANG="C.UTF-8", LANGUAGE="xx:de:en")
+            item = desktop.tray_item()
+            wait_until(lambda: "Bitte beachten Sie die Hinweise" in item.tooltip(), "the German title")
+
+
+class LogSwitchTest(unittest.TestCase):
+    def test_nothing_is_written_until_a_level_is_switched_on(self):
+        with Desktop(panel=None) as desktop:
+            log = desktop.home / "logs/mac-fv2-ui.log"
+            quiet = start_agent(desktop, levels="")
+            self.assertEqual(end(quiet), 0)
+            self.assertEqual(quiet.lines, [])
+            self.assertFalse(log.exists())
+            loud = start_agent(desktop, levels="release,nonsense")
+            loud.expect('FV2_LOG_LEVELS: unknown level "nonsense"')
+            loud.expect(r"^1\) \d\d:\d\d:\d\d\.\d{3} \[release\] Application started\. $")
+            self.assertEqual(end(loud), 0)
+            self.assertEqual(stat.S_IMODE(log.stat().st_mode), 0o600)
+            text = log.read_text(encoding="utf-8")
+            self.assertNotIn("[trace]", text)
+            self.assertIn("applicationWillTerminate()", text)
+
+    def test_a_home_without_a_logs_folder_is_no_failure(self):
+        with Desktop(panel=None, logs_folder=False) as desktop:
+            agent = start_agent(desktop)
+            agent.expect("Application started")
+            self.assertEqual(end(agent), 0)
+            self.assertFalse((desktop.home / "logs").exists())
+
+
+class OneCopyTest(unittest.TestCase):
+    def test_a_second_copy_hands_over_and_leaves_the_first_ones_log_alone(self):
+        with Desktop(panel=None) as desktop:
+            first = start_agent(desktop)
+            log = desktop.home / "logs/mac-fv2-ui.log"
+            inode, before = log.stat().st_ino, log.read_bytes()
+            second = desktop.start([BUILD / "fv2-agent"], {"FV2_LOG_LEVELS": "all"})
+            self.assertEqual(second.wait(), 0)
+            self.assertTrue(any("ERROR: Found another instance." in line for line in second.lines))
+            first.expect("StatusBarMenu Open Application Window")
+            self.assertTrue(first.running())
+            self.assertEqual(log.stat().st_ino, inode)
+            self.assertTrue(log.read_bytes().startswith(before))
+
+    def test_of_two_copies_started_in_the_same_instant_one_stays(self):
+        with Desktop(panel=None) as desktop:
+            for round_number in range(50):
+                copies = self.started_together(desktop, 2)
+                wait_until(lambda: sum(copy.poll() is None for copy in copies) == 1, f"one to go, round {round_number}")
+                gone, stays = sorted(copies, key=lambda copy: copy.poll() is None)
+                self.assertEqual(gone.returncode, 0)
+                self.assertEqual(notify(b'{ "command": "show_ui" }'), UNDERSTOOD)
+                self.assertIsNone(stays.poll())
+                stays.terminate()
+                self.assertEqual(stays.wait(2), 0)
+
+    @staticmethod
+    def started_together(desktop, count):
+        copies = [None] * count
+        gate = threading.Barrier(count)
+
+        def start(index):
+            gate.wait()
+            copies[index] = subprocess.Popen([BUILD / "fv2-agent"], env=desktop.env)
+
+        starters = [threading.Thread(target=start, args=(index,)) for index in range(count)]
+        for starter in starters:
+            starter.start()
+        for starter in starters:
+            starter.join()
+        return copies
+
+    def test_a_killed_copy_leaves_nothing_that_stops_the_next(self):
+        with Desktop(panel=None) as desktop:
+            for _ in range(5):
+                agent = start_agent(desktop)
+                agent.signal(signal.SIGKILL)
+                agent.wait()
+                self.assertTrue(os.path.exists(AGENT_SOCKET))
+
+
+class EndTest(unittest.TestCase):
+    def test_every_ending_signal_unsubscribes_and_removes_the_socket(self):
+        with Desktop(panel=None) as desktop:
+            service = start_service(desktop)
+            for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+                agent = start_agent(desktop)
+                agent.expect("updateFromModel syncSource == Startup")
+                self.assertEqual(end(agent, number), 0, number)
+                service.expect("^unsubscribed uid")
+                self.assertFalse(os.path.exists(AGENT_SOCKET))
+
+    def test_the_end_takes_under_a_second_whatever_the_service_does(self):
+        with Desktop(panel=None) as desktop:
+            self.assertEqual(end(start_agent(desktop)), 0)
+            service = start_service(desktop)
+            for fault in ("silent", "slow 5", "endless", "close", "garbage"):
+                service.send(f"fault {fault}")
+                service.expect(f"^fault {fault}")
+                agent = start_agent(desktop)
+                for _ in range(3):
+                    self.assertEqual(notify(b"{}"), UNDERSTOOD)
+                self.assertEqual(end(agent), 0, fault)
+                self.assertFalse(listens())
+
+
+if __name__ == "__main__":
+    unittest.main()
