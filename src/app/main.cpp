@@ -29,7 +29,8 @@ int runAgent(QApplication& application, fv2::FV2UnixSignals& signals) {
 
     const FV2QtStrings strings(FV2QtStrings::preferredLanguages());
     OxTranslatedString::setApplicationBundle(strings);
-    QGuiApplication::setApplicationDisplayName(
+    // Panels show the application's name where they list their items.
+    QCoreApplication::setApplicationName(
         QString::fromStdString(OxTranslatedString::translateOrMarkID("IDUS_PRODUCT_DISPLAY_NAME").string()));
 
     FV2Images images;
@@ -72,7 +73,7 @@ int main(int argc, char* argv[]) {
     fv2::FV2Logging::deleteLogFile();
 
     QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("fv2-agent"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("fv2-agent"));
     QCoreApplication::setApplicationVersion(QStringLiteral(FV2_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
     return runAgent(application, signals);

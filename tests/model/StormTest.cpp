@@ -101,11 +101,12 @@ TEST_F(Model, EndsAStormInTheLastStateAndStopsInTheMiddleOfTheNextLeavingNothing
             EXPECT_LT(Deadline::Clock::now() - begin, 200ms);
             return stopping = true;
         });
-        threads.workers.finish();
-        const auto shown = interface.icons.size();
+        model->syncCommsAsync(true, fv2SyncSource::User, true);
+        threads.workers.finish(); // and what comes of it waits for the main thread
+        interface.icons.clear();
         model.reset();
         threads.main.drain();
-        EXPECT_EQ(interface.icons.size(), shown);
+        EXPECT_TRUE(interface.icons.empty());
     }
     EXPECT_EQ(openDescriptors(), descriptors);
 }

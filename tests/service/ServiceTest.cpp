@@ -88,7 +88,6 @@ TEST_F(Service, RefusesWhatItCantUnderstandOrMustNotDo) {
         {R"({"command":"format_disk","uid":7})", 2},
         {R"({"command":"get_token","uid":8})", 3},
         {R"({"command":"proxy_sync","uid":7})", 4},
-        {R"({"command":"unsubscribe","uid":7,"token":""})", 4},
         {R"({"command":"set_user_credentials","uid":7,"token":"0","parameters":{"username":"a","password":"b"}})", 4}};
     for (const auto& [text, code] : table)
         EXPECT_EQ(handler.answer(text, 7), kRefused + std::to_string(code) + '}') << text;
@@ -108,6 +107,7 @@ TEST_F(Service, ServesWhoHasATokenUntilItUnsubscribesAndTellsCredentialsToNobody
     EXPECT_EQ(answer("set_user_credentials", token, credentials + "\"horse\"}"), kRefused + "17}");
     EXPECT_EQ(answer("set_user_credentials", token, credentials + "5}"), kRefused + "1}");
     EXPECT_TRUE(std::ranges::none_of(lines, [](const auto& line) { return line.find("horse") != line.npos; }));
+    EXPECT_EQ(answer("unsubscribe", "0"), kRefused + "4}");
     EXPECT_EQ(answer("unsubscribe", token), R"({"result":true,"success":true,"error_code":0})");
     EXPECT_EQ(answer("proxy_sync", token), kRefused + "4}");
     EXPECT_NE(answer("get_token", ""), reply);
