@@ -16,8 +16,8 @@ constexpr std::int64_t kBadConfiguration = 0;
 constexpr std::int64_t kAlsoBadConfiguration = 11;
 constexpr std::int64_t kDefaultPostponeMinutes = 60;
 
-std::string textOr(std::string text, const std::string& unknown) {
-    return text.empty() ? unknown : std::move(text);
+const std::string& textOr(const std::string& text, const std::string& unknown) {
+    return text.empty() ? unknown : text;
 }
 
 } // namespace

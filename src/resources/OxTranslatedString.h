@@ -27,6 +27,11 @@ public:
     explicit OxTranslatedString(std::string text)
         : _storage(std::make_shared<const std::string>(std::move(text))) {}
 
+    // Copied, never moved from: every text has a storage.
+    OxTranslatedString(const OxTranslatedString&) = default;
+    OxTranslatedString& operator=(const OxTranslatedString&) = default;
+    ~OxTranslatedString() = default;
+
     //! Resolves an identifier (a text that begins with "IDUS_" or "IDCUS_") through the bundle. One without a text, and
     //! any literal, comes back behind a "!", so that it stands out on screen; a missing one also goes to the system
     //! log.

@@ -24,9 +24,9 @@ void trace(const char* text) {
 bool FV2DuplicateInstance::handleDuplicateInstance() {
     trace("handleDuplicateInstance -> IN");
     const bool found = findAndHandOver();
-    if (found)
+    if (found && !m_stop->isRaised())
         log(FV2LoggingLevel::release, {"ERROR: Found another instance."});
-    else
+    else if (!found)
         trace("handleDuplicateInstance -> canConnect FALSE");
     trace("handleDuplicateInstance -> leaving");
     return found;

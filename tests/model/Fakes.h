@@ -40,10 +40,9 @@ struct HandDispatch final : FV2Dispatch {
 
 //! A clock that is told the time.
 struct ToldTimers final : FV2TimerService {
-    using Time = std::chrono::steady_clock::time_point;
     using Job = std::function<void()>;
 
-    Time now() const override { return m_now; }
+    std::chrono::steady_clock::time_point now() const override { return m_now; }
     std::unique_ptr<FV2Timer> after(std::chrono::milliseconds delay, Job callback) override {
         auto timer = std::make_unique<Timer>();
         timer->job = std::make_shared<Job>(std::move(callback));
@@ -53,7 +52,7 @@ struct ToldTimers final : FV2TimerService {
 
     //! Goes from one due call to the next.
     void advance(std::chrono::milliseconds by) {
-        const Time end = m_now + by;
+        const auto end = m_now + by;
         while (!m_due.empty() && m_due.begin()->first <= end) {
             const auto next = m_due.extract(m_due.begin());
             m_now = next.key();
@@ -68,8 +67,8 @@ private:
         std::shared_ptr<Job> job;
     };
 
-    Time m_now{};
-    std::multimap<Time, std::weak_ptr<Job>> m_due;
+    std::chrono::steady_clock::time_point m_now{};
+    std::multimap<std::chrono::steady_clock::time_point, std::weak_ptr<Job>> m_due;
 };
 
 //! A service without a socket: notes each request, gives the answers that the test has set.

@@ -11,7 +11,7 @@ namespace fv2::test {
 
 TEST(RefreshGate, KeepsItsPromisesInAnyOrderOfEvents) {
     ToldTimers timers;
-    std::optional<ToldTimers::Time> lastStart;
+    std::optional<std::chrono::steady_clock::time_point> lastStart;
     int running = 0;
     bool owed = false; // a notification that no start has followed yet
     FV2RefreshGate gate(timers, 2, [&] {

@@ -11,12 +11,13 @@ namespace fv2::service::test {
 
 using namespace fv2::test;
 
-//! Starts the real program in `folder`, its input at an end, its output in a file.
+//! Starts the real program in `folder` for 20 s at most, its input at an end, its output in a file.
 pid_t start(const TemporaryFolder& folder, const std::string& options) {
     const pid_t child = ::fork();
     if (child == 0) {
         const std::string command = "exec " DEMO_SERVICE " --socket service.sock --agent-socket-dir . " + options;
         const std::string script = "cd " + folder.path() + " && " + command + " > output 2>&1 < /dev/null";
+        ::alarm(20);
         ::execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
     }
     return child;
@@ -58,7 +59,7 @@ TEST(Program, KeepsNoCopyOfAPasswordAndGoesWithASignal) {
     };
     const std::string token = receiveAll(connection(user + R"(,"command":"get_token"})"));
     std::vector<UniqueFd> open;
-    for (const std::string secret : {"short-horse", "correct-horse-battery-staple-0123456789-correct-horse-battery"}) {
+    for (const std::string secret : {"correct-horse-battery-staple-0123456789-correct-horse-battery", "short-horse"}) {
         open.push_back(connection(user + R"(,"command":"set_user_credentials","token":")" +
                                   token.substr(token.find(R"("token":")") + 9, 32) +
                                   R"(","parameters":{"username":"ann","password":")" + secret + "\"}}"));

@@ -247,7 +247,6 @@ TEST_F(Service, PlaysEveryShippedScenarioToItsEndWithinMinutes) {
 
 TEST_F(Service, NamesWhatIsWrongInAScenario) {
     const Table table{{"", "s: not JSON"},
-                      {R"({"steps": [3]})", "s.steps[0]: wanted an object"},
                       {R"({"steps": [{}], "speed": 2})", "s: unknown key \"speed\""},
                       {R"({"steps": [{}, {"set": ["state 5", "state x"]}]})", "s.steps[1].set[1]: wanted: state N"},
                       {R"({"steps": [{"for": 1e300}]})", "s.steps[0].for:"},
