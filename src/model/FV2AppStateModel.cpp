@@ -252,8 +252,10 @@ void FV2AppStateModel::updateWindows() {
     release("updateModelSempahore - wait (update from model)");
     const SemaphoreHold hold(updateModelSemaphore);
     release("updateModelSempahore - waited (update from model)");
-    if (isMainWindowOpen())
-        release("updateModelSempahore - using " + m_wndDelegate->updateMainWindow());
+    if (isMainWindowOpen()) {
+        release("updateModelSempahore - using " + m_wndDelegate->mainWindowDescription());
+        m_wndDelegate->updateMainWindow();
+    }
     if (m_wndDelegate != nullptr)
         m_wndDelegate->closeUnneededPasswordWindows();
     release("updateModelSempahore - signal (update from model)");

@@ -86,8 +86,10 @@ public:
     virtual ~FV2WindowRegistry() = default;
     [[nodiscard]] virtual bool isOpen(fv2Window kind) const = 0;
     virtual void openWindow(fv2Window kind, bool userInitiated) = 0;
-    //! Lets the open main window read the model anew; returns what its controller calls itself.
-    virtual std::string updateMainWindow() = 0;
+    //! What the open main window's controller calls itself, for log lines.
+    [[nodiscard]] virtual std::string mainWindowDescription() const = 0;
+    //! Lets the open main window read the model anew.
+    virtual void updateMainWindow() = 0;
     virtual void selectProtectionStatusPage() = 0;
     virtual void closeUnneededPasswordWindows() = 0;
     //! Shows the alert on the open window of that kind.

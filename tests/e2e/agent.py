@@ -67,12 +67,16 @@ def notify(message):
         return answer
 
 
-def open_descriptors(program):
-    return len(os.listdir(f"/proc/{program.pid}/fd"))
+def resources_at_rest(program):
+    """The program's open descriptors and threads, once their numbers have stayed the same for a while."""
+    readings = []
 
+    def settled():
+        readings.append(tuple(len(os.listdir(f"/proc/{program.pid}/{kind}")) for kind in ("fd", "task")))
+        return len(readings) >= 20 and len(set(readings[-20:])) == 1
 
-def threads(program):
-    return len(os.listdir(f"/proc/{program.pid}/task"))
+    wait_until(settled, f"{program.name} to come to rest", 30)
+    return readings[-1]
 
 
 def end(program, number=signal.SIGTERM, seconds=1.0):

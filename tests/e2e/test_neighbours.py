@@ -9,8 +9,8 @@ import threading
 import time
 import unittest
 
-from agent import (AGENT_SOCKET, BUILD, NOT_UNDERSTOOD, SERVICE_SOCKET, UNDERSTOOD, connected, end, notify, open_descriptors,
-                   start_agent, start_service, threads)
+from agent import (AGENT_SOCKET, BUILD, NOT_UNDERSTOOD, SERVICE_SOCKET, UNDERSTOOD, connected, end, notify,
+                   resources_at_rest, start_agent, start_service)
 from desktop import Desktop
 from waiting import wait_until
 
@@ -40,7 +40,7 @@ class NotificationsTest(unittest.TestCase):
             desktop.tray_item()
             for _ in range(20):
                 notify(b"warm up")
-            before = open_descriptors(agent), threads(agent)
+            before = resources_at_rest(agent)
             answers = []
 
             def send(share):
@@ -54,8 +54,7 @@ class NotificationsTest(unittest.TestCase):
             for sender in senders:
                 sender.join()
             self.assertEqual(answers, [NOT_UNDERSTOOD] * 10000)
-            wait_until(lambda: (open_descriptors(agent), threads(agent)) == before,
-                       f"{before} descriptors and threads, as before")
+            self.assertEqual(resources_at_rest(agent), before, "descriptors and threads")
             self.assertEqual(notify(b"{}"), UNDERSTOOD)
 
     def test_silent_peers_do_not_keep_a_real_notification_waiting(self):

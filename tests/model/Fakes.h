@@ -103,7 +103,8 @@ struct FakeInterface final : FV2StatusItem, FV2ApplicationDelegate, FV2WindowReg
     void openWindow(fv2Window kind, bool userInitiated) override {
         calls += "open " + std::to_string(static_cast<int>(kind)) + (userInitiated ? " for user; " : "; ");
     }
-    std::string updateMainWindow() override { return std::to_string(++mainUpdates); }
+    [[nodiscard]] std::string mainWindowDescription() const override { return "main window"; }
+    void updateMainWindow() override { ++mainUpdates; }
     void selectProtectionStatusPage() override { calls += "status page; "; }
     void closeUnneededPasswordWindows() override { calls += updates->count() == 0 ? "" : "no semaphore held; "; }
     void doAlert(fv2Window kind, std::uint64_t errorCode, fv2Alert alert) override {
