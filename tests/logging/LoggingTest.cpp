@@ -9,7 +9,6 @@
 #include <array>
 #include <cstdarg>
 #include <limits>
-#include <map>
 #include <regex>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -102,7 +101,7 @@ TEST(FV2Logging, KeepsTheLinesOfManyThreadsApartAndNeverStallsOnAPipeThatNobodyR
                           ::close(ends[0]);
                       ::dup2(ends[1], STDOUT_FILENO);
                       FV2Logging logger(Level::release);
-                      std::vector<std::jthread> threads(6);
+                      std::vector<std::jthread> threads(8);
                       for (std::jthread& thread : threads)
                           thread = std::jthread([&logger] {
                               for (int line = 0; line < 50; ++line)
@@ -113,13 +112,12 @@ TEST(FV2Logging, KeepsTheLinesOfManyThreadsApartAndNeverStallsOnAPipeThatNobodyR
                   0)
             << closed;
         const std::regex whole(R"(\d\) now \[release\] x+ )");
-        std::map<char, int> linesOf;
+        std::set<char> threads;
         std::istringstream lines(home.text());
-        for (std::string line; std::getline(lines, line); ++linesOf[line.front()])
+        for (std::string line; std::getline(lines, line); threads.insert(line.front()))
             EXPECT_TRUE(std::regex_match(withoutTime(line.substr(0, 300)) + line.back(), whole)) << line;
-        // A number for each thread.
-        EXPECT_EQ(linesOf, (std::map<char, int>{{'2', 50}, {'3', 50}, {'4', 50}, {'5', 50}, {'6', 50}, {'7', 50}}));
-        EXPECT_EQ(home.text().size(), 6U * (49 * 328 + 70'028)) << "the file has every line";
+        EXPECT_EQ(threads.size(), 8U) << "a number for each";
+        EXPECT_EQ(home.text().size(), 8U * (49 * 328 + 70'028)) << "the file has every line";
     }
 }
 

@@ -54,8 +54,9 @@ TEST_F(Interpretation, ShowsTheRowsOfEachStateAndOneOfTheSynchronisation) {
 }
 
 TEST_F(Interpretation, TakesFromAnAnswerWhatItTells) {
-    const std::string whole = R"("status":{"state":5,"progress":7,"uuid":"u","version":"v","sync_active":1,)"
-                              R"("sync_ok":0,"sync_last":9},"policy":{"postponecredentialmins":5}})";
+    const std::string whole =
+        R"("status":{"state":5,"progress":7,"uuid":"u","version":"v","sync_active":1,"sync_ok":0,"sync_last":9},
+           "policy":{"postponecredentialmins":5}})";
     const std::string all = " v, u, at 9, 7% 5 min";
     const std::string nothing = " UNKNOWN %1, UNKNOWN %1, UNKNOWN %1, 0% 60 min";
     // One object takes all the answers, so that what one leaves behind shows in the next.

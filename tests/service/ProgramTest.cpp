@@ -58,10 +58,13 @@ TEST(Program, KeepsNoCopyOfAPasswordAndGoesWithASignal) {
         return socket;
     };
     const std::string token = receiveAll(connection(user + R"(,"command":"get_token"})"));
-    const UniqueFd open = connection(
-        user + R"(,"command":"set_user_credentials","token":")" + token.substr(token.find(R"("token":")") + 9, 32) +
-        R"(","parameters":{"username":"ann","password":"battery-horse-staple-0123456789"}})");
-    EXPECT_EQ(receiveAll(open), R"({"result":true,"success":true,"error_code":0})");
+    std::vector<UniqueFd> open;
+    for (const std::string secret : {"correct-horse-battery-staple-0123456789-correct-horse-battery", "short-horse"}) {
+        open.push_back(connection(user + R"(,"command":"set_user_credentials","token":")" +
+                                  token.substr(token.find(R"("token":")") + 9, 32) +
+                                  R"(","parameters":{"username":"ann","password":")" + secret + "\"}}"));
+        EXPECT_EQ(receiveAll(open.back()), R"({"result":true,"success":true,"error_code":0})");
+    }
 
     std::ifstream maps("/proc/" + std::to_string(child) + "/maps");
     std::ifstream memory("/proc/" + std::to_string(child) + "/mem", std::ios::binary);
