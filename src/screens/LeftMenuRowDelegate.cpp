@@ -20,7 +20,7 @@ void LeftMenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
                                 const QModelIndex& /*index*/) const {
     if (option.state.testFlag(QStyle::State_Selected))
         painter->fillRect(option.rect, m_highlight);
-    if (option.state.testFlag(QStyle::State_HasFocus)) {
+    if (option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
         painter->setPen(QPen(m_focus, 1));
         painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
     }

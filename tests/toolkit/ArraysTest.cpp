@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "toolkit/NxArrayMapper.h"
+#include "toolkit/OxObjMultiplexer.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace fv2::test {
+namespace {
+
+using Object = std::shared_ptr<std::string>;
+using Array = OxMutableArray<std::string>;
+using Change = std::function<void(Array&)>;
+
+Object object(const std::string& text) {
+    return std::make_shared<std::string>(text);
+}
+
+std::string textOf(const OxObservableArray<std::string>& array) {
+    std::string all;
+    for (std::size_t index = 0; index < array.count(); ++index)
+        all += *array.objectAtIndex(index);
+    return all;
+}
+
+//! Writes down what it is told, then does `then` with it.
+class Recorder : public OxArrayObserver<std::string> {
+public:
+    void willAddObject(const Object& object, std::size_t index) override { note("+?", object, index); }
+    void didAddObject(const Object& object, std::size_t index) override { note("+", object, index); }
+    void willRemoveObject(const Object& object, std::size_t index) override { note("-?", object, index); }
+    void didRemoveObject(const Object& object, std::size_t index) override { note("-", object, index); }
+
+    std::string told;
+    std::function<void(const std::string& what)> then = [](const std::string&) {};
+
+private:
+    void note(const char* kind, const Object& object, std::size_t index) {
+        const std::string what = kind + (object ? *object : "") + std::to_string(index);
+        told += what + " ";
+        then(what);
+    }
+};
+
+TEST(Arrays, TellEveryoneOfEveryChangeInOrderAlsoOfThoseMadeByWhoIsTold) {
+    const Change add = [](Array& a) { a.addObject(object("x")); };
+    const Change insert = [](Array& a) { a.insertObjectAtIndex(object("y"), 0); };
+    const Change remove = [](Array& a) { a.removeObjectAtIndex(1); };
+    const Change removeRange = [](Array& a) { a.removeObjectsInRange(1, 2); };
+    const Change removeAll = [](Array& a) { a.removeObjectsInRange(0, a.count()); };
+    const auto fails = [](const Change& change) {
+        return [=](Array& a) { EXPECT_THROW(change(a), std::out_of_range); };
+    };
+    struct Case {
+        Change change;
+        const char* told;
+        const char* left;
+        const char* when = ""; //!< when the first observer answers with a change of its own
+        Change answer = {};
+    };
+    const Case table[] = {
+        {add, "+?x4 +x4 ", "abcdx"},
+        {insert, "+?y0 +y0 ", "yabcd"},
+        {remove, "-?b1 -b1 ", "acd"},
+        {removeRange, "-?b1 -?c2 -1 -2 ", "ad"},
+        {fails([](Array& a) { a.removeObjectAtIndex(4); }), "", "abcd"},
+        {fails([](Array& a) { a.insertObjectAtIndex(object("x"), 5); }), "", "abcd"},
+        {fails([](Array& a) { a.removeObjectsInRange(3, SIZE_MAX); }), "", "abcd"},
+        {add, "+?x4 +?y0 +y0 +x5 ", "yabcdx", "+?x4", insert},
+        {add, "+?x4 +x4 +?y0 +y0 ", "yabcdx", "+x4", insert},
+        {add, "+?x4 -?a0 -?b1 -?c2 -?d3 -0 -1 -2 -3 +x0 ", "x", "+?x4", removeAll},
+        {remove, "-?b1 +?y0 +y0 -b2 ", "yacd", "-?b1", insert},
+        {remove, "-?b1 -?b1 -?c2 -1 -2 ", "ad", "-?b1", removeRange},
+        {removeRange, "-?b1 -?c2 +?y0 +y0 -2 -3 ", "yad", "-?b1", insert},
+        {removeRange, "-?b1 -?c2 -1 -2 +?y0 +y0 ", "yad", "-1", insert},
+    };
+    for (const Case& each : table) {
+        const auto array = std::make_shared<Array>();
+        for (const char* letter : {"a", "b", "c", "d"})
+            array->addObject(object(letter));
+        Recorder first;
+        Recorder last;
+        first.then = [&, isFirst = true](const std::string& what) mutable {
+            if (what == each.when && std::exchange(isFirst, false))
+                each.answer(*array);
+        };
+        array->addContentObserver(first);
+        const NxArrayMapper<std::string, std::string> mapper(array, [](const Object& o) { return object(*o); });
+        array->addContentObserver(last);
+        array->addContentObserver(first);
+        each.change(*array);
+        EXPECT_EQ(first.told, each.told);
+        EXPECT_EQ(last.told, each.told);
+        EXPECT_EQ(textOf(*array), each.left) << each.told;
+        EXPECT_EQ(textOf(*mapper.destArray()), each.left) << each.told;
+    }
+}
+
+TEST(Arrays, LetObserversComeGoAndDieWhileTheyAreTold) {
+    Array array;
+    Recorder first;
+    Recorder leaving;
+    Recorder joining;
+    auto dying = std::make_unique<Recorder>();
+    first.then = [&](const std::string&) {
+        array.removeContentObserver(leaving);
+        array.addContentObserver(joining);
+        dying.reset();
+    };
+    for (Recorder* each : {&first, &leaving, dying.get()})
+        array.addContentObserver(*each);
+    array.addObject(object("x"));
+    EXPECT_EQ(first.told + "|" + leaving.told + "|" + joining.told, "+?x0 +x0 ||+x0 ");
+}
+
+TEST(ObjMultiplexer, TellsOfItsOutputForTheControlAndTheInputThatShows) {
+    OxObjMultiplexer<std::string> multiplexer(object("t"), object("f"));
+    std::string told;
+    using Signals = OxObjMultiplexerSignals;
+    QObject::connect(&multiplexer, &Signals::outputWillChange, [&] { told += "?" + *multiplexer.output(); });
+    QObject::connect(&multiplexer, &Signals::outputDidChange, [&] { told += *multiplexer.output() + " "; });
+    multiplexer.setInputTrue(object("T"));
+    multiplexer.setInputFalse(object("F"));
+    multiplexer.setInputControl(true);
+    multiplexer.setInputFalse(object("f"));
+    multiplexer.setInputTrue(object("t"));
+    EXPECT_EQ(told, "?fF ?FT ?Tt ");
+}
+
+} // namespace
+} // namespace fv2::test
