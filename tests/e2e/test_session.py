@@ -76,7 +76,7 @@ class DoNotDisturbTest(unittest.TestCase):
                 service = start_service(desktop)
                 service.send("state 3")
                 service.expect("^state 3")
-                for _ in range(10):  # what the desktop says may arrive after what the service says
+                for _ in range(20):  # what the desktop says may arrive after what the service says
                     agent = start_agent(desktop, **env)
                     agent.expect("updateFromModel syncSource == Startup")
                     agent.expect(r"IsDNDMode\(\) returning true")
