@@ -6,7 +6,7 @@ import contextlib
 import subprocess
 from dataclasses import dataclass
 
-from Xlib import X
+from Xlib import X, Xutil
 from Xlib.display import Display
 from Xlib.error import XError
 from Xlib.protocol.event import ClientMessage
@@ -143,6 +143,10 @@ class Window:
     def active(self):
         return self._screen.active() == self
 
+    def managed(self):
+        """Whether it has a frame and stands in lists of windows, as menus and tooltips do not."""
+        return self.number in self._screen.root_property("_NET_CLIENT_LIST")
+
     def states(self):
         """Names of what the window manager says of it, e.g. {"ABOVE", "MODAL", "DEMANDS_ATTENTION"}."""
         return self._names("_NET_WM_STATE")
@@ -164,6 +168,10 @@ class Window:
     def close(self):
         """What the close button in the window's frame does: the program is asked, and may do something else."""
         self._ask("_NET_CLOSE_WINDOW", X.CurrentTime, FROM_THE_USER)
+
+    def minimise(self):
+        """What the minimise button in the window's frame does."""
+        self._ask("WM_CHANGE_STATE", Xutil.IconicState)
 
     def activate(self):
         """Brings it to the front as a click in a list of windows does."""

@@ -1,0 +1,52 @@
+# SPDX-FileCopyrightText: 2026 The fv2-agent authors
+# SPDX-License-Identifier: Apache-2.0
+"""The main window as a screen reader tells it and leads through it."""
+
+import unittest
+
+from agent import BUILD, start_service
+from desktop import Desktop
+from screen_reader import ScreenReader
+from waiting import wait_until
+
+TEXTS = {
+    "en": {"rows": ["Protection status", "About"], "about": "About this program", "states": (
+        (1, "1, status: warning", "Please read the messages"), (3, "2, status: problem", "Your attention is needed"),
+        (6, "", "No problems reported"))},
+    "de": {"rows": ["Schutzstatus", "Über"], "about": "Über dieses Programm", "states": (
+        (1, "1, Status: Warnung", "Bitte beachten Sie die Hinweise"),
+        (3, "2, Status: Problem", "Ihre Aufmerksamkeit ist gefragt"), (6, "", "Keine Probleme gemeldet"))},
+}
+
+
+class ScreenReaderTest(unittest.TestCase):
+    def test_the_window_is_told_and_led_in_the_users_language(self):
+        for language, texts in TEXTS.items():
+            with self.subTest(language), Desktop(window_manager=True, accessible=True) as desktop:
+                service = start_service(desktop)
+                agent = desktop.start([BUILD / "fv2-agent", "--show-window"], {"LANGUAGE": language})
+                application = ScreenReader(desktop).application(agent.pid)
+                window = application.find(name="Disk Encryption Agent", states=["active"])
+                status, about = window.find("list").children()
+                self.assertEqual([status.name(), about.name()], texts["rows"])
+                self.assertIn("selected", status.states())
+                for state, description, title in texts["states"]:
+                    service.send(f"state {state}")
+                    wait_until(lambda: status.description() == description, f"'{description}' in state {state}")
+                    window.find("filler", title, ["showing"])
+                    window.find("label", title, ["showing"])
+                self.assertEqual(about.description(), "")
+                about.do("Toggle")
+                wait_until(lambda: "selected" in about.states(), "the row to be selected")
+                self.assertNotIn("selected", status.states())
+                window.find("filler", texts["about"], ["showing"])
+                self.assertNotIn("showing", window.find("filler", title).states())
+                desktop.screen.press("Up")
+                window.find("filler", title, ["showing"])
+                nameless = [element.role() for element in window.find_all(states=["focusable"]) if not element.name()]
+                self.assertEqual(nameless, [])
+                self.assertIn(window.role(), ("frame", "window"))
+
+
+if __name__ == "__main__":
+    unittest.main()
