@@ -44,7 +44,7 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
                   .menu = m_menu,
                   .quit = [] { QCoreApplication::exit(); }}) {
     // Panels show the application's name where they list their items.
-    QCoreApplication::setApplicationName(QString::fromStdString(text("IDUS_PRODUCT_DISPLAY_NAME")));
+    QGuiApplication::setApplicationDisplayName(QString::fromStdString(text("IDUS_PRODUCT_DISPLAY_NAME")));
     m_appModel->setAppConfigModel(makeAppConfigModel());
     m_appModel->setWndDelegate(&m_wndDelegate);
     onAppearanceChanged();
@@ -80,7 +80,10 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
     QObject::connect(&m_application, &QCoreApplication::aboutToQuit, &m_delegate,
                      &AppDelegate::applicationWillTerminate);
     QObject::connect(&m_appearance, &FV2Appearance::changed, &m_delegate, [this] { onAppearanceChanged(); });
-    QObject::connect(&m_wndDelegate, &FV2WindowDelegate::firstWindow, &m_appearance, &FV2Appearance::askPortal);
+    QObject::connect(&m_wndDelegate, &FV2WindowDelegate::firstWindow, &m_delegate, [this] {
+        QApplication::setWindowIcon(m_images.imageNamed(QStringLiteral("orm_menu_icon")));
+        m_appearance.askPortal();
+    });
     QObject::connect(&m_session, &FV2LoginSession::becameActive, &m_delegate, &AppDelegate::sessionBecameActive);
     QObject::connect(&m_session, &FV2LoginSession::resigned, &m_delegate, &AppDelegate::sessionResigned);
     QObject::connect(&m_activation, &FV2DesktopActivation::activated, &m_delegate, [this](const QString& token) {

@@ -79,6 +79,7 @@ void FV2AppStateModel::onBound(bool bound) {
 
 void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bool alertOnFailure) {
     release("syncCommsAsync() in.");
+    m_wantsNotifications |= source == fv2SyncSource::Moved;
     if (source == fv2SyncSource::Service && checkAction && !alertOnFailure)
         m_serviceGate.request();
     else if (source == fv2SyncSource::Moved && !checkAction && !alertOnFailure)
@@ -133,7 +134,10 @@ void FV2AppStateModel::finishRefresh(bool checkAction, fv2SyncSource source, boo
     const CommandResult& result = answer.status.result;
     if (alertOnFailure && !result.ok && isMainWindowOpen())
         m_wndDelegate->doAlert(fv2Window::Main, result.errorCode, result.alert);
-    scheduleUnpromptedRefresh();
+    if (m_wantsNotifications)
+        scheduleUnpromptedRefresh();
+    else
+        sendUnsubscribe(); // this refresh was under way meanwhile: its new token has made the old one worthless
 }
 
 //! The notification that follows a user's synchronisation counts as the user's own request.
@@ -200,6 +204,12 @@ void FV2AppStateModel::finishProxySync(bool alertOnFailure, const CommandResult&
 
 void FV2AppStateModel::unsubscribeFromNotifications() {
     release("Unsubscribe from notifications.");
+    m_wantsNotifications = false;
+    m_unpromptedRefresh.reset();
+    sendUnsubscribe();
+}
+
+void FV2AppStateModel::sendUnsubscribe() {
     m_outside.dispatch.toWorker(
         [&service = m_outside.service, request = unsubscribeRequest(m_state.userID, m_state.commsToken)] {
             static_cast<void>(service.exchange(request));

@@ -71,7 +71,8 @@ public:
     //! Asks the service to synchronise with its management server; dropped while one is in flight. Returns at once.
     void syncProxyAsync(fv2SyncSource source, bool alertOnFailure);
 
-    //! Tells the service, on a worker, to stop its notifications.
+    //! Tells the service, on a worker, to stop its notifications, and asks it nothing by itself any more until the user
+    //! comes back.
     void unsubscribeFromNotifications();
     //! The same as the agent's last word: ends all other exchanges first, takes 500 ms at most. From here on no result
     //! reaches the model any more.
@@ -105,6 +106,7 @@ private:
     void onNotification(fv2JsonCommand command);
     void onBound(bool bound);
     void scheduleUnpromptedRefresh();
+    void sendUnsubscribe();
     [[nodiscard]] bool isMainWindowOpen() const;
     [[nodiscard]] std::function<void()> guarded(std::function<void()> job) const;
 
@@ -127,6 +129,7 @@ private:
     std::uint64_t m_newestStatus = 0;
     std::atomic<bool> m_notificationPosted = false;
     bool m_notificationsArrive = true;
+    bool m_wantsNotifications = true;
     std::unique_ptr<FV2Timer> m_unpromptedRefresh;
 
     std::shared_ptr<const char> m_alive = std::make_shared<const char>();

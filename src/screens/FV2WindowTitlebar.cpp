@@ -48,7 +48,6 @@ FV2WindowTitlebarAccessoryViewController::FV2WindowTitlebarAccessoryViewControll
 }
 
 void FV2WindowTitlebarAccessoryViewController::attachTo(FV2WindowController& controller) {
-    m_windowController = &controller;
     m_subviewController = std::make_unique<FV2WindowTitlebarViewController>(m_appModel);
     QWidget* const strip = m_subviewController->view();
     strip->setFixedHeight(std::max(kLeastHeight, kContainerHeight - controller.titlebarHeight()));

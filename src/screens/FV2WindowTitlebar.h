@@ -6,8 +6,6 @@
 #include "shell/FV2WindowController.h"
 #include "toolkit/NxImageView.h"
 
-#include <QPointer>
-
 #include <memory>
 
 namespace fv2 {
@@ -49,7 +47,6 @@ public:
 
 private:
     std::weak_ptr<FV2AppStateModel> m_appModel;
-    QPointer<FV2WindowController> m_windowController;
     std::unique_ptr<FV2WindowTitlebarViewController> m_subviewController;
 };
 

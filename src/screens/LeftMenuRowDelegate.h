@@ -7,8 +7,8 @@
 
 namespace fv2 {
 
-//! Paints what lies under a row's cell: nothing, or the mark of the selected row, with a frame when the user has come to
-//! the menu by keyboard. The desktop's own style would choose other colours. Main thread only.
+//! Paints what lies under a row's cell: nothing, or the mark of the selected row, with a frame when the user has come
+//! to the menu by keyboard. The desktop's own style would choose other colours. Main thread only.
 class LeftMenuRowDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 public:

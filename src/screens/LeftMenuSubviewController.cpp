@@ -73,7 +73,7 @@ LeftMenuSubviewController::~LeftMenuSubviewController() {
 }
 
 void LeftMenuSubviewController::viewDidLoad() {
-    log(FV2LoggingLevel::trace, {"LeftMenuSubviewController.viewDidLoad"});
+    trace("LeftMenuSubviewController.viewDidLoad");
     m_rows = new LeftMenuRowDelegate(requiredInteger(appModel, "leftmenu_rowheight"), tableView);
     tableView->setItemDelegate(m_rows);
     tableView->setAccessibleName(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
@@ -151,9 +151,9 @@ void LeftMenuSubviewController::refreshColours(const FV2AppConfigModel& config) 
     leftmenuView->setBackgroundColor(background);
     rightBorder->setBackgroundColor(background);
     m_rows->setColours(toQColor(colours.colourLeftMenuHighlight), toQColor(colours.colourLeftMenuTextGrayed));
-    QPalette palette = tableView->palette();
-    palette.setColor(QPalette::Base, background);
-    tableView->setPalette(palette);
+    QPalette changed;
+    changed.setColor(QPalette::Base, background);
+    tableView->setPalette(changed);
     for (int row = 0; row < tableView->count(); ++row)
         colourCell(row, row == tableView->currentRow());
     tableView->viewport()->update();

@@ -13,13 +13,28 @@ LeftMenuTableView::LeftMenuTableView(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabKeyNavigation(false);
     setUniformItemSizes(true);
+    connect(this, &QListWidget::itemSelectionChanged, this, &LeftMenuTableView::followSelection);
 }
 
 void LeftMenuTableView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
     const int before = currentRow();
     QListWidget::mousePressEvent(event);
-    if (event->button() == Qt::LeftButton && row(itemAt(event->pos())) == before && before >= 0)
+    if (row(itemAt(event->pos())) == before && before >= 0)
         Q_EMIT selectedRowPressed(before);
+}
+
+QItemSelectionModel::SelectionFlags LeftMenuTableView::selectionCommand(const QModelIndex& index,
+                                                                        const QEvent* /*event*/) const {
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+//! Screen readers change the selection and leave the current row.
+void LeftMenuTableView::followSelection() {
+    const auto selected = selectedItems();
+    if (selected.size() == 1 && selected.first() != currentItem())
+        setCurrentItem(selected.first());
 }
 
 void LeftMenuTableView::keyPressEvent(QKeyEvent* event) {

@@ -18,7 +18,13 @@ Q_SIGNALS:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    //! There is always one row selected: a press beside the rows, or with a key held, leaves it.
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                                       const QEvent* event) const override;
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void followSelection();
 };
 
 } // namespace fv2

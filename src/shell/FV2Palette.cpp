@@ -39,7 +39,10 @@ QPalette made(const Tones& tones) {
 QPalette windowPalette(bool dark) {
     const QPalette own = QGuiApplication::palette();
     const bool ownIsDark = own.color(QPalette::Window).lightness() < own.color(QPalette::WindowText).lightness();
-    return ownIsDark == dark ? own : made(dark ? kDark : kLight);
+    QPalette palette = ownIsDark == dark ? own : made(dark ? kDark : kLight);
+    // Every role is this palette's own: the application's may turn to the other kind while the window is open.
+    palette.setResolveMask(~QPalette::ResolveMask(0));
+    return palette;
 }
 
 } // namespace fv2

@@ -27,6 +27,10 @@ QString FV2StatusMenu::text(std::string_view identifier) const {
 }
 
 void FV2StatusMenu::popUp(const QPoint& place) {
+    if (m_popUp && m_popUp->isVisible()) {
+        m_popUp->close();
+        return;
+    }
     m_popUp = std::make_unique<QMenu>();
     m_popUp->addActions(m_menu.actions());
     connect(m_popUp.get(), &QMenu::aboutToHide, this, &FV2StatusMenu::closed);

@@ -21,7 +21,7 @@ public:
 
     //! For the tray's host. Never popped up by us: a host and we showing the same menu would close each other's.
     [[nodiscard]] QMenu& menu() { return m_menu; }
-    //! Shows the same entries at a place of the screen, in a menu of our own.
+    //! Shows the same entries at a place of the screen, in a menu of our own; closes that menu when it is shown.
     void popUp(const QPoint& place);
 
     //! Changes only what is different: the host fetches the entries anew after every change.

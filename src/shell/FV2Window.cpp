@@ -4,6 +4,8 @@
 
 #include "logging/FV2Logging.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QScreen>
 #include <QShortcut>
@@ -16,6 +18,13 @@ namespace {
 constexpr Qt::WindowFlags kTitledAndClosable =
     Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
+//! Without it screen readers would take the window for a mere container.
+QAccessibleInterface* accessibleWindow(const QString& className, QObject* object) {
+    if (className != QLatin1String(FV2Window::staticMetaObject.className()))
+        return nullptr;
+    return new QAccessibleWidget(static_cast<FV2Window*>(object), QAccessible::Window);
+}
+
 } // namespace
 
 FV2Window::FV2Window(QSize contentSize)
@@ -23,6 +32,7 @@ FV2Window::FV2Window(QSize contentSize)
     , m_frame(new QVBoxLayout(this)) {
     m_frame->setContentsMargins(0, 0, 0, 0);
     m_frame->setSpacing(0);
+    QAccessible::installFactory(accessibleWindow); // once, however often it is called
     setMinimumSize(contentSize);
     resize(contentSize);
     auto* const close = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), this);
@@ -82,6 +92,9 @@ void FV2Window::paintEvent(QPaintEvent* event) {
 }
 
 void FV2Window::showAtFront() {
+    // A window that is mapped anew gets the keyboard; one that is only restored doesn't always.
+    if (isMinimized())
+        hide();
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
@@ -104,6 +117,8 @@ void FV2Window::center() {
 }
 
 void FV2Window::addChildWindow(FV2Window& child) {
+    // Only dialogs are told apart from windows of their own by X11's window managers.
+    child.setWindowFlags((child.windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
     child.winId(); // makes the handle
     winId();
     child.windowHandle()->setTransientParent(windowHandle());

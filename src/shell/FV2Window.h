@@ -36,7 +36,7 @@ public:
     //! In the middle of the screen. Where a desktop places windows by itself, as under Wayland, it decides.
     void center();
 
-    //! Keeps the child in front of this window.
+    //! Keeps the child, which must not have been shown yet, in front of this window.
     void addChildWindow(FV2Window& child);
     static void removeChildWindow(FV2Window& child);
 

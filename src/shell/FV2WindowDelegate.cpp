@@ -67,37 +67,39 @@ void FV2WindowDelegate::openWindow(fv2Window kind, bool userInitiated) {
     if (model == nullptr)
         return;
     trace("Open Window");
-    if (!std::exchange(m_anyWindowMade, true))
-        Q_EMIT firstWindow();
     if (model->appConfigModel() != nullptr)
         model->appConfigModel()->refreshAppearance();
     trace("updateModelSempahore - wait (in open window)");
+    bool shown = false;
     {
         const SemaphoreHold hold(model->updateSemaphore());
         trace("updateModelSempahore - waited (in open window)");
-        showChecked(kind, userInitiated);
+        shown = showChecked(kind, userInitiated);
         trace("updateModelSempahore - signal (in open window)");
     }
-    if (userInitiated && wndList.count() != 0)
+    if (!shown && userInitiated)
         if (FV2Window* const front = wndList.windowAt(wndList.count()))
             front->makeKeyAndOrderFront();
     Q_EMIT windowsChanged();
 }
 
-void FV2WindowDelegate::showChecked(fv2Window kind, bool userInitiated) {
+bool FV2WindowDelegate::showChecked(fv2Window kind, bool userInitiated) {
     if (!canShow(kind, userInitiated))
-        return;
+        return false;
     const auto controller = controllerFor(kind);
     if (controller == nullptr)
-        return;
+        return false;
+    if (!std::exchange(m_anyWindowShown, true))
+        Q_EMIT firstWindow();
     connect(controller.get(), &FV2WindowController::closing, this, &FV2WindowDelegate::willClose, Qt::UniqueConnection);
     connect(&controller->window(), &FV2Window::shownOrHidden, this, &FV2WindowDelegate::windowsChanged,
             Qt::UniqueConnection);
     controller->setAppearance(isDark());
-    const std::size_t position = wndList.addWindow(kind, controller);
+    // Chained before it is shown: X11's window managers are told only then who belongs to whom.
+    if (wndList.isModalAt(wndList.addWindow(kind, controller)))
+        chainToParent(*controller);
     controller->showWindow(userInitiated);
-    if (wndList.isModalAt(position))
-        chainToParent(position);
+    return true;
 }
 
 std::shared_ptr<FV2WindowController> FV2WindowDelegate::controllerFor(fv2Window kind) {
@@ -137,12 +139,11 @@ std::shared_ptr<FV2WindowController> FV2WindowDelegate::passwordController(std::
 }
 
 //! The window registered just before stays behind the new one and can't be closed under it.
-void FV2WindowDelegate::chainToParent(std::size_t position) {
-    FV2Window* const child = wndList.windowAt(position);
+void FV2WindowDelegate::chainToParent(FV2WindowController& child) const {
     FV2Window* const parent = wndList.windowAt(wndList.count() - 1);
-    if (child == nullptr || parent == nullptr)
+    if (parent == nullptr)
         return;
-    parent->addChildWindow(*child);
+    parent->addChildWindow(child.window());
     parent->setCloseEnabled(false);
 }
 

@@ -58,7 +58,7 @@ public:
 Q_SIGNALS:
     //! A window was opened, closed, shown or hidden.
     void windowsChanged();
-    //! The first window of the run is about to be made.
+    //! The first window of the run is about to be shown.
     void firstWindow();
 
 private:
@@ -66,8 +66,9 @@ private:
     std::shared_ptr<FV2WindowController> mainController();
     std::shared_ptr<FV2WindowController> passwordController(std::shared_ptr<FV2WindowController>& kept, bool encrypting,
                                                             const std::string& recycling);
-    void showChecked(fv2Window kind, bool userInitiated);
-    void chainToParent(std::size_t position);
+    //! Whether a window was shown.
+    bool showChecked(fv2Window kind, bool userInitiated);
+    void chainToParent(FV2WindowController& child) const;
     void willClose(FV2WindowController& controller);
     void close(fv2Window kind);
     [[nodiscard]] bool isDark() const;
@@ -78,7 +79,7 @@ private:
     std::shared_ptr<FV2MainWindowController> mainWindowController;
     std::shared_ptr<FV2WindowController> enterEncPasswordWindowController;
     std::shared_ptr<FV2WindowController> enterDecPasswordWindowController;
-    bool m_anyWindowMade = false;
+    bool m_anyWindowShown = false;
 };
 
 } // namespace fv2

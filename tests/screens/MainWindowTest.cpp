@@ -210,22 +210,34 @@ TEST_F(MainWindowTest, IsLedByMouseAndKeyboard) {
     const auto click = [this](int row) {
         QTest::mouseClick(menu().viewport(), Qt::LeftButton, {}, menu().visualItemRect(menu().item(row)).center());
     };
-    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers with = {}) {
+    const auto type = [this](Qt::Key key, Qt::KeyboardModifiers with = {}) {
         QTest::keyClick(menu().hasFocus() ? static_cast<QWidget*>(&menu()) : &window(), key, with);
     };
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     EXPECT_TRUE(menu().hasFocus());
     EXPECT_EQ(did([&] { click(1); }), Done(1, Page::About));
     EXPECT_EQ(did([&] { click(1); }), Done(1, Page::About)) << "asks again, rebuilds nothing";
-    EXPECT_EQ(did([&] { press(Qt::Key_Up); }), Done(1, Page::ProtectionStatus));
-    EXPECT_EQ(did([&] { press(Qt::Key_Return); }), Done(1, Page::ProtectionStatus));
-    EXPECT_EQ(did([&] { press(Qt::Key_2, Qt::ControlModifier); }), Done(1, Page::About));
-    EXPECT_EQ(did([&] { press(Qt::Key_1, Qt::ControlModifier); }), Done(1, Page::ProtectionStatus));
+    EXPECT_EQ(did([&] { type(Qt::Key_Up); }), Done(1, Page::ProtectionStatus));
+    EXPECT_EQ(did([&] { type(Qt::Key_Return); }), Done(1, Page::ProtectionStatus));
+    EXPECT_EQ(did([&] { type(Qt::Key_2, Qt::ControlModifier); }), Done(1, Page::About));
+    EXPECT_EQ(did([&] { type(Qt::Key_1, Qt::ControlModifier); }), Done(1, Page::ProtectionStatus));
     EXPECT_EQ(did([&] { click(1); }), Done(1, Page::About));
     EXPECT_EQ(did([&] { registry.selectProtectionStatusPage(); }), Done(0, Page::ProtectionStatus));
-    press(Qt::Key_Q, Qt::ControlModifier);
+
+    const auto press = [this](Qt::MouseButton button, Qt::KeyboardModifiers with, QPoint place) {
+        QTest::mouseClick(menu().viewport(), button, with, place);
+    };
+    const QPoint first = menu().visualItemRect(menu().item(0)).center();
+    const QPoint second = menu().visualItemRect(menu().item(1)).center();
+    EXPECT_EQ(did([&] { press(Qt::RightButton, {}, second); }), Done(0, Page::ProtectionStatus));
+    EXPECT_EQ(did([&] { press(Qt::LeftButton, {}, QPoint(50, 300)); }), Done(0, Page::ProtectionStatus));
+    EXPECT_EQ(did([&] { press(Qt::LeftButton, Qt::ControlModifier, first); }), Done(1, Page::ProtectionStatus));
+    EXPECT_EQ(menu().selectedItems().value(0), menu().item(0));
+    EXPECT_EQ(did([&] { menu().item(1)->setSelected(true); }), Done(1, Page::About)) << "as a screen reader does it";
+
+    type(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_TRUE(registry.isOpen(fv2Window::Main));
-    press(Qt::Key_W, Qt::ControlModifier);
+    type(Qt::Key_W, Qt::ControlModifier);
     EXPECT_FALSE(registry.isOpen(fv2Window::Main));
 }
 
@@ -268,7 +280,7 @@ TEST_F(MainWindowTest, ShowsTheServicesTextsAsTheyAre) {
         EXPECT_EQ(field->textFormat(), Qt::PlainText);
 }
 
-TEST_F(MainWindowTest, AnAccessoryGivesAWindowAStripOnTopThatDiesWithIt) {
+TEST_F(MainWindowTest, AnAccessoryGivesAWindowAStripOnTopThatDiesWithEither) {
     open();
     auto accessory = std::make_unique<FV2WindowTitlebarAccessoryViewController>(shared);
     accessory->attachTo(*main());
@@ -279,6 +291,12 @@ TEST_F(MainWindowTest, AnAccessoryGivesAWindowAStripOnTopThatDiesWithIt) {
     EXPECT_GE(strip->height(), 36);
     accessory.reset();
     EXPECT_TRUE(strip.isNull());
+
+    FV2WindowTitlebarAccessoryViewController longer(shared);
+    longer.attachTo(*main());
+    window().closeWindow();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(longer.subviewController()->view(), nullptr);
 }
 
 //! The address checker counts what is left in memory; this counts objects and descriptors.

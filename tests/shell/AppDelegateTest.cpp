@@ -139,6 +139,7 @@ TEST_F(AppDelegateTest, KeepsTheMenuTrueAfterEveryChange) {
     const std::string hide = "MGUI_MENUBAR_HIDE_ORM %1 | MGUI_MENUBAR_PROXYSYNC_ORM %1 ";
     m_delegate.applicationDidFinishLaunching(false);
     m_dispatch.settle();
+    EXPECT_EQ(count("Was launched by Finder"), 0);
     EXPECT_EQ(shown(), open);
     m_menu.triggerFirst();
     EXPECT_EQ(shown(), hide);
@@ -188,6 +189,29 @@ TEST_F(AppDelegateTest, FollowsTheUsersSessionAndEveryWayOfBeingAskedFor) {
     EXPECT_EQ(firstOutOfOrder({"sessionResigned() - unsubscribeFromNotifications", "Unsubscribe from notifications.",
                                "sessionBecameActive() - Sync", "syncCommsAsync -> source is Moved"}),
               "");
+}
+
+TEST_F(AppDelegateTest, TellsOfEveryOpeningAndClosingOfTheMenu) {
+    Q_EMIT m_menu.menu().aboutToShow(); // by the host
+    Q_EMIT m_menu.menu().aboutToHide();
+    EXPECT_EQ(firstOutOfOrder({"rmup", "StatusBarMenu Clicked", "StatusBarMenu Closed"}), "");
+    m_menu.popUp({});
+    m_menu.popUp({});
+    EXPECT_EQ(count("StatusBarMenu Closed"), 2) << "a second click closes it";
+}
+
+//! Its token would not be good any more.
+TEST_F(AppDelegateTest, ARefreshUnderWayWhenTheSessionResignsDoesNotSubscribeItAgain) {
+    m_delegate.applicationDidFinishLaunching(false);
+    m_service.heldUp = "get_status";
+    m_service.meanwhile = [this] { m_delegate.sessionResigned(); };
+    m_service.token = "new";
+    m_dispatch.settle();
+    EXPECT_EQ(m_service.asked.back(), unsubscribeRequest(501, "new"));
+    m_service.asked.clear();
+    m_timers.advance(std::chrono::hours(24));
+    m_dispatch.settle();
+    EXPECT_EQ(m_service.asked, std::vector<std::string>());
 }
 
 TEST_F(AppDelegateTest, EndsInOrderAlsoWhenTheLoopEndsByItselfOrBeforeTheStart) {

@@ -108,7 +108,10 @@ TEST_F(WindowDelegateTest, HoldsTheSemaphoreWhileItBuildsAndFreesItOnEveryPath) 
     EXPECT_EQ(windows.made, 3);
     windows.makesNone = false;
     const LogScope log{{FV2LoggingLevel::trace, FV2LoggingLevel::ui}};
+    int first = 0;
+    QObject::connect(&registry, &FV2WindowDelegate::firstWindow, [&first] { ++first; });
     registry.openWindow(kMain, true);
+    EXPECT_EQ(first, 1) << "not before there is one";
     const auto lines = log.messages();
     ASSERT_GE(lines.size(), 7U);
     EXPECT_EQ(lines[0], "Open Window");
@@ -127,6 +130,7 @@ TEST_F(WindowDelegateTest, ADialogOverTheMainWindowKeepsItOpenUntilItCloses) {
     reopen({kMain, kEnc});
     FV2Window* const main = window(kMain);
     EXPECT_EQ(window(kEnc)->windowHandle()->transientParent(), main->windowHandle());
+    EXPECT_EQ(window(kEnc)->windowHandle()->type(), Qt::Dialog) << "X11 knows parents of dialogs alone";
     EXPECT_FALSE(main->isCloseEnabled());
     QWindow* const handle = main->windowHandle();
     EXPECT_FALSE(handle->flags() & Qt::WindowCloseButtonHint);
