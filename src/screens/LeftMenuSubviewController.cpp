@@ -148,6 +148,7 @@ void LeftMenuSubviewController::updateFromModel() {
 void LeftMenuSubviewController::refreshColours(const FV2AppConfigModel& config) {
     const auto& colours = config.colours();
     const QColor background = toQColor(colours.colourLeftMenuBackground);
+    static_cast<FV2View*>(view())->setBackgroundColor(background);
     leftmenuView->setBackgroundColor(background);
     rightBorder->setBackgroundColor(background);
     m_rows->setColours(toQColor(colours.colourLeftMenuHighlight), toQColor(colours.colourLeftMenuTextGrayed));

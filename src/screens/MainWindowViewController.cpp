@@ -5,6 +5,7 @@
 #include "logging/FV2Logging.h"
 #include "screens/LayoutConstants.h"
 #include "shell/FV2WindowController.h"
+#include "toolkit/NxQtColor.h"
 
 #include <QGridLayout>
 #include <QShortcut>
@@ -84,6 +85,11 @@ void MainWindowViewController::setUp() {
     subviewLeftMenuController->selectRow(subviewCurrentContentType);
     subviewLeftMenuController->takeFocus();
     addShortcuts();
+}
+
+//! The pages' own colour also lies under them: at fractional scales a seam between two views shows what is below.
+void MainWindowViewController::refreshColours(const FV2AppConfigModel& config) {
+    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
 }
 
 void MainWindowViewController::addShortcuts() {

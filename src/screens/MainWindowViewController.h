@@ -39,6 +39,9 @@ public:
         return subviewCurrentContentViewController;
     }
 
+protected:
+    void refreshColours(const FV2AppConfigModel& config) override;
+
 private:
     FV2ViewController* pageFor(eMainWindowContentSubViewType kind);
     void addShortcuts();
