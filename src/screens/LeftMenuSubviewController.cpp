@@ -68,7 +68,7 @@ LeftMenuSubviewController::LeftMenuSubviewController(const std::weak_ptr<FV2AppS
 
 LeftMenuSubviewController::~LeftMenuSubviewController() {
     unloading = true;
-    if (tableView)
+    if (tableView != nullptr)
         tableView->disconnect(this);
 }
 
@@ -110,7 +110,7 @@ long LeftMenuSubviewController::statusMessageCount(const FV2AppState& state) {
 }
 
 NxLeftMenuCellView* LeftMenuSubviewController::cellAt(int row) const {
-    if (unloading || !tableView || row < 0 || row >= tableView->count())
+    if (unloading || tableView == nullptr || row < 0 || row >= tableView->count())
         return nullptr;
     return qobject_cast<NxLeftMenuCellView*>(tableView->itemWidget(tableView->item(row)));
 }

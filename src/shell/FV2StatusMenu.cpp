@@ -7,9 +7,8 @@ namespace fv2 {
 FV2StatusMenu::FV2StatusMenu(const OxStringBundle& strings)
     : m_strings(strings)
     , m_window(m_menu.addAction(text("IDUS_MGUI_MENUBAR_OPEN_ORM")))
-    , m_proxySync(nullptr) {
-    m_menu.addSeparator();
-    m_proxySync = m_menu.addAction(text("IDUS_MGUI_MENUBAR_PROXYSYNC_ORM"));
+    , m_proxySync(m_menu.addAction(text("IDUS_MGUI_MENUBAR_PROXYSYNC_ORM"))) {
+    m_menu.insertSeparator(m_proxySync);
     connect(m_window, &QAction::triggered, this, [this] {
         if (m_windowShown)
             Q_EMIT hideMainWindow();
