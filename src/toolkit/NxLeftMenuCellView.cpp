@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "toolkit/NxLeftMenuCellView.h"
+
+#include "toolkit/NxImageView.h"
+#include "toolkit/NxTextField.h"
+
+#include <QEvent>
+#include <QFontInfo>
+#include <QStyle>
+
+#include <array>
+
+namespace fv2 {
+
+namespace {
+
+constexpr int kLeftMargin = 16;
+constexpr int kRightMargin = 12;
+constexpr int kGap = 10;
+constexpr int kIconSize = 20;
+constexpr int kBubbleHeight = 18;
+constexpr int kNarrowestBubble = 22;
+constexpr int kRoomBesideNumber = 12; //!< both sides together
+constexpr double kNumberScale = 0.9;
+
+//! How the text is tried until it fits: parts of the usual size of letters, and lines.
+struct Setting {
+    double scale;
+    int lines;
+};
+constexpr std::array kSettings{Setting{1, 1},    Setting{0.95, 1}, Setting{0.9, 1},  Setting{1, 2},
+                               Setting{0.95, 2}, Setting{0.9, 2},  Setting{0.85, 2}, Setting{0.8, 2}};
+
+} // namespace
+
+NxLeftMenuCellView::NxLeftMenuCellView(QWidget* parent)
+    : QWidget(parent)
+    , m_textField(new NxTextField(this))
+    , m_imageView(new NxImageView(this))
+    , m_counterImage(new NxImageView(this))
+    , m_counterNumberField(new NxTextField(this)) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    m_counterImage->setStretchesMiddle(true);
+    m_counterNumberField->setAlignment(Qt::AlignCenter);
+    m_counterImage->hide();
+    m_counterNumberField->hide();
+    m_textField->installEventFilter(this);
+    m_counterImage->installEventFilter(this);
+    connect(m_textField, &NxTextField::textChanged, this, &NxLeftMenuCellView::arrange);
+    connect(m_counterNumberField, &NxTextField::textChanged, this, &NxLeftMenuCellView::arrange);
+    arrange();
+}
+
+void NxLeftMenuCellView::resizeEvent(QResizeEvent*) {
+    arrange();
+}
+
+void NxLeftMenuCellView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::LayoutDirectionChange)
+        arrange();
+}
+
+bool NxLeftMenuCellView::eventFilter(QObject* watched, QEvent* event) {
+    const bool bubbleCameOrWent =
+        watched == m_counterImage && (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent);
+    if (bubbleCameOrWent || (watched == m_textField && event->type() == QEvent::FontChange))
+        arrange();
+    return QWidget::eventFilter(watched, event);
+}
+
+int NxLeftMenuCellView::bubbleWidth() const {
+    const QFontMetrics letters = m_counterNumberField->fontMetrics();
+    return std::max(kNarrowestBubble, letters.horizontalAdvance(m_counterNumberField->text()) + kRoomBesideNumber);
+}
+
+void NxLeftMenuCellView::arrange() {
+    QFont numberFont = m_counterNumberField->font();
+    numberFont.setPointSizeF(QFontInfo(font()).pointSizeF() * kNumberScale);
+    m_counterNumberField->setFont(numberFont);
+
+    const auto visual = [this](const QRect& place) { return QStyle::visualRect(layoutDirection(), rect(), place); };
+    m_imageView->setGeometry(visual({kLeftMargin, (height() - kIconSize) / 2, kIconSize, kIconSize}));
+
+    const int bubbleLeft = width() - kRightMargin - bubbleWidth();
+    const QRect bubble = visual({bubbleLeft, (height() - kBubbleHeight) / 2, bubbleWidth(), kBubbleHeight});
+    m_counterImage->setGeometry(bubble);
+    m_counterNumberField->setGeometry(bubble);
+
+    const int textLeft = kLeftMargin + kIconSize + kGap;
+    const int textRight = m_counterImage->isHidden() ? width() - kRightMargin : bubbleLeft - kGap;
+    fitText(visual({textLeft, 0, std::max(0, textRight - textLeft), height()}));
+}
+
+void NxLeftMenuCellView::fitText(const QRect& room) {
+    const double usual = QFontInfo(font()).pointSizeF();
+    const auto scaled = [&](double scale) {
+        QFont changed = m_textField->font();
+        changed.setPointSizeF(usual * scale);
+        return changed;
+    };
+    m_textField->setElided(false);
+    m_textField->setWordWrap(true);
+    const auto* const fitting = std::find_if(kSettings.begin(), kSettings.end(), [&](const Setting& setting) {
+        int lines = 0;
+        const QSize size = m_textField->sizeOfText(room.width(), scaled(setting.scale), &lines);
+        return lines <= setting.lines && size.height() <= room.height();
+    });
+    const bool fits = fitting != kSettings.end();
+    m_textField->setFont(scaled(fits ? fitting->scale : 1));
+    m_textField->setElided(!fits);
+    m_textField->setGeometry(room);
+    setToolTip(m_textField->toolTip());
+}
+
+} // namespace fv2

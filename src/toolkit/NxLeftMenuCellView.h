@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QWidget>
+
+namespace fv2 {
+
+class NxImageView;
+class NxTextField;
+
+//! A row of the left menu: icon, text, and a bubble with a number at the end. A text too long for one line gets two
+//! smaller ones; one too long for these is cut with "…" and is then the cell's tooltip. The mouse passes through it to
+//! the row beneath, which has to show that tooltip. Main thread only.
+class NxLeftMenuCellView : public QWidget {
+    Q_OBJECT
+public:
+    explicit NxLeftMenuCellView(QWidget* parent = nullptr);
+
+    [[nodiscard]] NxTextField& textField() const { return *m_textField; }
+    [[nodiscard]] NxImageView& imageView() const { return *m_imageView; }
+    [[nodiscard]] NxImageView& counterImage() const { return *m_counterImage; }
+    //! Stands over the bubble's middle. Bubble and number are hidden until someone shows both.
+    [[nodiscard]] NxTextField& counterNumberField() const { return *m_counterNumberField; }
+
+    [[nodiscard]] QSize sizeHint() const override { return {210, 32}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {100, 32}; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void arrange();
+    [[nodiscard]] int bubbleWidth() const;
+    void fitText(const QRect& room);
+
+    NxTextField* m_textField;
+    NxImageView* m_imageView;
+    NxImageView* m_counterImage;
+    NxTextField* m_counterNumberField;
+};
+
+} // namespace fv2
