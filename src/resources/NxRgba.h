@@ -4,17 +4,19 @@
 
 namespace fv2 {
 
-//! A colour; every part from 0 to 1, alpha 1 is opaque.
+//! A colour by its sRGB components, each from 0 to 1.
 struct NxRgba {
     double red = 0;
     double green = 0;
     double blue = 0;
     double alpha = 1;
 
-    [[nodiscard]] static constexpr NxRgba from255(int r, int g, int b, int a = 255) {
-        return {r / 255.0, g / 255.0, b / 255.0, a / 255.0};
+    //! From components on a scale of 0 to 255.
+    [[nodiscard]] static constexpr NxRgba from255(int red, int green, int blue, int alpha = 255) {
+        return {red / 255.0, green / 255.0, blue / 255.0, alpha / 255.0};
     }
-    friend bool operator==(const NxRgba&, const NxRgba&) = default;
+
+    friend constexpr bool operator==(const NxRgba&, const NxRgba&) = default;
 };
 
 } // namespace fv2

@@ -110,8 +110,8 @@ void NxLeftMenuCellView::fitText(const QRect& room) {
     });
     const bool fits = fitting != kSettings.end();
     m_textField->setFont(scaled(fits ? fitting->scale : 1));
-    m_textField->setElided(!fits);
     m_textField->setGeometry(room);
+    m_textField->setElided(!fits);
     setToolTip(m_textField->toolTip());
 }
 

@@ -48,7 +48,7 @@ void NxTextField::showText(const QString& text) {
 }
 
 void NxTextField::setTextColor(const QColor& colour) {
-    QPalette changed = palette();
+    QPalette changed; // names the one colour, so that all others go on following the desktop's
     changed.setColor(foregroundRole(), colour);
     setPalette(changed);
 }
