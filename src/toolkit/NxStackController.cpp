@@ -61,14 +61,14 @@ void NxStackController::setPadding(std::int32_t padding) {
 
 void NxStackController::applyPaddings() {
     // A layout takes a negative margin for "as the style likes".
-    if (m_innerView)
+    if (!m_innerView.isNull())
         view()->layout()->setContentsMargins(std::max(m_paddingLeft, 0), std::max(m_paddingTop, 0),
                                              std::max(m_paddingRight, 0), std::max(m_paddingBottom, 0));
 }
 
 void NxStackController::updateViews() {
     m_isOutdated = true;
-    if (!m_innerView || m_isUpdating)
+    if (m_innerView.isNull() || m_isUpdating)
         return;
     // Loading a view may change the array, which comes back here.
     m_isUpdating = true;
@@ -102,6 +102,9 @@ void NxStackController::layOutViews() {
     if (!controllers.empty())
         layout->setStretchFactor(controllers.back()->view(), 1);
     setChildViewControllers(std::move(controllers));
+    // At once, so that nothing is painted with the room of views that have gone.
+    layout->activate();
+    view()->layout()->activate();
 }
 
 } // namespace fv2

@@ -12,22 +12,17 @@ namespace {
 
 using Object = std::shared_ptr<std::string>;
 using Array = OxMutableArray<std::string>;
+using Change = std::function<void(Array&)>;
 
 Object object(const std::string& text) {
     return std::make_shared<std::string>(text);
 }
 
-template <class List>
-std::string textOf(const List& array) {
+std::string textOf(const OxObservableArray<std::string>& array) {
     std::string all;
     for (std::size_t index = 0; index < array.count(); ++index)
         all += *array.objectAtIndex(index);
     return all;
-}
-
-void fill(Array& array, const std::string& letters) {
-    for (const char letter : letters)
-        array.addObject(object({letter}));
 }
 
 //! Writes down what it is told, then does `then` with it.
@@ -49,77 +44,57 @@ private:
     }
 };
 
-TEST(Arrays, TellBeforeAndAfterEveryChange) {
+TEST(Arrays, TellEveryoneOfEveryChangeInOrderAlsoOfThoseMadeByWhoIsTold) {
+    const Change add = [](Array& a) { a.addObject(object("x")); };
+    const Change insert = [](Array& a) { a.insertObjectAtIndex(object("y"), 0); };
+    const Change remove = [](Array& a) { a.removeObjectAtIndex(1); };
+    const Change removeRange = [](Array& a) { a.removeObjectsInRange(1, 2); };
+    const Change removeAll = [](Array& a) { a.removeObjectsInRange(0, a.count()); };
+    const auto fails = [](const Change& change) {
+        return [=](Array& a) { EXPECT_THROW(change(a), std::out_of_range); };
+    };
     struct Case {
-        std::function<void(Array&)> change;
+        Change change;
         const char* told;
         const char* left;
+        const char* when = ""; //!< when the first observer answers with a change of its own
+        Change answer = {};
     };
     const Case table[] = {
-        {[](Array& a) { a.addObject(object("x")); }, "+?x4 +x4 ", "abcdx"},
-        {[](Array& a) { a.insertObjectAtIndex(object("x"), 1); }, "+?x1 +x1 ", "axbcd"},
-        {[](Array& a) { a.removeObjectAtIndex(2); }, "-?c2 -c2 ", "abd"},
-        {[](Array& a) { a.removeObjectsInRange(1, 2); }, "-?b1 -?c2 -1 -2 ", "ad"},
-        {[](Array& a) { a.removeObjectsInRange(4, 0); }, "", "abcd"},
-        {[](Array& a) { EXPECT_THROW(a.removeObjectAtIndex(4), std::out_of_range); }, "", "abcd"},
-        {[](Array& a) { EXPECT_THROW(a.insertObjectAtIndex(object("x"), 5), std::out_of_range); }, "", "abcd"},
-        {[](Array& a) { EXPECT_THROW(a.removeObjectsInRange(3, SIZE_MAX), std::out_of_range); }, "", "abcd"},
+        {add, "+?x4 +x4 ", "abcdx"},
+        {insert, "+?y0 +y0 ", "yabcd"},
+        {remove, "-?b1 -b1 ", "acd"},
+        {removeRange, "-?b1 -?c2 -1 -2 ", "ad"},
+        {fails([](Array& a) { a.removeObjectAtIndex(4); }), "", "abcd"},
+        {fails([](Array& a) { a.insertObjectAtIndex(object("x"), 5); }), "", "abcd"},
+        {fails([](Array& a) { a.removeObjectsInRange(3, SIZE_MAX); }), "", "abcd"},
+        {add, "+?x4 +?y0 +y0 +x5 ", "yabcdx", "+?x4", insert},
+        {add, "+?x4 +x4 +?y0 +y0 ", "yabcdx", "+x4", insert},
+        {add, "+?x4 -?a0 -?b1 -?c2 -?d3 -0 -1 -2 -3 +x0 ", "x", "+?x4", removeAll},
+        {remove, "-?b1 +?y0 +y0 -b2 ", "yacd", "-?b1", insert},
+        {remove, "-?b1 -?b1 -?c2 -1 -2 ", "ad", "-?b1", removeRange},
+        {removeRange, "-?b1 -?c2 +?y0 +y0 -2 -3 ", "yad", "-?b1", insert},
+        {removeRange, "-?b1 -?c2 -1 -2 +?y0 +y0 ", "yad", "-1", insert},
     };
     for (const Case& each : table) {
         const auto array = std::make_shared<Array>();
-        fill(*array, "abcd");
-        const NxArrayMapper<std::string, std::string> mapper(array, [](const Object& o) { return object(*o + "'"); });
-        Recorder recorder;
-        array->addContentObserver(recorder);
-        array->addContentObserver(recorder);
-        each.change(*array);
-        EXPECT_EQ(recorder.told, each.told);
-        EXPECT_EQ(textOf(*array), each.left);
-        std::string derived;
-        for (const char letter : std::string(each.left))
-            derived += {letter, '\''};
-        EXPECT_EQ(textOf(*mapper.destArray()), derived);
-    }
-}
-
-TEST(Arrays, AreChangedByThoseWhoAreToldAndStillTellEveryoneTheSame) {
-    struct Case {
-        const char* when;
-        std::function<void(Array&)> change;
-        std::function<void(Array&)> answer;
-        const char* left;
-    };
-    const auto insertFront = [](Array& a) { a.insertObjectAtIndex(object("y"), 0); };
-    const auto removeAll = [](Array& a) { a.removeObjectsInRange(0, a.count()); };
-    const auto addX = [](Array& a) { a.addObject(object("x")); };
-    const auto removeRange = [](Array& a) { a.removeObjectsInRange(1, 2); };
-    const Case table[] = {
-        {"+?x4", addX, insertFront, "yabcdx"},
-        {"+x4", addX, insertFront, "yabcdx"},
-        {"+?x4", addX, removeAll, "x"},
-        {"+x4", addX, removeAll, ""},
-        {"-?b1", removeRange, insertFront, "yad"},
-        {"-1", removeRange, insertFront, "yad"},
-        {"-?c2", removeRange, removeAll, ""},
-        {"-2", removeRange, removeAll, ""},
-        {"-?b1", [](Array& a) { a.removeObjectAtIndex(1); }, insertFront, "yacd"},
-    };
-    for (const Case& each : table) {
-        const auto array = std::make_shared<Array>();
-        fill(*array, "abcd");
+        for (const char* letter : {"a", "b", "c", "d"})
+            array->addObject(object(letter));
         Recorder first;
         Recorder last;
-        first.then = [&](const std::string& what) {
-            if (what == each.when)
+        first.then = [&, isFirst = true](const std::string& what) mutable {
+            if (what == each.when && std::exchange(isFirst, false))
                 each.answer(*array);
         };
         array->addContentObserver(first);
-        const NxArrayMapper<std::string, std::string> mapper(array, [](const Object& o) { return o; });
+        const NxArrayMapper<std::string, std::string> mapper(array, [](const Object& o) { return object(*o); });
         array->addContentObserver(last);
+        array->addContentObserver(first);
         each.change(*array);
-        EXPECT_EQ(textOf(*array), each.left) << each.when;
-        EXPECT_EQ(textOf(*mapper.destArray()), each.left) << each.when;
-        EXPECT_EQ(first.told, last.told);
+        EXPECT_EQ(first.told, each.told);
+        EXPECT_EQ(last.told, each.told);
+        EXPECT_EQ(textOf(*array), each.left) << each.told;
+        EXPECT_EQ(textOf(*mapper.destArray()), each.left) << each.told;
     }
 }
 
@@ -137,25 +112,21 @@ TEST(Arrays, LetObserversComeGoAndDieWhileTheyAreTold) {
     for (Recorder* each : {&first, &leaving, dying.get()})
         array.addContentObserver(*each);
     array.addObject(object("x"));
-    EXPECT_EQ(first.told, "+?x0 +x0 ");
-    EXPECT_EQ(leaving.told, "");
-    EXPECT_EQ(joining.told, "+x0 ");
+    EXPECT_EQ(first.told + "|" + leaving.told + "|" + joining.told, "+?x0 +x0 ||+x0 ");
 }
 
 TEST(ObjMultiplexer, TellsOfItsOutputForTheControlAndTheInputThatShows) {
     OxObjMultiplexer<std::string> multiplexer(object("t"), object("f"));
     std::string told;
-    const auto note = [&](const char* when) {
-        return [&told, &multiplexer, when] { told += when + *multiplexer.output() + " "; };
-    };
-    QObject::connect(&multiplexer, &OxObjMultiplexerSignals::outputWillChange, note("?"));
-    QObject::connect(&multiplexer, &OxObjMultiplexerSignals::outputDidChange, note(""));
+    using Signals = OxObjMultiplexerSignals;
+    QObject::connect(&multiplexer, &Signals::outputWillChange, [&] { told += "?" + *multiplexer.output(); });
+    QObject::connect(&multiplexer, &Signals::outputDidChange, [&] { told += *multiplexer.output() + " "; });
     multiplexer.setInputTrue(object("T"));
     multiplexer.setInputFalse(object("F"));
     multiplexer.setInputControl(true);
     multiplexer.setInputFalse(object("f"));
     multiplexer.setInputTrue(object("t"));
-    EXPECT_EQ(told, "?f F ?F T ?T t ");
+    EXPECT_EQ(told, "?fF ?FT ?Tt ");
 }
 
 } // namespace

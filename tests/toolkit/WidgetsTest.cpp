@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "resources/NxDesign.h"
+#include "resources/OxTranslatedString.h"
+#include "toolkit/NxButton.h"
+#include "toolkit/NxImageView.h"
+#include "toolkit/NxLeftMenuCellView.h"
+#include "toolkit/NxLeftMenuCounter.h"
+#include "toolkit/NxStackController.h"
+#include "toolkit/NxTextField.h"
+#include "toolkit/NxView.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QTextDocument>
+#include <gtest/gtest.h>
+
+namespace fv2::test {
+namespace {
+
+//! Texts that must be taken for no markup and no shortcut: "<b>A & b" for "IDUS_A".
+class Texts final : public OxStringBundle {
+public:
+    static void use() {
+        static const Texts texts;
+        OxTranslatedString::setApplicationBundle(texts);
+    }
+    [[nodiscard]] std::string localizedString(const std::string& identifier) const override {
+        return "<b>" + identifier.substr(identifier.rfind('_') + 1) + " & b";
+    }
+};
+
+QColor colourAt(QWidget& widget, int x, int y, int ratio = 1) {
+    QImage image(widget.size() * ratio, QImage::Format_ARGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image.pixelColor(x * ratio, y * ratio);
+}
+
+TEST(View, TakesItsColoursFromTheKindOfPalette) {
+    NxView view;
+    view.resize(20, 20);
+    view.setBackgroundColor(Qt::red);
+    view.setDarkBackgroundColor(Qt::blue);
+    view.setBorderColor(Qt::green);
+    view.setBorderWidth(2);
+    view.setBorderEdges(Qt::TopEdge | Qt::RightEdge);
+    for (const bool dark : {false, true}) {
+        view.setPalette(QPalette(dark ? Qt::black : Qt::white));
+        const QColor inside(dark ? Qt::blue : Qt::red);
+        for (const QPoint place : {QPoint(10, 10), QPoint(10, 2), QPoint(0, 10), QPoint(10, 19)})
+            EXPECT_EQ(colourAt(view, place.x(), place.y()), inside) << dark;
+        for (const QPoint place : {QPoint(10, 1), QPoint(18, 10)})
+            EXPECT_EQ(colourAt(view, place.x(), place.y()), QColor(Qt::green)) << dark;
+    }
+    view.setBorderEdges(NxView::kAllEdges);
+    view.setCornerRadius(8);
+    view.setGradientStart(Qt::white);
+    view.setGradientEnd(Qt::black);
+    EXPECT_EQ(colourAt(view, 0, 0).alpha(), 0);
+    EXPECT_EQ(colourAt(view, 0, 10), QColor(Qt::green));
+    EXPECT_GT(colourAt(view, 10, 4).lightness(), colourAt(view, 10, 15).lightness() + 100);
+}
+
+TEST(TextField, ShowsTextsLetterByLetterAndWholeOrTellsThem) {
+    Texts::use();
+    NxTextField field;
+    field.setStringValue(QStringLiteral("IDUS_Wiederherstellungsschlüsselverwaltung"));
+    EXPECT_EQ(field.text(), QStringLiteral("<b>Wiederherstellungsschlüsselverwaltung & b"));
+    EXPECT_GE(field.sizeHint().width(), field.fontMetrics().horizontalAdvance(field.text()));
+    field.setWordWrap(true);
+    const int line = field.fontMetrics().height();
+    EXPECT_GE(field.heightForWidth(80), 3 * line);
+    EXPECT_LE(field.sizeOfText(80, field.font()).width(), 80);
+
+    field.setElided(true);
+    field.resize(80, line);
+    field.show();
+    QTextDocument toolTip;
+    toolTip.setHtml(field.toolTip());
+    EXPECT_EQ(toolTip.toPlainText(), field.text());
+    field.resize(800, line);
+    EXPECT_EQ(field.toolTip(), QString());
+    EXPECT_EQ(field.stringValue(), QStringLiteral("IDUS_Wiederherstellungsschlüsselverwaltung"));
+    field.setText(QStringLiteral("IDUS_A"));
+    EXPECT_EQ(field.text() + field.stringValue(), QStringLiteral("IDUS_A"));
+
+    NxButton button;
+    button.setTitle(QStringLiteral("IDUS_A"));
+    EXPECT_TRUE(button.shortcut().isEmpty());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QStringLiteral("<b>A & b"));
+}
+
+TEST(ImageView, PaintsAPictureInItsOwnColourOrATint) {
+    NxImageView view;
+    view.setImageName(QStringLiteral("red_notification_bubble"));
+    EXPECT_EQ(view.sizeHint(), QSize(22, 18));
+    view.resize(60, 18);
+    for (const int ratio : {1, 2})
+        for (const bool stretched : {false, true})
+            for (const std::optional<QColor> tint : {std::optional<QColor>(), std::optional<QColor>(Qt::blue)}) {
+                view.setStretchesMiddle(stretched);
+                view.setTintColor(tint);
+                EXPECT_EQ(colourAt(view, 30, 9, ratio), tint.value_or(QColor(203, 68, 60)));
+                EXPECT_EQ(colourAt(view, 5, 9, ratio).alpha(), stretched ? 255 : 0);
+                EXPECT_EQ(colourAt(view, 0, 0, ratio).alpha(), 0);
+            }
+    view.setImageName(QStringLiteral("no_such_picture"));
+    EXPECT_EQ(colourAt(view, 30, 9).alpha(), 0);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&view)->role(), QAccessible::Graphic);
+}
+
+TEST(LeftMenuCounter, ShowsAndTellsTheNumberInTheColourOfTheStatus) {
+    Texts::use();
+    NxDesign::setResource([] {
+        return "<plist><dict><key>Colors</key><dict><key>Red</key><array><string>C00000</string></array>"
+               "<key>Green</key><array><string>008000</string></array><key>Yellow</key><array><string>FFC000</string>"
+               "</array><key>Blue</key><array><string>0040FF</string></array></dict></dict></plist>";
+    });
+    struct Row : QWidget { // counts the presses that reach it
+        void mousePressEvent(QMouseEvent*) override { ++presses; }
+        int presses = 0;
+    } row;
+    NxLeftMenuCounter badge(&row);
+    badge.resize(22, 18);
+    const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&badge);
+    struct Case {
+        unsigned status;
+        QRgb colour;
+        const char* description;
+    };
+    const Case table[] = {
+        {0, 0xff008000, "3, <b>STATE & b <b>OK & b"},
+        {1, 0xffffc000, "3, <b>STATE & b <b>WARNING & b"},
+        {2, 0xffc00000, "3, <b>STATE & b <b>ERROR & b"},
+        {3, 0xff0040ff, "3, <b>STATE & b <b>INFO & b"},
+        {7, 0xff0040ff, "3, <b>STATE & b "},
+    };
+    for (const Case& each : table) {
+        badge.setNumber(0);
+        badge.setStatus(each.status);
+        EXPECT_TRUE(badge.isHidden() && told->text(QAccessible::Value).isEmpty());
+        badge.setNumber(3);
+        EXPECT_FALSE(badge.isHidden());
+        EXPECT_EQ(told->text(QAccessible::Value).toStdString(), each.description);
+        EXPECT_EQ(colourAt(badge, 11, 2).rgb(), each.colour) << each.status;
+    }
+    badge.setColor({});
+    EXPECT_EQ(colourAt(badge, 11, 2), QColor(Qt::white));
+
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&badge, &press);
+    EXPECT_EQ(row.presses, 1);
+    EXPECT_FALSE(badge.isDown());
+}
+
+TEST(LeftMenuCell, KeepsEveryTextReadableBesideTheBubble) {
+    QWidget row;
+    NxLeftMenuCellView cell(&row);
+    cell.resize(210, 32);
+    EXPECT_EQ(row.childAt(20, 16), nullptr);
+    NxTextField& field = cell.textField();
+    for (const char* number : {"", "7", "12345"}) {
+        cell.counterNumberField().setText(QString::fromUtf8(number));
+        cell.counterImage().setVisible(*number != '\0');
+        for (const char* text : {"Status", "Verschlüsselungsstatus", "Status der Verschlüsselung",
+                                 "Status der Verschlüsselung dieses Rechners und aller seiner Laufwerke"}) {
+            field.setText(QString::fromUtf8(text));
+            const bool isCut = !cell.toolTip().isEmpty();
+            EXPECT_EQ(isCut, field.text().size() > 40) << text << number;
+            EXPECT_LT(field.geometry().right(), *number != '\0' ? cell.counterImage().geometry().left() : 198);
+            EXPECT_TRUE(isCut || field.sizeOfText(field.width(), field.font()).height() <= 32) << text << number;
+        }
+    }
+    EXPECT_GE(cell.counterImage().width(), 12 + cell.counterNumberField().sizeHint().width());
+}
+
+//! A view of a height that its model tells.
+class Block final : public NxAutoViewController<int> {
+    std::unique_ptr<QWidget> loadView() override {
+        auto view = std::make_unique<QWidget>();
+        view->setFixedHeight(*modelData());
+        return view;
+    }
+};
+
+TEST(Stack, LaysViewsOutUnderOneAnotherAndFollowsItsModel) {
+    const auto model = std::make_shared<OxMutableArray<int>>();
+    const auto add = [&](int height, std::size_t index) {
+        model->insertObjectAtIndex(std::make_shared<int>(height), index);
+    };
+    add(20, 0);
+    int made = 0;
+    auto stack = NxStackController::stackWithControllerClass<Block>(model, nullptr, [&](Block&) { ++made; });
+    add(10, 0);
+    add(30, 2);
+    const auto places = [&] { // in a stack of 100 pixels' width
+        stack->view()->show();
+        QCoreApplication::processEvents(); // shows views that have come
+        stack->view()->resize(100, stack->view()->sizeHint().height());
+        std::vector<QRect> all{stack->view()->rect()};
+        for (const auto& each : stack->childViewControllers())
+            all.emplace_back(each->view()->mapTo(stack->view(), QPoint(0, 0)), each->view()->size());
+        return all;
+    };
+    using Places = std::vector<QRect>;
+    stack->setSpacing(8);
+    stack->setPadding(-3);
+    EXPECT_TRUE(stack->childViewControllers().empty());
+    EXPECT_EQ(places(), (Places{{0, 0, 100, 76}, {0, 0, 100, 10}, {0, 18, 100, 20}, {0, 46, 100, 30}}));
+    stack->setPaddingTop(1);
+    stack->setPaddingBottom(2);
+    stack->setPaddingLeft(3);
+    stack->setPaddingRight(4);
+    EXPECT_EQ(places(), (Places{{0, 0, 100, 79}, {3, 1, 93, 10}, {3, 19, 93, 20}, {3, 47, 93, 30}}));
+    add(5, 1);
+    EXPECT_EQ(places()[2], QRect(3, 19, 93, 5));
+    const std::weak_ptr<NxViewController> gone = stack->childViewControllers()[2];
+    model->removeObjectsInRange(1, 3);
+    EXPECT_EQ(places(), (Places{{0, 0, 100, 13}, {3, 1, 93, 10}}));
+    EXPECT_TRUE(gone.expired());
+
+    stack.reset();
+    add(40, 0);
+    EXPECT_EQ(made, 4);
+}
+
+} // namespace
+} // namespace fv2::test
