@@ -32,6 +32,14 @@ struct Setting {
 constexpr std::array kSettings{Setting{1, 1},    Setting{0.95, 1}, Setting{0.9, 1},  Setting{1, 2},
                                Setting{0.95, 2}, Setting{0.9, 2},  Setting{0.85, 2}, Setting{0.8, 2}};
 
+int widestWord(const QString& text, const QFont& font) {
+    int widest = 0;
+    const QFontMetrics letters(font);
+    for (const QString& word : text.split(u' '))
+        widest = std::max(widest, letters.horizontalAdvance(word));
+    return widest;
+}
+
 } // namespace
 
 NxLeftMenuCellView::NxLeftMenuCellView(QWidget* parent)
@@ -103,11 +111,18 @@ void NxLeftMenuCellView::fitText(const QRect& room) {
     };
     m_textField->setElided(false);
     m_textField->setWordWrap(true);
-    const auto* const fitting = std::find_if(kSettings.begin(), kSettings.end(), [&](const Setting& setting) {
+    const auto fitsAt = [&](const Setting& setting) {
         int lines = 0;
         const QSize size = m_textField->sizeOfText(room.width(), scaled(setting.scale), &lines);
         return lines <= setting.lines && size.height() <= room.height();
-    });
+    };
+    // Smaller letters are better than a broken word, a broken word is better than half a text.
+    const auto fitsInWholeWordsAt = [&](const Setting& setting) {
+        return widestWord(m_textField->text(), scaled(setting.scale)) <= room.width() && fitsAt(setting);
+    };
+    const auto* fitting = std::find_if(kSettings.begin(), kSettings.end(), fitsInWholeWordsAt);
+    if (fitting == kSettings.end())
+        fitting = std::find_if(kSettings.begin(), kSettings.end(), fitsAt);
     const bool fits = fitting != kSettings.end();
     m_textField->setFont(scaled(fits ? fitting->scale : 1));
     m_textField->setGeometry(room);

@@ -114,7 +114,10 @@ QSize NxTextField::minimumSizeHint() const {
         return sizeHint();
     const int fewLetters = fontMetrics().averageCharWidth() * kFewestLetters;
     const QSize whole = sizeOfText(static_cast<int>(kUnlimited), font());
-    return withMargins({std::min(whole.width(), fewLetters), fontMetrics().height()});
+    const int height = withMargins({0, fontMetrics().height()}).height();
+    // Layouts ask for the height of a width too late to keep a window from being too low for it.
+    return {withMargins({std::min(whole.width(), fewLetters), 0}).width(),
+            m_givenWidth > 0 ? std::max(height, heightForWidth(m_givenWidth)) : height};
 }
 
 int NxTextField::heightForWidth(int width) const {
@@ -141,6 +144,11 @@ void NxTextField::paintEvent(QPaintEvent*) {
 void NxTextField::resizeEvent(QResizeEvent* event) {
     QLabel::resizeEvent(event);
     updateToolTip();
+    if (m_givenWidth == width())
+        return;
+    m_givenWidth = width();
+    if (wraps())
+        updateGeometry();
 }
 
 void NxTextField::changeEvent(QEvent* event) {

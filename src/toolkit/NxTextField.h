@@ -55,6 +55,7 @@ private:
 
     QString m_stringValue;
     bool m_elided = false;
+    int m_givenWidth = 0; //!< 0 until it has been laid out for the screen
 };
 
 } // namespace fv2

@@ -75,9 +75,11 @@ TEST(TextField, ShowsTextsLetterByLetterAndWholeOrTellsThem) {
     EXPECT_GE(field.heightForWidth(80), 3 * line);
     EXPECT_LE(field.sizeOfText(80, field.font()).width(), 80);
 
-    field.setElided(true);
     field.resize(80, line);
     field.show();
+    EXPECT_EQ(field.minimumSizeHint().height(), field.heightForWidth(field.width()));
+    field.setElided(true);
+    field.resize(80, line);
     QTextDocument toolTip;
     toolTip.setHtml(field.toolTip());
     EXPECT_EQ(toolTip.toPlainText(), field.text());
