@@ -12,7 +12,7 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 add_compile_definitions(QT_NO_KEYWORDS)
 add_compile_options(
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
-    -Woverloaded-virtual -Wformat=2 -Wnull-dereference -Wimplicit-fallthrough)
+    -Woverloaded-virtual -Wformat=2 -Wimplicit-fallthrough)
 # g++ 12 reports overlapping copies inside "literal" + std::string that cannot happen (its bug 105651).
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(FV2_WARNINGS_AS_ERRORS)
@@ -22,7 +22,7 @@ if(FV2_SANITIZE)
     add_compile_options(-fsanitize=${FV2_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${FV2_SANITIZE})
     # The optimiser's analyses report paths that only the sanitizers' own checks create.
-    add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized)
+    add_compile_options(-Wno-maybe-uninitialized)
 else()
     add_compile_options(-fstack-protector-strong)
     add_compile_definitions($<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)

@@ -193,6 +193,7 @@ void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure)
 void FV2AppStateModel::finishProxySync(bool alertOnFailure, const CommandResult& result) {
     proxySyncSemaphore.signal();
     m_state.syncORMActive = false;
+    m_appDelegate->updateMenu();
     if (alertOnFailure && !result.ok && isMainWindowOpen())
         m_wndDelegate->doAlert(fv2Window::Main, result.errorCode, result.alert);
 }
@@ -215,6 +216,12 @@ void FV2AppStateModel::unsubscribeAtExit() {
         });
 }
 
+bool FV2AppStateModel::IsDNDMode() const {
+    const bool disturbs = m_outside.doNotDisturb();
+    release(std::string("IsDNDMode() returning ") + (disturbs ? "true" : "false"));
+    return disturbs;
+}
+
 bool FV2AppStateModel::isMainWindowOpen() const {
     return m_wndDelegate != nullptr && m_wndDelegate->isOpen(fv2Window::Main);
 }
@@ -223,6 +230,7 @@ void FV2AppStateModel::updateFromModel(bool checkAction, fv2SyncSource syncSourc
     if (m_appDelegate == nullptr)
         std::abort();
     m_appDelegate->menuBarStatusItem().show(m_state.getMenuBarStatusIcon(), m_state.overallState);
+    m_appDelegate->updateMenu();
     updateWindows();
 
     release("appModel->updateFromModel syncSource == " + std::string(caseName(syncSource)));

@@ -8,6 +8,7 @@
 #include "model/FV2NotificationListener.h"
 #include "model/FV2Ports.h"
 #include "model/FV2RefreshGate.h"
+#include "resources/FV2AppConfigModel.h"
 
 #include <atomic>
 #include <chrono>
@@ -32,6 +33,8 @@ public:
         std::function<std::unique_ptr<FV2SocketCommsBase>()> makeAppSocket;
         //! How often a socket path that somebody else holds is tried again.
         std::chrono::milliseconds bindAgainAfter = std::chrono::seconds(30);
+        //! Whether the desktop asks for silence; answers at once from what is known.
+        std::function<bool()> doNotDisturb = [] { return false; };
     };
 
     FV2AppStateModel(Surroundings surroundings, std::int64_t userId);
@@ -44,7 +47,16 @@ public:
     //! Without a registry no window is ever open.
     void setWndDelegate(FV2WindowRegistry* wndDelegate) { m_wndDelegate = wndDelegate; }
 
+    //! What the windows look like; none in an agent without windows.
+    void setAppConfigModel(std::unique_ptr<FV2AppConfigModel> appConfigModel) {
+        m_appConfigModel = std::move(appConfigModel);
+    }
+    [[nodiscard]] FV2AppConfigModel* appConfigModel() const { return m_appConfigModel.get(); }
+
     [[nodiscard]] const FV2AppState& state() const { return m_state; }
+
+    //! Whether a window that nobody asked for would disturb.
+    [[nodiscard]] bool IsDNDMode() const;
 
     //! Starts the listener on the agent's own socket; once.
     void runBackgroundThread();
@@ -99,6 +111,7 @@ private:
     Surroundings m_outside;
     FV2ApplicationDelegate* m_appDelegate = nullptr;
     FV2WindowRegistry* m_wndDelegate = nullptr;
+    std::unique_ptr<FV2AppConfigModel> m_appConfigModel;
     FV2AppState m_state;
     FV2JsonParserORM jsonParser;
 

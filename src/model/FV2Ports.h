@@ -78,6 +78,8 @@ public:
     [[nodiscard]] virtual FV2StatusItem& menuBarStatusItem() = 0;
     //! Opens the application window as the tray menu's entry does.
     virtual void menuShowMainWindow() = 0;
+    //! Lets the tray menu's entries follow the state: a host may show a copy of them at any time.
+    virtual void updateMenu() = 0;
 };
 
 //! What the model asks of the windows.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2ComputerName.h"
 
+#include "platform/SmallFiles.h"
+
 #include <array>
 #include <fstream>
 #include <string_view>
@@ -9,28 +11,12 @@
 
 namespace fv2 {
 
-namespace {
-
-//! The value of a shell-like assignment: one pair of quotes taken off, a backslash makes the next character plain.
-std::string unquoted(std::string_view value) {
-    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front())
-        value = value.substr(1, value.size() - 2);
-    std::string out;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        if (value[i] == '\\' && i + 1 < value.size())
-            ++i;
-        out += value[i];
-    }
-    return out;
-}
-
-} // namespace
-
 std::string computerName(const std::string& machineInfoPath) {
     constexpr std::string_view key = "PRETTY_HOSTNAME=";
     std::ifstream info(machineInfoPath);
     for (std::string line; std::getline(info, line);) {
-        std::string name = line.starts_with(key) ? unquoted(std::string_view(line).substr(key.size())) : std::string();
+        std::string name =
+            line.starts_with(key) ? unquotedValue(std::string_view(line).substr(key.size())) : std::string();
         if (!name.empty())
             return name;
     }

@@ -31,11 +31,12 @@ QIcon drawn(const QString& path) {
 
 } // namespace
 
-QIcon FV2Images::imageNamed(const QString& name) {
-    const auto known = m_drawn.constFind(name);
+QIcon FV2Images::imageNamed(const QString& name, bool dark) {
+    const QString file = dark ? name + QStringLiteral("_dark") : name;
+    const auto known = m_drawn.constFind(file);
     if (known != m_drawn.constEnd())
         return *known;
-    return *m_drawn.insert(name, drawn(QStringLiteral(":/images/") + name + QStringLiteral(".svg")));
+    return *m_drawn.insert(file, drawn(QStringLiteral(":/images/") + file + QStringLiteral(".svg")));
 }
 
 } // namespace fv2

@@ -8,11 +8,12 @@
 
 namespace fv2 {
 
-//! The program's images by name, drawn from ":/images/<name>.svg" when first asked for and then kept. Main thread only.
+//! The tray's images by name, drawn from ":/images/<name>.svg" when first asked for and then kept. Main thread only.
 class FV2Images {
 public:
-    //! Sharp at the sizes that panels use (16, 22, 24, 32, 48 px); a null icon for an unknown name.
-    [[nodiscard]] QIcon imageNamed(const QString& name);
+    //! Sharp at the sizes that panels use (16, 22, 24, 32, 48 px); a null icon for an unknown name. The dark variant,
+    //! "<name>_dark.svg", is outlined for dark panels.
+    [[nodiscard]] QIcon imageNamed(const QString& name, bool dark = false);
 
 private:
     QHash<QString, QIcon> m_drawn;

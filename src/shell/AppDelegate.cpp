@@ -4,6 +4,9 @@
 
 #include "logging/FV2Logging.h"
 
+#include <QCursor>
+#include <QGuiApplication>
+
 namespace fv2 {
 
 namespace {
@@ -12,13 +15,31 @@ void release(const std::string& text) {
     log(FV2LoggingLevel::release, {text});
 }
 
+void trace(const std::string& text) {
+    log(FV2LoggingLevel::trace, {text});
+}
+
+//! Under Wayland a program can't place a menu beside somebody else's panel.
+bool canPlaceMenus() {
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
 } // namespace
 
-AppDelegate::AppDelegate(FV2AppStateModel& appModel, FV2TrayItem& trayItem, std::function<void()> quit)
-    : m_appModel(appModel)
-    , m_trayItem(trayItem)
-    , m_quit(std::move(quit)) {
-    m_appModel.setAppDelegate(*this);
+AppDelegate::AppDelegate(Parts parts)
+    : m_parts(std::move(parts)) {
+    m_parts.appModel.setAppDelegate(*this);
+    FV2StatusMenu& menu = m_parts.menu;
+    connect(&menu, &FV2StatusMenu::opened, this, [] {
+        trace("rmup");
+        release("StatusBarMenu Clicked");
+    });
+    connect(&menu, &FV2StatusMenu::closed, this, [] { release("StatusBarMenu Closed"); });
+    connect(&menu, &FV2StatusMenu::showMainWindow, this, &AppDelegate::menuShowMainWindow);
+    connect(&menu, &FV2StatusMenu::hideMainWindow, this, &AppDelegate::menuHideMainWindow);
+    connect(&menu, &FV2StatusMenu::proxySync, this, &AppDelegate::menuProxySync);
+    connect(&m_parts.wndDelegate, &FV2WindowDelegate::windowsChanged, this, &AppDelegate::updateMenu);
+    m_parts.menuBarStatusItem.setMenu(menu.menu(), [this] { onMenuBarStatusItemClicked(); });
 }
 
 void AppDelegate::logBanner() {
@@ -26,29 +47,80 @@ void AppDelegate::logBanner() {
     release("Application started.");
 }
 
-void AppDelegate::applicationDidFinishLaunching() {
-    m_trayItem.show(m_appModel.state().getMenuBarStatusIcon(), m_appModel.state().overallState);
-    m_trayWatcher.emplace([this] { m_trayItem.appear(); });
-    m_appModel.runBackgroundThread();
-    m_appModel.syncCommsAsync(true, fv2SyncSource::Startup, false);
+void AppDelegate::applicationDidFinishLaunching(bool launchedByFileManager) {
+    const FV2AppState& state = m_parts.appModel.state();
+    m_parts.menuBarStatusItem.show(state.getMenuBarStatusIcon(), state.overallState);
+    m_trayWatcher.emplace([this] { m_parts.menuBarStatusItem.appear(); });
+    m_parts.appModel.runBackgroundThread();
+    m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false);
+    if (launchedByFileManager) {
+        menuShowMainWindow();
+        release("Was launched by Finder");
+    }
+}
+
+bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {
+    release("Relaunched when already running. Showing main window. (applicationShouldHandleReopen())");
+    menuShowMainWindow();
+    return false;
+}
+
+void AppDelegate::sessionBecameActive() {
+    release("sessionBecameActive() - Sync");
+    m_parts.appModel.syncCommsAsync(false, fv2SyncSource::Moved, false);
+}
+
+void AppDelegate::sessionResigned() {
+    release("sessionResigned() - unsubscribeFromNotifications");
+    m_parts.appModel.unsubscribeFromNotifications();
+}
+
+//! A click of the left button: the host itself shows the menu for the right one.
+void AppDelegate::onMenuBarStatusItemClicked() {
+    trace("lbup");
+    release("StatusBarMenu Clicked");
+    if (canPlaceMenus())
+        m_parts.menu.popUp(QCursor::pos());
+    else
+        m_parts.menu.triggerFirst();
+}
+
+//! Hidden windows count as not there: the entry that brings them back has to be offered.
+void AppDelegate::updateMenu() {
+    const FV2WindowDelegate& windows = m_parts.wndDelegate;
+    m_parts.menu.update(windows.isOpen(fv2Window::Main) && windows.isAnyWindowMain(),
+                        !m_parts.appModel.state().syncORMActive);
 }
 
 void AppDelegate::menuShowMainWindow() {
     release("StatusBarMenu Open Application Window");
-    m_appModel.syncCommsAsync(false, fv2SyncSource::Moved, false);
+    m_parts.appModel.syncCommsAsync(false, fv2SyncSource::Moved, false);
+    if (!m_parts.wndDelegate.showAll())
+        m_parts.wndDelegate.openWindow(fv2Window::Main, true);
+}
+
+void AppDelegate::menuHideMainWindow() {
+    release("StatusBarMenu Hide Application Window");
+    m_parts.wndDelegate.hideApplicationWindows();
+}
+
+void AppDelegate::menuProxySync() {
+    release("StatusBarMenu Proxy Sync");
+    m_parts.appModel.syncProxyAsync(fv2SyncSource::User, false);
 }
 
 void AppDelegate::exitApplication() {
     release("exitApplication called");
-    log(FV2LoggingLevel::trace, {"applicationShouldTerminate()"});
-    m_quit();
+    trace("applicationShouldTerminate()");
+    m_parts.quit();
 }
 
 void AppDelegate::applicationWillTerminate() {
     release("applicationWillTerminate()");
     if (!terminating)
-        m_appModel.unsubscribeAtExit();
+        m_parts.appModel.unsubscribeAtExit();
     handleTerminate();
+    m_parts.wndDelegate.closeAll();
 }
 
 void AppDelegate::handleTerminate() {
@@ -57,7 +129,7 @@ void AppDelegate::handleTerminate() {
         return;
     }
     release("handleTerminate() shutting down background thread.");
-    m_appModel.stopBackgroundThread();
+    m_parts.appModel.stopBackgroundThread();
     terminating = true;
 }
 

@@ -5,38 +5,61 @@
 #include "model/FV2AppStateModel.h"
 #include "model/FV2Ports.h"
 #include "platform/FV2TrayWatcher.h"
+#include "shell/FV2StatusMenu.h"
 #include "shell/FV2TrayItem.h"
+#include "shell/FV2WindowDelegate.h"
+
+#include <QObject>
 
 #include <functional>
 #include <optional>
 
 namespace fv2 {
 
-//! Starts the agent's parts in order, opens the application window when asked, and ends everything in order. Main
-//! thread only. The model and the tray item are lent to it and outlive it.
-class AppDelegate final : public FV2ApplicationDelegate {
+//! Starts the agent's parts in order, follows the user's session and the tray's menu, and ends everything in order.
+//! Main thread only.
+class AppDelegate final : public QObject, public FV2ApplicationDelegate {
+    Q_OBJECT
 public:
-    //! `quit` ends the event loop, which reports it to applicationWillTerminate().
-    AppDelegate(FV2AppStateModel& appModel, FV2TrayItem& trayItem, std::function<void()> quit);
+    //! What is lent to the delegate and outlives it.
+    struct Parts {
+        FV2AppStateModel& appModel;
+        FV2WindowDelegate& wndDelegate;
+        FV2TrayItem& menuBarStatusItem;
+        FV2StatusMenu& menu;
+        std::function<void()> quit; //!< ends the event loop, which reports it to applicationWillTerminate()
+    };
+
+    explicit AppDelegate(Parts parts);
 
     //! The first lines of every run's log.
     static void logBanner();
 
-    void applicationDidFinishLaunching();
+    //! `launchedByFileManager`: a user started the program by hand and wants to see it.
+    void applicationDidFinishLaunching(bool launchedByFileManager);
+    //! The user starts the agent again while it runs. Always false: there is nothing else to do.
+    bool applicationShouldHandleReopen(bool hasVisibleWindows);
+    //! The user's login session is in front again.
+    void sessionBecameActive();
+    //! Another user's session is in front.
+    void sessionResigned();
     void exitApplication();
     //! Says goodbye to the service and stops the listener, whoever has ended the event loop. The end takes under a
     //! second.
     void applicationWillTerminate();
 
-    [[nodiscard]] FV2StatusItem& menuBarStatusItem() override { return m_trayItem; }
+    [[nodiscard]] FV2StatusItem& menuBarStatusItem() override { return m_parts.menuBarStatusItem; }
+    void updateMenu() override;
+
     void menuShowMainWindow() override;
+    void menuHideMainWindow();
+    void menuProxySync();
 
 private:
+    void onMenuBarStatusItemClicked();
     void handleTerminate();
 
-    FV2AppStateModel& m_appModel;
-    FV2TrayItem& m_trayItem;
-    std::function<void()> m_quit;
+    Parts m_parts;
     std::optional<FV2TrayWatcher> m_trayWatcher;
     bool terminating = false;
 };

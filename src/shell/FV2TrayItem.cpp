@@ -25,15 +25,35 @@ void FV2TrayItem::show(std::string_view imageName, fv2StatusStateType overallSta
     const QString image = QString::fromUtf8(imageName.data(), static_cast<qsizetype>(imageName.size()));
     const QString toolTip = translated("IDUS_PRODUCT_DISPLAY_NAME") + QStringLiteral(": ") +
                             translated(kStateTitles.at(static_cast<std::size_t>(overallState)));
-    if (std::exchange(m_imageName, image) != image && m_icon)
-        m_icon->setIcon(m_images.imageNamed(image));
+    if (std::exchange(m_imageName, image) != image)
+        refreshIcon();
     if (std::exchange(m_toolTip, toolTip) != toolTip && m_icon)
         m_icon->setToolTip(toolTip);
 }
 
+void FV2TrayItem::setMenu(QMenu& menu, std::function<void()> clicked) {
+    m_menu = &menu;
+    m_clicked = std::move(clicked);
+}
+
+void FV2TrayItem::setDark(bool dark) {
+    if (std::exchange(m_dark, dark) != dark)
+        refreshIcon();
+}
+
+void FV2TrayItem::refreshIcon() {
+    if (m_icon)
+        m_icon->setIcon(m_images.imageNamed(m_imageName, m_dark));
+}
+
 void FV2TrayItem::appear() {
-    m_icon.emplace(m_images.imageNamed(m_imageName));
+    m_icon.emplace(m_images.imageNamed(m_imageName, m_dark));
     m_icon->setToolTip(m_toolTip);
+    m_icon->setContextMenu(m_menu);
+    QObject::connect(&*m_icon, &QSystemTrayIcon::activated, &*m_icon, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger && m_clicked)
+            m_clicked();
+    });
     m_icon->show();
 }
 

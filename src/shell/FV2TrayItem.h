@@ -6,9 +6,11 @@
 #include "platform/FV2Images.h"
 #include "resources/OxTranslatedString.h"
 
+#include <QMenu>
 #include <QString>
 #include <QSystemTrayIcon>
 
+#include <functional>
 #include <optional>
 
 namespace fv2 {
@@ -20,17 +22,28 @@ public:
         : m_images(images)
         , m_strings(strings) {}
 
+    //! Before appear(): the menu that the tray's host shows, and what a click of the left button does.
+    void setMenu(QMenu& menu, std::function<void()> clicked);
+
     //! Setting what is shown already does nothing: the tray's host would redraw for it.
     void show(std::string_view imageName, fv2StatusStateType overallState) override;
+
+    //! Takes the variant of the icons that is made for dark or for light desktops.
+    void setDark(bool dark);
 
     //! To be called once a tray can be used: makes the item with what was set last.
     void appear();
 
 private:
+    void refreshIcon();
+
     FV2Images& m_images;
     const OxStringBundle& m_strings;
+    QMenu* m_menu = nullptr;
+    std::function<void()> m_clicked;
     QString m_imageName;
     QString m_toolTip;
+    bool m_dark = false;
     std::optional<QSystemTrayIcon> m_icon;
 };
 

@@ -99,6 +99,7 @@ struct FakeInterface final : FV2StatusItem, FV2ApplicationDelegate, FV2WindowReg
     void show(std::string_view image, fv2StatusStateType /*overallState*/) override { icons.emplace_back(image); }
     FV2StatusItem& menuBarStatusItem() override { return *this; }
     void menuShowMainWindow() override { calls += "show main window; "; }
+    void updateMenu() override { ++menuUpdates; }
     bool isOpen(fv2Window kind) const override { return kind == open; }
     void openWindow(fv2Window kind, bool userInitiated) override {
         calls += "open " + std::to_string(static_cast<int>(kind)) + (userInitiated ? " for user; " : "; ");
@@ -116,6 +117,7 @@ struct FakeInterface final : FV2StatusItem, FV2ApplicationDelegate, FV2WindowReg
     std::string calls;
     std::vector<std::string> icons;
     int mainUpdates = 0;
+    int menuUpdates = 0;
     const CountingSemaphore* updates = nullptr;
 };
 

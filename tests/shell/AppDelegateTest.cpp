@@ -4,6 +4,7 @@
 
 #include "comms/TestEndpoint.h"
 #include "model/Fakes.h"
+#include "shell/FakeWindows.h"
 #include "support/LogScope.h"
 #include "support/QtLoop.h"
 #include "support/RawSocket.h"
@@ -47,30 +48,38 @@ protected:
     HandDispatch m_dispatch;
     ToldTimers m_timers;
     ScriptedLink m_service;
-    FV2AppStateModel m_model{{.dispatch = m_dispatch,
-                              .timers = m_timers,
-                              .service = m_service,
-                              .strings = m_strings,
-                              .mediumDate = [](std::int64_t) { return std::string(); },
-                              .computerName = "host",
-                              .makeAppSocket = [this] { return std::make_unique<TestEndpoint>(m_path); }},
-                             501};
+    std::shared_ptr<FV2AppStateModel> m_model = std::make_shared<FV2AppStateModel>(
+        FV2AppStateModel::Surroundings{.dispatch = m_dispatch,
+                                       .timers = m_timers,
+                                       .service = m_service,
+                                       .strings = m_strings,
+                                       .mediumDate = [](std::int64_t) { return std::string(); },
+                                       .computerName = "host",
+                                       .makeAppSocket = [this] { return std::make_unique<TestEndpoint>(m_path); }},
+        501);
+    FakeWindows m_windows;
+    FV2WindowDelegate m_registry{m_model, m_windows};
+    FV2StatusMenu m_menu{m_strings};
     int m_quits = 0;
     //! As the event loop does: reports its end.
-    AppDelegate m_delegate{m_model, m_trayItem, [this] {
-                               ++m_quits;
-                               m_delegate.applicationWillTerminate();
-                           }};
+    AppDelegate m_delegate{{.appModel = *m_model,
+                            .wndDelegate = m_registry,
+                            .menuBarStatusItem = m_trayItem,
+                            .menu = m_menu,
+                            .quit = [this] {
+                                ++m_quits;
+                                m_delegate.applicationWillTerminate();
+                            }}};
 };
 
 TEST_F(AppDelegateTest, StartsTheListenerAndThenTheFirstRefreshWithoutWaitingForEither) {
     AppDelegate::logBanner();
-    m_delegate.applicationDidFinishLaunching();
+    m_delegate.applicationDidFinishLaunching(false);
     EXPECT_EQ(m_service.asked, std::vector<std::string>()) << "asked on the main thread";
     m_service.status = statusAnswer(7);
     m_dispatch.settle();
     EXPECT_EQ(m_service.asked.size(), 2U);
-    EXPECT_EQ(m_model.state().overallState, fv2StatusStateType::Yellow);
+    EXPECT_EQ(m_model->state().overallState, fv2StatusStateType::Yellow);
     EXPECT_EQ(firstOutOfOrder({std::string(80, '*'), "Application started.", "runBackgroundThread -> in",
                                "syncCommsAsync() in.", "syncCommsAsync -> source is Startup",
                                "appModel->updateFromModel -> performing action"}),
@@ -80,7 +89,7 @@ TEST_F(AppDelegateTest, StartsTheListenerAndThenTheFirstRefreshWithoutWaitingFor
 }
 
 TEST_F(AppDelegateTest, OpensTheApplicationWindowForAnotherCopy) {
-    m_delegate.applicationDidFinishLaunching();
+    m_delegate.applicationDidFinishLaunching(false);
     const UniqueFd copy = connectTo(m_path);
     ASSERT_TRUE(sendAll(copy, R"({ "command": "show_ui" })"));
     EXPECT_EQ(receiveAll(copy), R"("{ "result": 0 }")");
@@ -93,7 +102,7 @@ TEST_F(AppDelegateTest, OpensTheApplicationWindowForAnotherCopy) {
 }
 
 TEST_F(AppDelegateTest, SaysGoodbyeOnceAndStopsListening) {
-    m_delegate.applicationDidFinishLaunching();
+    m_delegate.applicationDidFinishLaunching(false);
     ASSERT_TRUE(connectTo(m_path));
     m_dispatch.settle();
     m_service.asked.clear();
@@ -115,6 +124,70 @@ TEST_F(AppDelegateTest, SaysGoodbyeOnceAndStopsListening) {
     EXPECT_EQ(m_service.asked[0], "cancel");
     EXPECT_EQ(m_service.asked[1].find("farewell {"), 0U);
     EXPECT_NE(m_service.asked[1].find(R"("unsubscribe")"), std::string::npos);
+}
+
+//! The menu as a tray's host copies it.
+TEST_F(AppDelegateTest, KeepsTheMenuTrueAfterEveryChange) {
+    m_model->setWndDelegate(&m_registry);
+    const auto shown = [this] {
+        std::string all;
+        for (const QAction* entry : m_menu.menu().actions())
+            all += entry->isSeparator() ? "| " : entry->text().toStdString() + (entry->isEnabled() ? " " : " (off) ");
+        return all;
+    };
+    const std::string open = "MGUI_MENUBAR_OPEN_ORM %1 | MGUI_MENUBAR_PROXYSYNC_ORM %1 ";
+    const std::string hide = "MGUI_MENUBAR_HIDE_ORM %1 | MGUI_MENUBAR_PROXYSYNC_ORM %1 ";
+    m_delegate.applicationDidFinishLaunching(false);
+    m_dispatch.settle();
+    EXPECT_EQ(shown(), open);
+    m_menu.triggerFirst();
+    EXPECT_EQ(shown(), hide);
+    m_service.asked.clear();
+    m_dispatch.settle();
+    EXPECT_EQ(m_service.asked.size(), 2U) << "opening the window asks for news";
+
+    m_registry.openWindow(fv2Window::Password_Encrypt, true);
+    m_menu.triggerFirst();
+    EXPECT_EQ(shown(), open) << "hidden windows have to be reached";
+    EXPECT_TRUE(m_registry.isOpen(fv2Window::Main));
+    m_menu.triggerFirst();
+    EXPECT_EQ(shown(), hide);
+    EXPECT_EQ(m_windows.made, 2) << "hidden windows are used again";
+    m_registry.registeredController(fv2Window::Password_Encrypt)->window().closeWindow();
+    m_registry.registeredController(fv2Window::Main)->window().showMinimized();
+    EXPECT_EQ(shown(), open);
+
+    m_service.heldUp = "proxy_sync";
+    std::string during;
+    m_service.meanwhile = [&] { during = shown(); };
+    m_menu.menu().actions().back()->trigger();
+    m_dispatch.settle();
+    EXPECT_EQ(during, "MGUI_MENUBAR_OPEN_ORM %1 | MGUI_MENUBAR_PROXYSYNC_ORM %1 (off) ");
+    EXPECT_EQ(shown(), open) << "also when the synchronisation failed";
+    EXPECT_EQ(firstOutOfOrder({"StatusBarMenu Open Application Window", "StatusBarMenu Hide Application Window",
+                               "StatusBarMenu Open Application Window", "StatusBarMenu Proxy Sync"}),
+              "");
+}
+
+TEST_F(AppDelegateTest, FollowsTheUsersSessionAndEveryWayOfBeingAskedFor) {
+    m_delegate.applicationDidFinishLaunching(true);
+    EXPECT_TRUE(m_registry.isOpen(fv2Window::Main));
+    EXPECT_EQ(count("Was launched by Finder"), 1);
+    EXPECT_FALSE(m_delegate.applicationShouldHandleReopen(true));
+    EXPECT_EQ(m_windows.made, 1);
+    m_dispatch.settle();
+    m_service.asked.clear();
+    m_delegate.sessionResigned();
+    m_dispatch.settle();
+    ASSERT_EQ(m_service.asked.size(), 1U);
+    EXPECT_NE(m_service.asked[0].find(R"("unsubscribe")"), std::string::npos);
+    m_timers.advance(FV2RefreshGate::spacing);
+    m_delegate.sessionBecameActive();
+    m_dispatch.settle();
+    EXPECT_EQ(m_service.asked.size(), 3U);
+    EXPECT_EQ(firstOutOfOrder({"sessionResigned() - unsubscribeFromNotifications", "Unsubscribe from notifications.",
+                               "sessionBecameActive() - Sync", "syncCommsAsync -> source is Moved"}),
+              "");
 }
 
 TEST_F(AppDelegateTest, EndsInOrderAlsoWhenTheLoopEndsByItselfOrBeforeTheStart) {

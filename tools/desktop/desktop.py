@@ -1,6 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The fv2-agent authors
 # SPDX-License-Identifier: Apache-2.0
-"""A private desktop for demo and end-to-end tests: X server, session bus, a real panel with its tray, and a home folder.
+"""A private desktop for demo and end-to-end tests: X server, session bus, a real panel with its tray, a home folder.
+
+On demand there are a window manager, what screen readers need, and a system bus.
 
 Nothing of the user's own session is used or touched, and nothing is left when the `with` block ends, however it ends.
 The programs' sockets have fixed paths, so a desktop waits until no other one of this user is open.
@@ -26,13 +28,14 @@ import dbus.bus
 from programs import Program
 from tray import WATCHER, main_colour, wait_for_item
 from waiting import wait_until
+from windows import Screen
 
 PANEL_HEIGHT = 32
 
 BUS_CONFIG = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
-  <type>session</type>
+  <type>{kind}</type>
   <listen>unix:dir={folder}</listen>
   <auth>EXTERNAL</auth>
   <servicedir>{services}</servicedir>
@@ -75,20 +78,40 @@ PANEL_CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 """
 
+# The panel's own companion. Its prevention of focus stealing is off as it is shipped, but on in what most people use.
+# Compositing keeps windows whole for pictures where others lie above them.
+WINDOW_MANAGER_CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfwm4" version="1.0">
+  <property name="general" type="empty">
+    <property name="prevent_focus_stealing" type="bool" value="true"/>
+    <property name="use_compositing" type="bool" value="true"/>
+    <property name="vblank_mode" type="string" value="off"/>
+    <property name="workspace_count" type="int" value="1"/>
+  </property>
+</channel>
+"""
+
 
 class Desktop:
-    """One desktop; see the head of this file. panel is "light", "dark" or None for a session without any tray."""
+    """One desktop; see the head of this file. panel is "light", "dark" or None for a session without any tray.
+
+    window_manager: windows have frames and one of them the keyboard. accessible: programs started in it speak to screen
+    readers. system_bus: there is one, empty, and system_bus is connected to it."""
 
     SIZE = (1280, 800)
     PANEL = (1280, PANEL_HEIGHT, 0, 0)
     TRAY = (200, PANEL_HEIGHT, 1080, 0)
 
-    def __init__(self, panel="light", logs_folder=True, env=None):
+    def __init__(self, panel="light", logs_folder=True, env=None, window_manager=False, accessible=False,
+                 system_bus=False):
         self._panel = panel
+        self._window_manager = window_manager
+        self._accessible = accessible
+        self._system_bus = system_bus
         self._logs_folder = logs_folder
         self._extra = dict(env or {})
         self._closing = contextlib.ExitStack()
-        self.folder = self.home = self.env = self.bus = self.panel = None
+        self.folder = self.home = self.env = self.screen = self.bus = self.system_bus = self.panel = None
 
     def __enter__(self):
         try:
@@ -96,9 +119,15 @@ class Desktop:
             self._make_folders()
             self._closing.callback(self._end_strays)
             self._start_screen()
-            self._start_bus()
+            self._start_session_bus()
+            if self._system_bus:
+                self.system_bus = self._start_bus("system", "DBUS_SYSTEM_BUS_ADDRESS")
+            if self._window_manager:
+                self._start_window_manager()
             if self._panel:
                 self.start_panel()
+            if self._accessible:
+                self._start_accessibility()
         except BaseException:
             self._closing.close()
             raise
@@ -106,6 +135,10 @@ class Desktop:
 
     def __exit__(self, *_):
         self._closing.close()
+
+    def at_end(self, callback):
+        """Has something called before everything that was started by now is stopped."""
+        self._closing.callback(callback)
 
     def start(self, command, env=None, name=None):
         """Starts a program in this desktop; it is stopped with the desktop at the latest."""
@@ -115,10 +148,8 @@ class Desktop:
 
     def start_panel(self):
         """Starts the panel and returns once its tray is ready for items."""
-        config = self.home / ".config/xfce4/xfconf/xfce-perchannel-xml"
-        config.mkdir(parents=True, exist_ok=True)
         dark = "true" if self._panel == "dark" else "false"
-        (config / "xfce4-panel.xml").write_text(PANEL_CONFIG.format(dark=dark, height=PANEL_HEIGHT), encoding="utf-8")
+        self._write_settings("xfce4-panel", PANEL_CONFIG.format(dark=dark, height=PANEL_HEIGHT))
         self.panel = self.start(["xfce4-panel", "--disable-wm-check"])
         wait_until(lambda: self.panel.running() and self.bus.name_has_owner(WATCHER), "the panel's tray", 30)
 
@@ -153,7 +184,7 @@ class Desktop:
         self._closing.callback(shutil.rmtree, self.folder, ignore_errors=True)
         self.home = self.folder / "home"
         runtime = self.folder / "run"
-        for folder in (self.home, runtime, self.folder / "services"):
+        for folder in (self.home, runtime):
             folder.mkdir(mode=0o700)
         if self._logs_folder:
             (self.home / "logs").mkdir()
@@ -181,25 +212,57 @@ class Desktop:
         size = "{}x{}x24".format(*self.SIZE)
         screen = self.start(["Xvfb", "-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp", "-noreset"])
         self.env["DISPLAY"] = ":" + screen.expect(r"^(\d+)$", 30).group(1)
+        self.screen = Screen(self.env)
+        self.at_end(self.screen.close)
         self.env.update(self._extra)
 
-    def _start_bus(self):
+    def _start_session_bus(self):
         # Only the panel's settings service may be started by asking for it: what else the machine has installed
         # must not change what the programs under test find.
-        services = self.folder / "services"
         xfconf = Path("/usr/share/dbus-1/services/org.xfce.Xfconf.service")
+        services = self.folder / "session-services"
+        services.mkdir()
         (services / xfconf.name).symlink_to(xfconf)
-        config = self.folder / "bus.conf"
-        config.write_text(BUS_CONFIG.format(folder=self.env["XDG_RUNTIME_DIR"], services=services), encoding="utf-8")
+        self.bus = self._start_bus("session", "DBUS_SESSION_BUS_ADDRESS")
+
+    def _start_bus(self, kind, variable):
+        text = BUS_CONFIG.format(kind=kind, folder=self.env["XDG_RUNTIME_DIR"],
+                                 services=self.folder / f"{kind}-services")
+        config = self.folder / f"{kind}-bus.conf"
+        config.write_text(text, encoding="utf-8")
         daemon = self.start(["dbus-daemon", f"--config-file={config}", "--nofork", "--nopidfile", "--print-address"])
-        self.env["DBUS_SESSION_BUS_ADDRESS"] = daemon.expect(r"^(unix:.+)$").group(1)
-        self.bus = dbus.bus.BusConnection(self.env["DBUS_SESSION_BUS_ADDRESS"])
-        self._closing.callback(self.bus.close)
+        self.env[variable] = daemon.expect(r"^(unix:.+)$").group(1)
+        bus = dbus.bus.BusConnection(self.env[variable])
+        self.at_end(bus.close)
+        return bus
+
+    def _start_window_manager(self):
+        self._write_settings("xfwm4", WINDOW_MANAGER_CONFIG)
+        manager = self.start(["xfwm4"])
+        wait_until(lambda: manager.running() and self.screen.managed(), "the window manager", 30)
+
+    def _start_accessibility(self):
+        launcher = self.start(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"])
+        wait_until(lambda: launcher.running() and self.bus.name_has_owner("org.a11y.Bus"), "the accessibility bus", 30)
+        del self.env["NO_AT_BRIDGE"]
+        self.env["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+
+    def _write_settings(self, channel, text):
+        folder = self.home / ".config/xfce4/xfconf/xfce-perchannel-xml"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / f"{channel}.xml").write_text(text, encoding="utf-8")
 
     def _end_strays(self):
         """Ends what the stopped programs left behind: every process that carries this desktop's mark."""
         mark = f"FV2_DESKTOP={self.folder}".encode()
-        for entry in Path("/proc").glob("[0-9]*"):
-            with contextlib.suppress(OSError):
-                if mark in (entry / "environ").read_bytes().split(b"\0"):
-                    os.kill(int(entry.name), signal.SIGKILL)
+
+        def none_is_left():
+            found = False
+            for entry in Path("/proc").glob("[0-9]*"):
+                with contextlib.suppress(OSError):
+                    if mark in (entry / "environ").read_bytes().split(b"\0"):
+                        found = True
+                        os.kill(int(entry.name), signal.SIGKILL)
+            return not found
+
+        wait_until(none_is_left, "the end of what the programs left behind")

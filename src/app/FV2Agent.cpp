@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "app/FV2Agent.h"
+
+#include "comms/FV2AppSocketComms.h"
+#include "platform/FV2ComputerName.h"
+#include "platform/FV2Launcher.h"
+#include "platform/FV2MachineDescription.h"
+#include "platform/FV2MediumDate.h"
+#include "resources/NxAppearance.h"
+#include "resources/NxDesign.h"
+
+#include <QFile>
+
+#include <unistd.h>
+#include <variant>
+
+namespace fv2 {
+
+namespace {
+
+std::string text(std::string_view identifier) {
+    return OxTranslatedString::translateOrMarkID(identifier).string();
+}
+
+std::string designPropertyList() {
+    QFile file(QStringLiteral(":/design/design.plist"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
+
+} // namespace
+
+FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
+    : m_application(application)
+    , m_strings(FV2QtStrings::preferredLanguages())
+    , m_trayItem(m_images, m_strings)
+    , m_menu(m_strings)
+    , m_appModel(makeModel())
+    , m_screens(m_appModel)
+    , m_wndDelegate(m_appModel, m_screens)
+    , m_delegate({.appModel = *m_appModel,
+                  .wndDelegate = m_wndDelegate,
+                  .menuBarStatusItem = m_trayItem,
+                  .menu = m_menu,
+                  .quit = [] { QCoreApplication::exit(); }}) {
+    // Panels show the application's name where they list their items.
+    QCoreApplication::setApplicationName(QString::fromStdString(text("IDUS_PRODUCT_DISPLAY_NAME")));
+    m_appModel->setAppConfigModel(makeAppConfigModel());
+    m_appModel->setWndDelegate(&m_wndDelegate);
+    onAppearanceChanged();
+    followDesktop(signals);
+}
+
+std::shared_ptr<FV2AppStateModel> FV2Agent::makeModel() {
+    OxTranslatedString::setApplicationBundle(m_strings);
+    NxDesign::setResource(designPropertyList);
+    return std::make_shared<FV2AppStateModel>(
+        FV2AppStateModel::Surroundings{.dispatch = m_dispatch,
+                                       .timers = m_timers,
+                                       .service = m_service,
+                                       .strings = m_strings,
+                                       .mediumDate = mediumDate,
+                                       .computerName = computerName(),
+                                       .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
+                                       .doNotDisturb = [this] { return m_doNotDisturb.isOn(); }},
+        ::getuid());
+}
+
+std::unique_ptr<FV2AppConfigModel> FV2Agent::makeAppConfigModel() const {
+    const auto machine = machineDescription();
+    const std::string* const name = std::get_if<std::string>(&machine);
+    return std::make_unique<FV2AppConfigModel>([this] { return m_appearance.isDark(); }, osDescription(),
+                                               name != nullptr ? *name : text("IDUS_UNKNOWN"),
+                                               ProductModel{.edition = "Business", .typeString = "business"});
+}
+
+void FV2Agent::followDesktop(FV2UnixSignals& signals) {
+    signals.onTerminate([this] { m_delegate.exitApplication(); });
+    m_application.onQuitRequest([this] { m_delegate.exitApplication(); });
+    QObject::connect(&m_application, &QCoreApplication::aboutToQuit, &m_delegate,
+                     &AppDelegate::applicationWillTerminate);
+    QObject::connect(&m_appearance, &FV2Appearance::changed, &m_delegate, [this] { onAppearanceChanged(); });
+    QObject::connect(&m_wndDelegate, &FV2WindowDelegate::firstWindow, &m_appearance, &FV2Appearance::askPortal);
+    QObject::connect(&m_session, &FV2LoginSession::becameActive, &m_delegate, &AppDelegate::sessionBecameActive);
+    QObject::connect(&m_session, &FV2LoginSession::resigned, &m_delegate, &AppDelegate::sessionResigned);
+    QObject::connect(&m_activation, &FV2DesktopActivation::activated, &m_delegate, [this](const QString& token) {
+        // Read by Qt when it next asks the compositor to bring a window to the front.
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+        m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain());
+    });
+}
+
+void FV2Agent::onAppearanceChanged() {
+    NxAppearance::setCurrent(m_appearance.isDark() ? NxAppearance::dark : NxAppearance::aqua);
+    m_trayItem.setDark(m_appearance.isDark());
+    m_wndDelegate.refreshAppearance();
+}
+
+int FV2Agent::run(bool showWindow) {
+    m_delegate.applicationDidFinishLaunching(showWindow || launchedByFileManager());
+    const int status = m_application.exec();
+    m_dispatch.finish();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // windows that were closed last
+    return status;
+}
+
+} // namespace fv2

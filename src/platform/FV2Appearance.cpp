@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2Appearance.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace fv2 {
+
+namespace {
+
+const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString kInterface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString kGroup = QStringLiteral("org.freedesktop.appearance");
+const QString kKey = QStringLiteral("color-scheme");
+
+//! The portal's values of the setting; any other means that the user has no wish.
+constexpr unsigned kPreferDark = 1;
+constexpr unsigned kPreferLight = 2;
+
+} // namespace
+
+FV2Appearance::FV2Appearance()
+    : m_scheme(QDBusConnection::sessionBus(), {kService, kPath, kInterface, QStringLiteral("Read"), {kGroup, kKey}})
+    , m_isDark(looksDark()) {
+    connect(&m_scheme, &FV2BusValue::learnt, this, &FV2Appearance::update);
+    QDBusConnection::sessionBus().connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
+                                          SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+    qGuiApp->installEventFilter(this);
+    m_scheme.ask();
+}
+
+void FV2Appearance::askPortal() {
+    if (!std::exchange(m_hasAsked, true))
+        m_scheme.ask(FV2BusValue::Start::Allowed);
+}
+
+bool FV2Appearance::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == qGuiApp)
+        update();
+    return QObject::eventFilter(watched, event);
+}
+
+void FV2Appearance::onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value) {
+    if (group == kGroup && key == kKey)
+        m_scheme.set(value.variant());
+}
+
+bool FV2Appearance::looksDark() const {
+    const QVariant& scheme = m_scheme.value();
+    const unsigned wish = scheme.typeId() == QMetaType::UInt ? scheme.toUInt() : 0;
+    if (wish == kPreferDark || wish == kPreferLight)
+        return wish == kPreferDark;
+    const QPalette palette = QGuiApplication::palette();
+    return qGray(palette.color(QPalette::Window).rgb()) < qGray(palette.color(QPalette::WindowText).rgb());
+}
+
+void FV2Appearance::update() {
+    const bool wasDark = std::exchange(m_isDark, looksDark());
+    if (wasDark != m_isDark)
+        Q_EMIT changed();
+}
+
+} // namespace fv2

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/FV2BusValue.h"
+
+#include <QDBusVariant>
+
+namespace fv2 {
+
+//! Whether the desktop wants to look dark: what its settings portal says, else what the application's palette looks
+//! like. Nothing may set that palette by the answer, or the question would answer itself. Main thread only.
+class FV2Appearance : public QObject {
+    Q_OBJECT
+public:
+    //! Asks the portal only if it runs already.
+    FV2Appearance();
+
+    [[nodiscard]] bool isDark() const { return m_isDark; }
+
+    //! Asks once more and lets the portal be started for it; only the first call does anything.
+    void askPortal();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    [[nodiscard]] bool looksDark() const;
+    void update();
+
+private Q_SLOTS:
+    void onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+private:
+    FV2BusValue m_scheme;
+    bool m_isDark;
+    bool m_hasAsked = false;
+};
+
+} // namespace fv2

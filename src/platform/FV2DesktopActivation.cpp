@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2DesktopActivation.h"
+
+#include "logging/FV2Logging.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+namespace fv2 {
+
+namespace {
+
+const QString kName = QStringLiteral("org.fv2agent.Agent");
+const QString kPath = QStringLiteral("/org/fv2agent/Agent");
+const QString kBus = QStringLiteral("org.freedesktop.DBus");
+
+//! The bus's answers to RequestName that make us the owner.
+constexpr unsigned kPrimaryOwner = 1;
+constexpr unsigned kAlreadyOwner = 4;
+
+} // namespace
+
+FV2DesktopActivation::FV2DesktopActivation() {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    // The object first: whoever sees the name may call at once.
+    bus.registerObject(kPath, this, QDBusConnection::ExportScriptableSlots);
+    // Qt's own registerService() waits for the answer.
+    QDBusMessage request = QDBusMessage::createMethodCall(kBus, QStringLiteral("/org/freedesktop/DBus"), kBus,
+                                                          QStringLiteral("RequestName"));
+    request << kName << 0U;
+    auto* const call = new QDBusPendingCallWatcher(bus.asyncCall(request), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, [call] {
+        call->deleteLater();
+        const QDBusPendingReply<unsigned> answer = *call;
+        if (!answer.isValid() || (answer.value() != kPrimaryOwner && answer.value() != kAlreadyOwner))
+            log(FV2LoggingLevel::release, {"The desktop can't activate this copy: no name", kName.toStdString()});
+    });
+}
+
+void FV2DesktopActivation::Activate(const QVariantMap& platformData) {
+    Q_EMIT activated(platformData.value(QStringLiteral("activation-token")).toString(),
+                     platformData.value(QStringLiteral("desktop-startup-id")).toString());
+}
+
+void FV2DesktopActivation::Open(const QStringList&, const QVariantMap& platformData) {
+    Activate(platformData);
+}
+
+void FV2DesktopActivation::ActivateAction(const QString&, const QVariantList&, const QVariantMap& platformData) {
+    Activate(platformData);
+}
+
+} // namespace fv2

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QVariant>
+
+namespace fv2 {
+
+//! The agent as the desktop knows applications: started again while it runs, it is told so over the session bus
+//! instead. Main thread only; the application's.
+class FV2DesktopActivation : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+public:
+    //! Asks for the name without waiting for it. If another process has it, that is logged, and the name comes to us
+    //! when that process ends.
+    FV2DesktopActivation();
+
+public Q_SLOTS:
+    Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
+    Q_SCRIPTABLE void Open(const QStringList& uris, const QVariantMap& platformData);
+    Q_SCRIPTABLE void ActivateAction(const QString& action, const QVariantList& parameters,
+                                     const QVariantMap& platformData);
+
+Q_SIGNALS:
+    //! Somebody wants to see the program. The texts let a window come to the front; empty where the desktop has none.
+    void activated(const QString& activationToken, const QString& startupId);
+};
+
+} // namespace fv2

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/FV2BusValue.h"
+
+#include <memory>
+#include <optional>
+
+namespace fv2 {
+
+//! Whether our login session is the one that its seat shows, told by logind. Silent for ever without logind. Main
+//! thread only.
+class FV2LoginSession : public QObject {
+    Q_OBJECT
+public:
+    FV2LoginSession();
+
+Q_SIGNALS:
+    // Only changes: what is so at the start is told to nobody.
+    void becameActive();
+    void resigned();
+
+private:
+    void resolve();
+    //! Asks for our session in the given way, and in the next one if that fails.
+    void resolve(std::size_t way, unsigned round);
+    void onActiveLearnt();
+
+    QDBusConnection m_bus;
+    QDBusServiceWatcher m_watcher;
+    std::unique_ptr<FV2BusProperty> m_property;
+    std::optional<bool> m_isActive;
+    unsigned m_round = 0;
+};
+
+} // namespace fv2

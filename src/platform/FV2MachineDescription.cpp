@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2MachineDescription.h"
+
+#include "platform/SmallFiles.h"
+
+#include <cerrno>
+#include <optional>
+#include <sstream>
+
+namespace fv2 {
+
+namespace {
+
+constexpr std::size_t kMost = 64 * 1024;
+constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kModelName = "model name";
+
+std::string trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos)
+        return {};
+    return std::string(text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
+}
+
+SysctlError failure(int code, const std::filesystem::path& cpuinfo) {
+    return {"POSIX", code, {{"name", std::string(kModelName)}, {"path", cpuinfo.string()}}};
+}
+
+//! What one os-release file says; empty when it says nothing.
+std::string describedBy(const std::filesystem::path& path) {
+    std::map<std::string, std::string> values;
+    std::istringstream lines(readSmallFile(path, kMost).value_or(std::string()));
+    for (std::string line; std::getline(lines, line);)
+        if (const std::size_t equals = line.find('='); equals != std::string::npos)
+            values[line.substr(0, equals)] = unquotedValue(trimmed(std::string_view(line).substr(equals + 1)));
+    if (const std::string& pretty = values["PRETTY_NAME"]; !pretty.empty())
+        return pretty;
+    const std::string& name = values["NAME"];
+    const std::string& version = values["VERSION"];
+    return name.empty() || version.empty() ? name : name + " " + version;
+}
+
+} // namespace
+
+std::variant<std::string, SysctlError> machineDescription(const std::filesystem::path& cpuinfo) {
+    const std::optional<std::string> content = readSmallFile(cpuinfo, kMost);
+    if (!content)
+        return failure(errno, cpuinfo);
+    std::istringstream lines(*content);
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t colon = line.find(':');
+        if (colon == std::string::npos || trimmed(std::string_view(line).substr(0, colon)) != kModelName)
+            continue;
+        if (const std::string name = trimmed(std::string_view(line).substr(colon + 1)); !name.empty())
+            return name + (sizeof(void*) == 8 ? " (64-bit)" : " (32-bit)");
+    }
+    return failure(ENOENT, cpuinfo);
+}
+
+std::string osDescription(const std::vector<std::filesystem::path>& paths) {
+    for (const std::filesystem::path& path : paths)
+        if (std::string description = describedBy(path); !description.empty())
+            return description;
+    return "Linux";
+}
+
+} // namespace fv2

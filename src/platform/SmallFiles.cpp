@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/SmallFiles.h"
+
+#include "base/UniqueFd.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace fv2 {
+
+std::optional<std::string> readSmallFile(const std::filesystem::path& path, std::size_t most) {
+    const UniqueFd file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (!file)
+        return std::nullopt;
+    std::string content(most, '\0');
+    std::size_t have = 0;
+    while (have < most) {
+        const ssize_t got = ::read(file.get(), content.data() + have, most - have);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return std::nullopt;
+        if (got == 0)
+            break;
+        have += static_cast<std::size_t>(got);
+    }
+    content.resize(have);
+    return content;
+}
+
+std::string unquotedValue(std::string_view value) {
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front())
+        value = value.substr(1, value.size() - 2);
+    std::string out;
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        if (value[i] == '\\' && i + 1 < value.size())
+            ++i;
+        out += value[i];
+    }
+    return out;
+}
+
+} // namespace fv2

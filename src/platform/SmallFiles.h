@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace fv2 {
+
+//! The first `most` bytes of a file, or an empty result with errno set. Does not wait for a writer, should it be a
+//! pipe.
+[[nodiscard]] std::optional<std::string> readSmallFile(const std::filesystem::path& path, std::size_t most);
+
+//! The value of a shell-like assignment: one pair of quotes taken off, a backslash makes the next character plain.
+[[nodiscard]] std::string unquotedValue(std::string_view value);
+
+} // namespace fv2

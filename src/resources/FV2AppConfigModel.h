@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "resources/NxRgba.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace fv2 {
+
+//! Which product this is: its edition and the text of its type.
+struct ProductModel {
+    std::string edition;
+    std::string typeString;
+};
+
+//! Colours, sizes and images of the main window and its pages, and what the About page says about this computer.
+//! Main thread only; lives as long as the windows.
+class FV2AppConfigModel {
+public:
+    struct ColourEntry {
+        std::string_view name;
+        NxRgba colour;
+    };
+    struct IntegerEntry {
+        std::string_view name;
+        int value;
+    };
+    struct ImageEntry {
+        std::string_view name;
+        std::string_view path;
+    };
+    //! The colours of the appearance at the last refresh.
+    struct Colours {
+        NxRgba colourWindowTitlebar;
+        NxRgba colourLeftMenuBackground;
+        NxRgba colourLeftMenuHighlight;
+        NxRgba colourLeftMenuText;
+        NxRgba colourLeftMenuTextGrayed;
+        NxRgba colourSectionBackground;
+        NxRgba colourStatusLineBackgroundGreen;
+        NxRgba colourStatusLineBackgroundYellow;
+        NxRgba colourStatusLineBackgroundRed;
+        NxRgba colourStatusMessageBackgroundGreen;
+        NxRgba colourStatusMessageBackgroundYellow;
+        NxRgba colourStatusMessageBackgroundRed;
+        NxRgba colourSeperator;
+    };
+
+    FV2AppConfigModel(std::function<bool()> isDarkMode, std::string os, std::string machine, ProductModel product);
+
+    [[nodiscard]] static std::span<const ColourEntry> colourDictionary();
+    //! Sizes in points.
+    [[nodiscard]] static std::span<const IntegerEntry> integerDictionary();
+    //! Paths of the program's own resources.
+    [[nodiscard]] static std::span<const ImageEntry> imageDictionary();
+
+    //! The colour under a key, the entry "placeholder" for a missing one; ends the program when that is missing too.
+    [[nodiscard]] static NxRgba colourIn(std::span<const ColourEntry> dictionary, std::string_view key);
+    [[nodiscard]] NxRgba colour(std::string_view key) const { return colourIn(colourDictionary(), key); }
+    [[nodiscard]] std::optional<int> integer(std::string_view name) const;
+    [[nodiscard]] std::optional<std::string_view> imagePath(std::string_view name) const;
+
+    //! Asks for the appearance and takes the colours anew; to be called whenever the appearance has changed.
+    void refreshAppearance();
+    [[nodiscard]] bool isDarkMode() const { return m_isDarkMode; }
+    [[nodiscard]] const Colours& colours() const { return m_colours; }
+
+    [[nodiscard]] const std::string& os() const { return m_os; }
+    [[nodiscard]] const std::string& machine() const { return m_machine; }
+    [[nodiscard]] const ProductModel& productModel() const { return m_productModel; }
+
+private:
+    std::function<bool()> m_askIsDarkMode;
+    ProductModel m_productModel;
+    Colours m_colours;
+    std::string m_os;
+    std::string m_machine;
+    bool m_isDarkMode = false;
+};
+
+} // namespace fv2

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "screens/FV2ScreenFactory.h"
+
+#include "screens/MainWindowWindowController.h"
+
+namespace fv2 {
+
+std::shared_ptr<FV2MainWindowController> FV2ScreenFactory::makeMainWindow(FV2WindowDelegate& registry) {
+    return makeController<MainWindowWindowController>(m_appModel, registry);
+}
+
+std::shared_ptr<FV2WindowController> FV2ScreenFactory::makePasswordWindow(FV2WindowDelegate& /*registry*/,
+                                                                          bool /*encrypting*/) {
+    return nullptr;
+}
+
+} // namespace fv2

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "screens/LeftMenuRowDelegate.h"
+
+#include <QPainter>
+
+namespace fv2 {
+
+LeftMenuRowDelegate::LeftMenuRowDelegate(int rowHeight, QObject* parent)
+    : QStyledItemDelegate(parent)
+    , m_rowHeight(rowHeight) {
+}
+
+void LeftMenuRowDelegate::setColours(const QColor& highlight, const QColor& focus) {
+    m_highlight = highlight;
+    m_focus = focus;
+}
+
+void LeftMenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                const QModelIndex& /*index*/) const {
+    if (option.state.testFlag(QStyle::State_Selected))
+        painter->fillRect(option.rect, m_highlight);
+    if (option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+        painter->setPen(QPen(m_focus, 1));
+        painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+    }
+}
+
+QSize LeftMenuRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const {
+    return {option.rect.width(), m_rowHeight};
+}
+
+} // namespace fv2

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "shell/FV2ViewController.h"
+#include "toolkit/NxImageView.h"
+
+#include <QPointer>
+
+namespace fv2 {
+
+//! The strip along the bottom of the content column. Main thread only.
+class TaglineViewController final : public FV2ViewController {
+    Q_OBJECT
+public:
+    explicit TaglineViewController(const std::weak_ptr<FV2AppStateModel>& appModel);
+
+protected:
+    void refreshColours(const FV2AppConfigModel& config) override;
+
+private:
+    QPointer<NxView> backgroundView;
+    QPointer<NxImageView> taglineImageView;
+};
+
+} // namespace fv2

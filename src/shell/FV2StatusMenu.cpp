@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "shell/FV2StatusMenu.h"
+
+namespace fv2 {
+
+FV2StatusMenu::FV2StatusMenu(const OxStringBundle& strings)
+    : m_strings(strings)
+    , m_window(m_menu.addAction(text("IDUS_MGUI_MENUBAR_OPEN_ORM")))
+    , m_proxySync(nullptr) {
+    m_menu.addSeparator();
+    m_proxySync = m_menu.addAction(text("IDUS_MGUI_MENUBAR_PROXYSYNC_ORM"));
+    connect(m_window, &QAction::triggered, this, [this] {
+        if (m_windowShown)
+            Q_EMIT hideMainWindow();
+        else
+            Q_EMIT showMainWindow();
+    });
+    connect(m_proxySync, &QAction::triggered, this, &FV2StatusMenu::proxySync);
+    connect(&m_menu, &QMenu::aboutToShow, this, &FV2StatusMenu::opened);
+    connect(&m_menu, &QMenu::aboutToHide, this, &FV2StatusMenu::closed);
+}
+
+QString FV2StatusMenu::text(std::string_view identifier) const {
+    QString title = QString::fromStdString(OxTranslatedString::translateOrMarkID(identifier, m_strings).string());
+    return title.replace(QLatin1Char('&'), QLatin1String("&&")); // an entry has no key of its own
+}
+
+void FV2StatusMenu::popUp(const QPoint& place) {
+    m_popUp = std::make_unique<QMenu>();
+    m_popUp->addActions(m_menu.actions());
+    connect(m_popUp.get(), &QMenu::aboutToHide, this, &FV2StatusMenu::closed);
+    m_popUp->popup(place);
+}
+
+void FV2StatusMenu::update(bool windowShown, bool proxySyncPossible) {
+    if (std::exchange(m_windowShown, windowShown) != windowShown)
+        m_window->setText(text(windowShown ? "IDUS_MGUI_MENUBAR_HIDE_ORM" : "IDUS_MGUI_MENUBAR_OPEN_ORM"));
+    m_proxySync->setEnabled(proxySyncPossible);
+}
+
+} // namespace fv2

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "resources/OxTranslatedString.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QObject>
+
+#include <memory>
+
+namespace fv2 {
+
+//! The tray item's menu. Its entries are kept true all the time: the tray's host may show a copy of them that was made
+//! before the menu was opened. Main thread only.
+class FV2StatusMenu final : public QObject {
+    Q_OBJECT
+public:
+    explicit FV2StatusMenu(const OxStringBundle& strings);
+
+    //! For the tray's host. Never popped up by us: a host and we showing the same menu would close each other's.
+    [[nodiscard]] QMenu& menu() { return m_menu; }
+    //! Shows the same entries at a place of the screen, in a menu of our own.
+    void popUp(const QPoint& place);
+
+    //! Changes only what is different: the host fetches the entries anew after every change.
+    void update(bool windowShown, bool proxySyncPossible);
+
+    //! What the first entry does now.
+    void triggerFirst() { m_window->trigger(); }
+
+Q_SIGNALS:
+    void opened();
+    void closed();
+    void showMainWindow();
+    void hideMainWindow();
+    void proxySync();
+
+private:
+    [[nodiscard]] QString text(std::string_view identifier) const;
+
+    const OxStringBundle& m_strings;
+    QMenu m_menu;
+    std::unique_ptr<QMenu> m_popUp;
+    QAction* m_window;
+    QAction* m_proxySync;
+    bool m_windowShown = false;
+};
+
+} // namespace fv2

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QVBoxLayout>
+#include <QWidget>
+
+namespace fv2 {
+
+//! A titled window that can be closed. Its controller owns it. Main thread only.
+class FV2Window : public QWidget {
+    Q_OBJECT
+public:
+    //! `contentSize` is the size at first, in device-independent pixels, and the smallest one.
+    explicit FV2Window(QSize contentSize);
+
+    //! Fills the window with the view, which the window then owns.
+    void setContentView(QWidget* view);
+    //! Puts a strip above the content.
+    void addTitlebarAccessory(QWidget* strip);
+
+    //! Whether the user can close the window; closeWindow() does in any case.
+    void setCloseEnabled(bool enabled);
+    [[nodiscard]] bool isCloseEnabled() const { return m_closeEnabled; }
+    void closeWindow();
+
+    //! Whether the user sees the window as one of the desktop's open ones: shown and not minimised. The window with the
+    //! keyboard would not do: while the tray's menu is open that is the panel.
+    [[nodiscard]] bool isMainWindow() const { return isVisible() && !isMinimized(); }
+
+    //! Shows the window in front of all others and gives it the keyboard, as far as the desktop lets us.
+    void makeKeyAndOrderFront();
+    //! Shows the window without taking the keyboard from where it is.
+    void orderFrontRegardless();
+    void orderOut() { hide(); }
+    //! In the middle of the screen. Where a desktop places windows by itself, as under Wayland, it decides.
+    void center();
+
+    //! Keeps the child in front of this window.
+    void addChildWindow(FV2Window& child);
+    static void removeChildWindow(FV2Window& child);
+
+Q_SIGNALS:
+    //! Once for each closing, while the window still exists.
+    void willClose();
+    void shownOrHidden();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void showAtFront();
+
+    QVBoxLayout* m_frame;
+    bool m_closeEnabled = true;
+    bool m_closing = false;
+    bool m_painted = false;
+};
+
+} // namespace fv2

@@ -1,0 +1,241 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "shell/FV2WindowDelegate.h"
+
+#include "logging/FV2Logging.h"
+
+#include <QDialog>
+
+#include <algorithm>
+
+namespace fv2 {
+
+namespace {
+
+void trace(const std::string& text) {
+    log(FV2LoggingLevel::trace, {text});
+}
+
+void ui(const std::string& text) {
+    log(FV2LoggingLevel::ui, {text});
+}
+
+//! The alert that waits for an answer over the window, if there is one.
+QDialog* attachedSheet(const FV2Window& window) {
+    for (auto* const dialog : window.findChildren<QDialog*>(Qt::FindDirectChildrenOnly))
+        if (dialog->isVisible())
+            return dialog;
+    return nullptr;
+}
+
+} // namespace
+
+FV2WindowDelegate::FV2WindowDelegate(std::weak_ptr<FV2AppStateModel> model, FV2WindowFactory& factory)
+    : appModel(std::move(model))
+    , m_factory(factory) {
+}
+
+FV2WindowDelegate::~FV2WindowDelegate() = default;
+
+bool FV2WindowDelegate::isDark() const {
+    const auto model = appModel.lock();
+    return model != nullptr && model->appConfigModel() != nullptr && model->appConfigModel()->isDarkMode();
+}
+
+void FV2WindowDelegate::refreshAppearance() {
+    if (const auto model = appModel.lock(); model && model->appConfigModel() != nullptr)
+        model->appConfigModel()->refreshAppearance();
+    for (std::size_t position = 1; position <= wndList.count(); ++position)
+        if (const auto controller = wndList.controllerAt(position))
+            controller->setAppearance(isDark());
+}
+
+bool FV2WindowDelegate::canShow(fv2Window kind, bool userInitiated) const {
+    bool allowed = false;
+    if (wndList.count() == 0) {
+        const auto model = appModel.lock();
+        allowed = userInitiated || model == nullptr || !model->IsDNDMode();
+    } else if (kind == fv2Window::Password_Encrypt || kind == fv2Window::Password_Decrypt) {
+        allowed = userInitiated && wndList.indexOfWindow(kind) == 0 && wndList.indexOfWindow(fv2Window::Main) != 0;
+    }
+    ui(std::string("canShow() returning ") + (allowed ? "true" : "false"));
+    return allowed;
+}
+
+void FV2WindowDelegate::openWindow(fv2Window kind, bool userInitiated) {
+    const auto model = appModel.lock();
+    if (model == nullptr)
+        return;
+    trace("Open Window");
+    if (!std::exchange(m_anyWindowMade, true))
+        Q_EMIT firstWindow();
+    if (model->appConfigModel() != nullptr)
+        model->appConfigModel()->refreshAppearance();
+    trace("updateModelSempahore - wait (in open window)");
+    {
+        const SemaphoreHold hold(model->updateSemaphore());
+        trace("updateModelSempahore - waited (in open window)");
+        showChecked(kind, userInitiated);
+        trace("updateModelSempahore - signal (in open window)");
+    }
+    if (userInitiated && wndList.count() != 0)
+        if (FV2Window* const front = wndList.windowAt(wndList.count()))
+            front->makeKeyAndOrderFront();
+    Q_EMIT windowsChanged();
+}
+
+void FV2WindowDelegate::showChecked(fv2Window kind, bool userInitiated) {
+    if (!canShow(kind, userInitiated))
+        return;
+    const auto controller = controllerFor(kind);
+    if (controller == nullptr)
+        return;
+    connect(controller.get(), &FV2WindowController::closing, this, &FV2WindowDelegate::willClose, Qt::UniqueConnection);
+    connect(&controller->window(), &FV2Window::shownOrHidden, this, &FV2WindowDelegate::windowsChanged,
+            Qt::UniqueConnection);
+    controller->setAppearance(isDark());
+    const std::size_t position = wndList.addWindow(kind, controller);
+    controller->showWindow(userInitiated);
+    if (wndList.isModalAt(position))
+        chainToParent(position);
+}
+
+std::shared_ptr<FV2WindowController> FV2WindowDelegate::controllerFor(fv2Window kind) {
+    switch (kind) {
+    case fv2Window::Main:
+        return mainController();
+    case fv2Window::Password_Encrypt:
+        return passwordController(enterEncPasswordWindowController, true, "recycling enc pw");
+    case fv2Window::Password_Decrypt:
+        return passwordController(enterDecPasswordWindowController, false, "recycling dec pw");
+    case fv2Window::None:
+        break;
+    }
+    return nullptr;
+}
+
+std::shared_ptr<FV2WindowController> FV2WindowDelegate::mainController() {
+    if (mainWindowController) {
+        trace("recycling main wc");
+    } else {
+        trace("new main wc making..");
+        mainWindowController = m_factory.makeMainWindow(*this);
+        if (mainWindowController)
+            trace("new main wc is " + description(*mainWindowController));
+    }
+    return mainWindowController;
+}
+
+std::shared_ptr<FV2WindowController> FV2WindowDelegate::passwordController(std::shared_ptr<FV2WindowController>& kept,
+                                                                           bool encrypting,
+                                                                           const std::string& recycling) {
+    if (kept)
+        trace(recycling);
+    else
+        kept = m_factory.makePasswordWindow(*this, encrypting);
+    return kept;
+}
+
+//! The window registered just before stays behind the new one and can't be closed under it.
+void FV2WindowDelegate::chainToParent(std::size_t position) {
+    FV2Window* const child = wndList.windowAt(position);
+    FV2Window* const parent = wndList.windowAt(wndList.count() - 1);
+    if (child == nullptr || parent == nullptr)
+        return;
+    parent->addChildWindow(*child);
+    parent->setCloseEnabled(false);
+}
+
+void FV2WindowDelegate::willClose(FV2WindowController& controller) {
+    ui("wndDelegate willClose in");
+    if (const std::size_t position = wndList.indexOfController(controller); position != 0) {
+        // The closing window is the one registered last: a child is always opened after its parent.
+        if (wndList.count() >= 2)
+            if (FV2Window* const parent = wndList.windowAt(wndList.count() - 1)) {
+                FV2Window::removeChildWindow(controller.window());
+                parent->setCloseEnabled(true);
+            }
+        switch (wndList.removeWindow(position)) {
+        case fv2Window::Main:
+            mainWindowController.reset();
+            break;
+        case fv2Window::Password_Encrypt:
+            enterEncPasswordWindowController.reset();
+            break;
+        case fv2Window::Password_Decrypt:
+            enterDecPasswordWindowController.reset();
+            break;
+        case fv2Window::None:
+            break;
+        }
+    }
+    ui("wndDelegate willClose out");
+    Q_EMIT windowsChanged();
+}
+
+std::shared_ptr<FV2WindowController> FV2WindowDelegate::registeredController(fv2Window kind) const {
+    return wndList.controllerAt(wndList.indexOfWindow(kind));
+}
+
+bool FV2WindowDelegate::isAnyWindowMain() const {
+    const auto windows = wndList.windows();
+    return std::any_of(windows.begin(), windows.end(), [](const FV2Window* window) { return window->isMainWindow(); });
+}
+
+bool FV2WindowDelegate::showAll() {
+    return wndList.showAll();
+}
+
+void FV2WindowDelegate::close(fv2Window kind) {
+    if (const auto controller = registeredController(kind))
+        controller->window().closeWindow();
+}
+
+void FV2WindowDelegate::hideApplicationWindows() {
+    if (wndList.count() == 1 && isAnyWindowMain()) {
+        close(fv2Window::Main);
+        return;
+    }
+    if (const FV2Window* const last = wndList.windowAt(wndList.count()))
+        if (QDialog* const sheet = attachedSheet(*last))
+            sheet->close();
+    wndList.orderOutAll();
+}
+
+void FV2WindowDelegate::closeUnneededPasswordWindows() {
+    const auto model = appModel.lock();
+    if (wndList.count() == 0 || model == nullptr)
+        return;
+    const fv2AppCommand action = model->state().lastActionStored;
+    if (action != fv2AppCommand::EnterEncPassword)
+        close(fv2Window::Password_Encrypt);
+    if (action != fv2AppCommand::EnterDecPassword)
+        close(fv2Window::Password_Decrypt);
+}
+
+void FV2WindowDelegate::closeAll() {
+    for (const fv2Window kind : {fv2Window::Password_Encrypt, fv2Window::Password_Decrypt, fv2Window::Main})
+        close(kind);
+}
+
+std::string FV2WindowDelegate::mainWindowDescription() const {
+    return mainWindowController ? description(*mainWindowController) : std::string();
+}
+
+void FV2WindowDelegate::updateMainWindow() {
+    if (mainWindowController)
+        mainWindowController->updateFromModel();
+}
+
+void FV2WindowDelegate::selectProtectionStatusPage() {
+    if (mainWindowController)
+        mainWindowController->selectProtectionStatusPage();
+}
+
+void FV2WindowDelegate::doAlert(fv2Window kind, std::uint64_t errorCode, fv2Alert alert) {
+    log(FV2LoggingLevel::error,
+        {"doAlert() has no dialog for alert " + std::to_string(static_cast<int>(alert)) + " (error " +
+         std::to_string(errorCode) + ", window " + std::to_string(static_cast<int>(kind)) + ")"});
+}
+
+} // namespace fv2

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FV2AppStateModel.h"
+#include "model/FV2Ports.h"
+#include "shell/FV2WindowController.h"
+#include "shell/fv2WindowList.h"
+
+#include <QObject>
+
+#include <memory>
+#include <string>
+
+namespace fv2 {
+
+class FV2WindowDelegate;
+
+//! Makes the windows' controllers; the registry itself knows no screen.
+class FV2WindowFactory {
+public:
+    virtual ~FV2WindowFactory() = default;
+    [[nodiscard]] virtual std::shared_ptr<FV2MainWindowController> makeMainWindow(FV2WindowDelegate& registry) = 0;
+    //! Nothing where there is no such window.
+    [[nodiscard]] virtual std::shared_ptr<FV2WindowController> makePasswordWindow(FV2WindowDelegate& registry,
+                                                                                  bool encrypting) = 0;
+};
+
+//! The one place where windows are opened, found, hidden, brought to front and forgotten: at most one of each kind. A
+//! window is open from openWindow() until it closes, hidden ones too. Main thread only; dies before the model.
+class FV2WindowDelegate final : public QObject, public FV2WindowRegistry {
+    Q_OBJECT
+public:
+    FV2WindowDelegate(std::weak_ptr<FV2AppStateModel> appModel, FV2WindowFactory& factory);
+    ~FV2WindowDelegate() override;
+
+    //! Holds the model's update semaphore while it builds the window, so that nothing is pushed into half a screen.
+    void openWindow(fv2Window kind, bool userInitiated) override;
+    [[nodiscard]] bool canShow(fv2Window kind, bool userInitiated) const;
+    [[nodiscard]] bool isOpen(fv2Window kind) const override { return registeredController(kind) != nullptr; }
+    [[nodiscard]] std::shared_ptr<FV2WindowController> registeredController(fv2Window kind) const;
+    [[nodiscard]] bool isAnyWindowMain() const;
+
+    //! Brings every open window to front; whether there is any.
+    bool showAll();
+    void hideApplicationWindows();
+    void closeUnneededPasswordWindows() override;
+    //! At the agent's end.
+    void closeAll();
+    //! Gives every window, open from now on too, the colours of the appearance that the desktop asks for.
+    void refreshAppearance();
+
+    [[nodiscard]] std::string mainWindowDescription() const override;
+    void updateMainWindow() override;
+    void selectProtectionStatusPage() override;
+    void doAlert(fv2Window kind, std::uint64_t errorCode, fv2Alert alert) override;
+
+Q_SIGNALS:
+    //! A window was opened, closed, shown or hidden.
+    void windowsChanged();
+    //! The first window of the run is about to be made.
+    void firstWindow();
+
+private:
+    [[nodiscard]] std::shared_ptr<FV2WindowController> controllerFor(fv2Window kind);
+    std::shared_ptr<FV2WindowController> mainController();
+    std::shared_ptr<FV2WindowController> passwordController(std::shared_ptr<FV2WindowController>& kept, bool encrypting,
+                                                            const std::string& recycling);
+    void showChecked(fv2Window kind, bool userInitiated);
+    void chainToParent(std::size_t position);
+    void willClose(FV2WindowController& controller);
+    void close(fv2Window kind);
+    [[nodiscard]] bool isDark() const;
+
+    const std::weak_ptr<FV2AppStateModel> appModel;
+    FV2WindowFactory& m_factory;
+    fv2WindowList wndList;
+    std::shared_ptr<FV2MainWindowController> mainWindowController;
+    std::shared_ptr<FV2WindowController> enterEncPasswordWindowController;
+    std::shared_ptr<FV2WindowController> enterDecPasswordWindowController;
+    bool m_anyWindowMade = false;
+};
+
+} // namespace fv2

@@ -1,0 +1,303 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "model/Fakes.h"
+#include "screens/FV2ScreenFactory.h"
+#include "screens/FV2WindowTitlebar.h"
+#include "screens/LeftMenuTableView.h"
+#include "screens/MainWindowWindowController.h"
+#include "support/LogScope.h"
+#include "toolkit/NxLeftMenuCellView.h"
+#include "toolkit/NxTextField.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace fv2::test {
+namespace {
+
+using Page = eMainWindowContentSubViewType;
+
+long openDescriptors() {
+    using Entries = std::filesystem::directory_iterator;
+    return std::distance(Entries("/proc/self/fd"), Entries());
+}
+
+//! The real screens on a model among fakes.
+class MainWindowTest : public Model {
+protected:
+    void SetUp() override {
+        OxTranslatedString::setApplicationBundle(strings);
+        shared->setAppDelegate(interface);
+        shared->setWndDelegate(&registry);
+        shared->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "An OS", "A CPU",
+                                                                      ProductModel{"Business", "business"}));
+    }
+    void TearDown() override {
+        registry.closeAll();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void open() { registry.openWindow(fv2Window::Main, true); }
+    void refreshShown(const std::string& answer) {
+        link.status = answer;
+        timers.advance(FV2RefreshGate::spacing);
+        shared->syncCommsAsync(false, fv2SyncSource::Moved, false);
+        dispatch.settle();
+    }
+    std::shared_ptr<MainWindowWindowController> main() const {
+        return std::dynamic_pointer_cast<MainWindowWindowController>(registry.registeredController(fv2Window::Main));
+    }
+    FV2Window& window() const { return main()->window(); }
+    MainWindowViewController& pages() const { return *main()->viewController(); }
+    LeftMenuTableView& menu() const { return *window().findChild<LeftMenuTableView*>(QStringLiteral("tableView")); }
+    NxLeftMenuCellView& cell(int row) const {
+        return *qobject_cast<NxLeftMenuCellView*>(menu().itemWidget(menu().item(row)));
+    }
+    static QColor textColour(const NxTextField& field) { return field.palette().color(field.foregroundRole()); }
+    QColor shownAt(const QString& name) const {
+        const auto* const view = window().findChild<QWidget*>(name);
+        return window().grab().toImage().pixelColor(view->mapTo(&window(), QPoint(2, 0)));
+    }
+
+    bool dark = false;
+    std::shared_ptr<FV2AppStateModel> shared = std::make_shared<FV2AppStateModel>(
+        FV2AppStateModel::Surroundings{.dispatch = dispatch,
+                                       .timers = timers,
+                                       .service = link,
+                                       .strings = strings,
+                                       .mediumDate = [](std::int64_t) { return "today"; },
+                                       .computerName = "desk",
+                                       .makeAppSocket = [this] { return std::make_unique<TestEndpoint>(path); }},
+        501);
+    FV2ScreenFactory screens{shared};
+    FV2WindowDelegate registry{shared, screens};
+};
+
+TEST_F(MainWindowTest, HasTheSizesOfTheConfiguration) {
+    open();
+    EXPECT_EQ(window().size(), QSize(690, 510));
+    window().resize(100, 100);
+    EXPECT_EQ(window().size(), QSize(690, 510));
+    window().resize(900, 700);
+    QCoreApplication::processEvents();
+    const auto place = [this](const QString& name) {
+        const auto* const view = window().findChild<QWidget*>(name);
+        return QRect(view->mapTo(&window(), QPoint()), view->size());
+    };
+    EXPECT_EQ(place(QStringLiteral("LeftMenuSubview")), QRect(0, 0, 210, 700));
+    EXPECT_EQ(place(QStringLiteral("ProtectionStatusSubview")), QRect(210, 0, 690, 664));
+    EXPECT_EQ(place(QStringLiteral("TaglineView")), QRect(210, 664, 690, 36));
+    EXPECT_EQ(menu().visualItemRect(menu().item(1)).height(), 32);
+    EXPECT_EQ(window().windowTitle(), "PRODUCT_DISPLAY_NAME %1");
+}
+
+TEST_F(MainWindowTest, SwitchesPagesThatAreMadeOnceAndKept) {
+    open();
+    EXPECT_EQ(pages().currentContentType(), Page::ProtectionStatus);
+    const FV2ViewController* const status = pages().currentContentViewController();
+    const LogScope log{{FV2LoggingLevel::ui, FV2LoggingLevel::release}};
+    const auto said = [&log] {
+        std::string all;
+        for (const std::string& line : log.messages())
+            if (line.find("iew") != std::string::npos && line.find("initsubview") == std::string::npos)
+                all += line + "\n";
+        return all;
+    };
+    pages().switchContentSubview(Page::About);
+    EXPECT_EQ(said(), "MainWindowWindowController no active view\nMainWindowWindowController make about view\n"
+                      "MainWindowWindowController set about as view\nSwitched content view to About\n"
+                      "MainWindowWindowController use new sub view\n");
+    const FV2ViewController* const about = pages().currentContentViewController();
+    pages().switchContentSubview(Page::Setup);
+    pages().switchContentSubview(Page::ProtectionStatus);
+    EXPECT_EQ(pages().currentContentViewController(), status);
+    EXPECT_FALSE(about->view()->isVisible()) << "a page underneath would be found by the keyboard";
+    pages().switchContentSubview(Page::About);
+    EXPECT_EQ(pages().currentContentViewController(), about);
+    EXPECT_TRUE(about->view()->isVisible());
+
+    const std::size_t before = log.messages().size();
+    pages().switchContentSubview(Page::About);
+    const auto lines = log.messages();
+    ASSERT_EQ(lines.size(), before + 2) << "the page that is shown is not even refreshed";
+    EXPECT_EQ(lines.back(), "MainWindowWindowController active view exists");
+}
+
+TEST_F(MainWindowTest, BuildsEverythingAnewAtEachOpening) {
+    open();
+    pages().selectPage(Page::About);
+    const LogScope log{{FV2LoggingLevel::ui, FV2LoggingLevel::trace}};
+    window().closeWindow();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    open();
+    EXPECT_EQ(pages().currentContentType(), Page::ProtectionStatus);
+    EXPECT_EQ(menu().currentRow(), 0);
+    const auto all = log.messages();
+    const auto has = [&all](const std::string& start) {
+        return std::any_of(all.begin(), all.end(), [&](const std::string& line) { return line.find(start) == 0; });
+    };
+    EXPECT_TRUE(has("MainWindowWindowController.windowWillClose for <MainWindowWindowController: 0x"));
+    EXPECT_TRUE(has("MainWindowViewController.deinit for <MainWindowViewController: 0x"));
+    EXPECT_TRUE(has("new main wc making.."));
+    EXPECT_FALSE(has("MainWindowWindowController no active view"));
+}
+
+TEST_F(MainWindowTest, ShowsStateAndNumberOfMessagesInTheMenusFirstRow) {
+    struct Case {
+        std::string answer;
+        QString number, bubble, icon, spoken;
+        QColor text;
+        QString line;
+    };
+    const QColor dim(63, 68, 74);
+    const std::string synchronisationFailed = R"(,"sync_ok":0)";
+    const std::vector<Case> cases{
+        {statusAnswer(6), "", "", "home_template", "", {}, "ok_white_32x32"},
+        {statusAnswer(1), "1", "yellow_notification_bubble", "warning_template", "WARNING", dim, "warning_white_32x32"},
+        {statusAnswer(1, synchronisationFailed), "2", "yellow_notification_bubble", "warning_template", "WARNING", dim,
+         "warning_white_32x32"},
+        {statusAnswer(12), "1", "red_notification_bubble", "error_template", "ERROR", Qt::white, "threat_white_32x32"},
+        {statusAnswer(3, synchronisationFailed), "3", "red_notification_bubble", "error_template", "ERROR", Qt::white,
+         "threat_white_32x32"},
+        {statusAnswer(10), "", "", "home_template", "", {}, "ok_white_32x32"},
+    };
+    open();
+    for (const Case& tested : cases) {
+        refreshShown(tested.answer);
+        SCOPED_TRACE(tested.answer);
+        const bool bubble = !tested.number.isEmpty();
+        EXPECT_EQ(cell(0).counterImage().isVisible(), bubble);
+        EXPECT_EQ(cell(0).counterNumberField().isVisible(), bubble);
+        EXPECT_EQ(cell(0).imageView().imageName(), tested.icon);
+        const QString spoken = menu().item(0)->data(Qt::AccessibleDescriptionRole).toString();
+        if (bubble) {
+            EXPECT_EQ(cell(0).counterNumberField().text(), tested.number);
+            EXPECT_EQ(cell(0).counterImage().imageName(), tested.bubble);
+            EXPECT_EQ(textColour(cell(0).counterNumberField()), tested.text);
+            EXPECT_TRUE(spoken.startsWith(tested.number + ", ") && spoken.contains(tested.spoken))
+                << spoken.toStdString();
+        } else {
+            EXPECT_EQ(spoken, "");
+        }
+        EXPECT_EQ(window().findChild<NxImageView*>(QStringLiteral("statusLineIcon"))->imageName(), tested.line);
+        EXPECT_FALSE(cell(1).counterImage().isVisible());
+    }
+    FV2AppState state(strings, 501, "desk");
+    state.overallState = fv2StatusStateType::Green;
+    for (const auto& [messages, count] : std::vector<std::pair<std::size_t, long>>{{0, 0}, {1, 0}, {2, 2}}) {
+        state.statusMessageList.resize(messages);
+        EXPECT_EQ(LeftMenuSubviewController::statusMessageCount(state), count);
+    }
+    state.statusMessageList.resize(1);
+    state.overallState = fv2StatusStateType::Yellow;
+    EXPECT_EQ(LeftMenuSubviewController::statusMessageCount(state), 1);
+}
+
+//! How often the service has been asked, and the page that is then shown, after each thing that a user does.
+TEST_F(MainWindowTest, IsLedByMouseAndKeyboard) {
+    open();
+    dispatch.settle();
+    const auto did = [this](const auto& something) {
+        const long before = asked();
+        timers.advance(FV2RefreshGate::spacing);
+        something();
+        dispatch.settle();
+        return std::pair(asked() - before, pages().currentContentType());
+    };
+    using Done = std::pair<long, Page>;
+    const auto click = [this](int row) {
+        QTest::mouseClick(menu().viewport(), Qt::LeftButton, {}, menu().visualItemRect(menu().item(row)).center());
+    };
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers with = {}) {
+        QTest::keyClick(menu().hasFocus() ? static_cast<QWidget*>(&menu()) : &window(), key, with);
+    };
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    EXPECT_TRUE(menu().hasFocus());
+    EXPECT_EQ(did([&] { click(1); }), Done(1, Page::About));
+    EXPECT_EQ(did([&] { click(1); }), Done(1, Page::About)) << "asks again, rebuilds nothing";
+    EXPECT_EQ(did([&] { press(Qt::Key_Up); }), Done(1, Page::ProtectionStatus));
+    EXPECT_EQ(did([&] { press(Qt::Key_Return); }), Done(1, Page::ProtectionStatus));
+    EXPECT_EQ(did([&] { press(Qt::Key_2, Qt::ControlModifier); }), Done(1, Page::About));
+    EXPECT_EQ(did([&] { press(Qt::Key_1, Qt::ControlModifier); }), Done(1, Page::ProtectionStatus));
+    EXPECT_EQ(did([&] { click(1); }), Done(1, Page::About));
+    EXPECT_EQ(did([&] { registry.selectProtectionStatusPage(); }), Done(0, Page::ProtectionStatus));
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(registry.isOpen(fv2Window::Main));
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(registry.isOpen(fv2Window::Main));
+}
+
+TEST_F(MainWindowTest, ColoursFollowSelectionAndAppearance) {
+    refreshShown(statusAnswer(12));
+    open();
+    const auto text = [this](int row) { return textColour(cell(row).textField()); };
+    EXPECT_EQ(text(0), QColor(Qt::white));
+    EXPECT_EQ(text(1), QColor(190, 190, 190));
+    pages().selectPage(Page::About);
+    EXPECT_EQ(text(0), QColor(190, 190, 190));
+    EXPECT_EQ(cell(1).imageView().tintColor(), QColor(Qt::white));
+    EXPECT_EQ(shownAt(QStringLiteral("AboutSubview")), QColor(Qt::white));
+    EXPECT_EQ(shownAt(QStringLiteral("leftmenuView")), QColor(63, 68, 74));
+    dark = true;
+    registry.refreshAppearance();
+    EXPECT_EQ(shownAt(QStringLiteral("AboutSubview")), QColor(34, 36, 39));
+    EXPECT_EQ(shownAt(QStringLiteral("backgroundView")), QColor(34, 36, 39));
+    EXPECT_EQ(shownAt(QStringLiteral("viewSeperator")), QColor(63, 70, 78));
+    pages().selectPage(Page::ProtectionStatus);
+    EXPECT_EQ(shownAt(QStringLiteral("statusLineView")), QColor(220, 73, 65));
+    window().closeWindow();
+    open();
+    EXPECT_EQ(shownAt(QStringLiteral("backgroundView")), QColor(34, 36, 39)) << "a new window is dark from the start";
+}
+
+TEST_F(MainWindowTest, ShowsTheServicesTextsAsTheyAre) {
+    refreshShown(statusAnswer(6, R"(,"version":"<b>5</b>","uuid":"<img src='/dev/zero'>","sync_last":9)"));
+    open();
+    pages().selectPage(Page::About);
+    const auto line = [this](const QString& name) {
+        return window().findChild<QWidget*>(name)->accessibleName().toStdString();
+    };
+    EXPECT_EQ(line("fieldProductVersion"), "MGUI_PRODUCT_VERSION %1<b>5</b>");
+    EXPECT_EQ(line("fieldUUID"), "Workstation ID:<img src='/dev/zero'>");
+    EXPECT_EQ(line("fieldOperatingSystem"), "MGUI_OPERATING_SYSTEM %1An OS");
+    EXPECT_EQ(line("fieldMachine"), "MGUI_MACHINE %1A CPU");
+    EXPECT_EQ(line("fieldLastORMSync"), "MGUI_LAST_SYNC %1today");
+    for (const auto* const field : window().findChildren<QLabel*>())
+        EXPECT_EQ(field->textFormat(), Qt::PlainText);
+}
+
+TEST_F(MainWindowTest, AnAccessoryGivesAWindowAStripOnTopThatDiesWithIt) {
+    open();
+    auto accessory = std::make_unique<FV2WindowTitlebarAccessoryViewController>(shared);
+    accessory->attachTo(*main());
+    const QPointer<QWidget> strip = accessory->subviewController()->view();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(strip->mapTo(&window(), QPoint()), QPoint());
+    EXPECT_EQ(strip->width(), window().width());
+    EXPECT_GE(strip->height(), 36);
+    accessory.reset();
+    EXPECT_TRUE(strip.isNull());
+}
+
+//! The address checker counts what is left in memory; this counts objects and descriptors.
+TEST_F(MainWindowTest, AThousandOpeningsLeaveNothingBehind) {
+    const auto round = [this] {
+        open();
+        pages().selectPage(Page::About);
+        window().closeWindow();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        dispatch.workers.clear();
+    };
+    round();
+    const auto widgets = QApplication::allWidgets().size();
+    const long descriptors = openDescriptors();
+    for (int count = 0; count < 1000; ++count)
+        round();
+    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
+    EXPECT_EQ(openDescriptors(), descriptors);
+}
+
+} // namespace
+} // namespace fv2::test

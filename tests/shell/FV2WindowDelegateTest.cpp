@@ -1,0 +1,223 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "shell/FV2WindowDelegate.h"
+
+#include "model/Fakes.h"
+#include "shell/FakeWindows.h"
+#include "support/LogScope.h"
+#include "support/QtLoop.h"
+
+#include <QDialog>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace fv2::test {
+namespace {
+
+constexpr fv2Window kMain = fv2Window::Main;
+constexpr fv2Window kEnc = fv2Window::Password_Encrypt;
+constexpr fv2Window kDec = fv2Window::Password_Decrypt;
+
+class WindowDelegateTest : public Model {
+protected:
+    //! The registry with these windows open, in this order.
+    void reopen(const std::vector<fv2Window>& kinds) {
+        registry.closeAll();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (const fv2Window kind : kinds)
+            registry.openWindow(kind, true);
+        windows.made = 0;
+    }
+    FV2Window* window(fv2Window kind) const {
+        const auto controller = registry.registeredController(kind);
+        return controller ? &controller->window() : nullptr;
+    }
+    int semaphore() const { return shared->updateSemaphore().count(); }
+
+    bool silence = false;
+    std::shared_ptr<FV2AppStateModel> shared = std::make_shared<FV2AppStateModel>(
+        FV2AppStateModel::Surroundings{.dispatch = dispatch,
+                                       .timers = timers,
+                                       .service = link,
+                                       .strings = strings,
+                                       .mediumDate = [](std::int64_t) { return "today"; },
+                                       .computerName = "desk",
+                                       .makeAppSocket = [this] { return std::make_unique<TestEndpoint>(path); },
+                                       .doNotDisturb = [this] { return silence; }},
+        501);
+    FakeWindows windows;
+    FV2WindowDelegate registry{shared, windows};
+
+    void SetUp() override {
+        windows.model = shared;
+        shared->setAppDelegate(interface);
+        shared->setWndDelegate(&registry);
+    }
+};
+
+TEST_F(WindowDelegateTest, ShowsAWindowOnlyWhereItsKindTheListTheAskerAndTheDesktopAllow) {
+    struct Case {
+        std::vector<fv2Window> open;
+        fv2Window kind;
+        bool whenUserAsks, whenModelAsks, whenModelAsksInSilence;
+    };
+    const std::vector<Case> cases{
+        {{}, kMain, true, true, false},
+        {{}, kEnc, true, true, false},
+        {{}, kDec, true, true, false},
+        {{}, fv2Window::None, true, true, false},
+        {{kMain}, kMain, false, false, false},
+        {{kMain}, fv2Window::None, false, false, false},
+        {{kMain}, kEnc, true, false, false},
+        {{kMain}, kDec, true, false, false},
+        {{kEnc}, kMain, false, false, false},
+        {{kEnc}, kEnc, false, false, false},
+        {{kEnc}, kDec, false, false, false},
+        {{kDec}, kEnc, false, false, false},
+        {{kMain, kEnc}, kEnc, false, false, false},
+        {{kMain, kEnc}, kDec, true, false, false},
+        {{kMain, kEnc, kDec}, kDec, false, false, false},
+        {{kMain, kEnc}, kMain, false, false, false},
+    };
+    for (const Case& tested : cases) {
+        silence = false;
+        reopen(tested.open);
+        SCOPED_TRACE("kind " + std::to_string(static_cast<int>(tested.kind)) + " over " +
+                     std::to_string(tested.open.size()));
+        EXPECT_EQ(registry.canShow(tested.kind, true), tested.whenUserAsks);
+        EXPECT_EQ(registry.canShow(tested.kind, false), tested.whenModelAsks);
+        silence = true;
+        EXPECT_EQ(registry.canShow(tested.kind, true), tested.whenUserAsks);
+        EXPECT_EQ(registry.canShow(tested.kind, false), tested.whenModelAsksInSilence);
+
+        const bool opens = tested.whenModelAsksInSilence && tested.kind != fv2Window::None;
+        registry.openWindow(tested.kind, false);
+        EXPECT_EQ(windows.made, opens ? 1 : 0);
+        EXPECT_EQ(semaphore(), 1);
+    }
+}
+
+TEST_F(WindowDelegateTest, HoldsTheSemaphoreWhileItBuildsAndFreesItOnEveryPath) {
+    windows.whileMaking = [this] { EXPECT_EQ(semaphore(), 0); };
+    windows.makesNone = true;
+    for (const fv2Window kind : {fv2Window::None, kMain, kEnc, kDec}) {
+        registry.openWindow(kind, true);
+        EXPECT_EQ(semaphore(), 1);
+        EXPECT_FALSE(registry.isOpen(kind));
+    }
+    EXPECT_EQ(windows.made, 3);
+    windows.makesNone = false;
+    const LogScope log{{FV2LoggingLevel::trace, FV2LoggingLevel::ui}};
+    registry.openWindow(kMain, true);
+    const auto lines = log.messages();
+    ASSERT_GE(lines.size(), 7U);
+    EXPECT_EQ(lines[0], "Open Window");
+    EXPECT_EQ(lines[1], "updateModelSempahore - wait (in open window)");
+    EXPECT_EQ(lines[2], "updateModelSempahore - waited (in open window)");
+    EXPECT_EQ(lines[3], "canShow() returning true");
+    EXPECT_EQ(lines[4], "new main wc making..");
+    EXPECT_EQ(lines[5].find("new main wc is <FV2MainWindowController: 0x"), 0U);
+    EXPECT_EQ(lines.back(), "updateModelSempahore - signal (in open window)");
+    shared.reset();
+    registry.openWindow(kEnc, true);
+    EXPECT_FALSE(registry.isOpen(kEnc)) << "without a model nothing is opened";
+}
+
+TEST_F(WindowDelegateTest, ADialogOverTheMainWindowKeepsItOpenUntilItCloses) {
+    reopen({kMain, kEnc});
+    FV2Window* const main = window(kMain);
+    EXPECT_EQ(window(kEnc)->windowHandle()->transientParent(), main->windowHandle());
+    EXPECT_FALSE(main->isCloseEnabled());
+    QWindow* const handle = main->windowHandle();
+    EXPECT_FALSE(handle->flags() & Qt::WindowCloseButtonHint);
+    main->close(); // as a desktop or Ctrl+W does
+    EXPECT_TRUE(registry.isOpen(kMain));
+    QTest::keyClick(main, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(main->isVisible());
+
+    window(kEnc)->closeWindow();
+    EXPECT_FALSE(registry.isOpen(kEnc));
+    EXPECT_TRUE(main->isCloseEnabled());
+    EXPECT_TRUE(handle->flags() & Qt::WindowCloseButtonHint);
+    main->close();
+    EXPECT_FALSE(registry.isOpen(kMain));
+    registry.openWindow(kMain, true);
+    EXPECT_EQ(windows.made, 1) << "a closed window is made anew";
+}
+
+TEST_F(WindowDelegateTest, HidesAndShowsTheSameWindowsAndClosesTheMainWindowWhenItIsAlone) {
+    reopen({kMain});
+    registry.hideApplicationWindows();
+    EXPECT_FALSE(registry.isOpen(kMain));
+    EXPECT_FALSE(registry.showAll());
+
+    reopen({kMain, kDec});
+    const FV2Window* const main = window(kMain);
+    QDialog sheet(window(kDec));
+    sheet.open();
+    registry.hideApplicationWindows();
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_TRUE(registry.isOpen(kMain) && registry.isOpen(kDec));
+    EXPECT_FALSE(registry.isAnyWindowMain());
+    EXPECT_TRUE(registry.showAll());
+    EXPECT_TRUE(main->isVisible() && window(kDec)->isVisible());
+    EXPECT_EQ(window(kMain), main);
+    EXPECT_EQ(windows.made, 0);
+}
+
+TEST_F(WindowDelegateTest, ClosesPasswordDialogsThatTheStatusNoLongerCallsFor) {
+    struct Case {
+        int state; // 3 wants encryption, 7 decryption, 6 nothing
+        bool encStays, decStays;
+    };
+    for (const Case& tested : {Case{3, true, false}, Case{7, false, true}, Case{6, false, false}}) {
+        reopen({kMain, kEnc, kDec});
+        link.status = statusAnswer(tested.state);
+        timers.advance(FV2RefreshGate::spacing);
+        shared->syncCommsAsync(false, fv2SyncSource::Moved, false);
+        dispatch.settle();
+        SCOPED_TRACE(tested.state);
+        EXPECT_EQ(registry.isOpen(kEnc), tested.encStays);
+        EXPECT_EQ(registry.isOpen(kDec), tested.decStays);
+        EXPECT_TRUE(registry.isOpen(kMain));
+    }
+}
+
+TEST_F(WindowDelegateTest, GivesTheKeyboardOnlyToAWindowThatTheUserAskedFor) {
+    registry.openWindow(kEnc, false);
+    EXPECT_TRUE(window(kEnc)->testAttribute(Qt::WA_ShowWithoutActivating));
+    reopen({kMain});
+    EXPECT_TRUE(runLoopUntil([this] { return window(kMain)->isActiveWindow(); }));
+}
+
+TEST(WindowList, CountsPositionsFromOneAndPassesOverControllersThatHaveGone) {
+    fv2WindowList list;
+    const std::weak_ptr<FV2AppStateModel> none;
+    auto first = std::make_shared<FakeWindow>(none);
+    const auto second = std::make_shared<FakeWindow>(none);
+    EXPECT_FALSE(list.showAll());
+    EXPECT_EQ(list.addWindow(kMain, first), 1U);
+    EXPECT_EQ(list.addWindow(kEnc, second), 2U);
+    EXPECT_FALSE(list.isModalAt(1));
+    EXPECT_TRUE(list.isModalAt(2));
+    EXPECT_EQ(list.windowAt(1), &first->window());
+    for (const std::size_t position : {std::size_t{0}, std::size_t{3}}) {
+        EXPECT_EQ(list.removeWindow(position), fv2Window::None);
+        EXPECT_EQ(list.windowAt(position), nullptr);
+        EXPECT_FALSE(list.isModalAt(position));
+    }
+    first.reset();
+    EXPECT_EQ(list.count(), 2U);
+    EXPECT_EQ(list.controllerAt(1), nullptr);
+    EXPECT_TRUE(list.showAll());
+    EXPECT_TRUE(second->window().isVisible());
+    list.orderOutAll();
+    EXPECT_FALSE(second->window().isVisible());
+    EXPECT_EQ(list.indexOfWindow(kEnc), 2U);
+    EXPECT_EQ(list.indexOfWindow(kDec), 0U);
+    EXPECT_EQ(list.removeWindow(1), kMain);
+    EXPECT_EQ(list.indexOfWindow(kEnc), 1U);
+}
+
+} // namespace
+} // namespace fv2::test

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "shell/FV2WindowDelegate.h"
+
+namespace fv2::test {
+
+//! An empty window that counts what the registry asks of it.
+struct FakeWindow final : FV2MainWindowController {
+    explicit FakeWindow(const std::weak_ptr<FV2AppStateModel>& model)
+        : FV2MainWindowController(model, std::make_unique<FV2Window>(QSize(100, 100))) {}
+    void updateFromModel() override { ++updates; }
+    void selectProtectionStatusPage() override { ++selections; }
+
+    int updates = 0;
+    int selections = 0;
+};
+
+struct FakeWindows final : FV2WindowFactory {
+    std::shared_ptr<FV2MainWindowController> makeMainWindow(FV2WindowDelegate& /*registry*/) override { return make(); }
+    std::shared_ptr<FV2WindowController> makePasswordWindow(FV2WindowDelegate& /*registry*/,
+                                                            bool /*encrypting*/) override {
+        return make();
+    }
+
+    std::weak_ptr<FV2AppStateModel> model;
+    std::function<void()> whileMaking = [] {};
+    bool makesNone = false;
+    int made = 0;
+
+private:
+    std::shared_ptr<FakeWindow> make() {
+        whileMaking();
+        ++made;
+        return makesNone ? nullptr : makeController<FakeWindow>(model);
+    }
+};
+
+} // namespace fv2::test

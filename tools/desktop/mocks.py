@@ -1,0 +1,135 @@
+# SPDX-FileCopyrightText: 2026 The fv2-agent authors
+# SPDX-License-Identifier: Apache-2.0
+"""Stand-ins for what the login manager, the desktop's portal and its notifications say, on a desktop's private buses.
+
+Each runs in a child program of its own, as it answers while the test waits for something else. What it was asked is in
+its lines."""
+
+import sys
+
+import dbus
+
+from waiting import wait_until
+
+MOCK = "org.freedesktop.DBus.Mock"
+#: Channel and property.
+XFCE_SWITCH = ("xfce4-notifyd", "/do-not-disturb")
+
+
+class Mock:
+    """One service with one object to begin with. May be stopped; a new one takes its place."""
+
+    #: Of the service and its object; each kind of mock says its own.
+    NAME = PATH = INTERFACE = None
+
+    def __init__(self, desktop, bus):
+        kind = "--system" if bus is desktop.system_bus else "--session"
+        self._bus, self._own_name = bus, f"mock.{self.NAME}"
+        command = [sys.executable, "-m", "dbusmock", kind, self._own_name, self.PATH, self.INTERFACE]
+        self.program = desktop.start(command, name=f"mock of {self.NAME}")
+        wait_until(lambda: self.program.running() and bus.name_has_owner(self._own_name), self.program.name)
+
+    def stop(self):
+        self.program.stop()
+
+    def _appear(self):
+        """Takes the public name, once it can answer: who waits for the name asks at once."""
+        self._tell("AddMethod", MOCK, "Appear", "", "", f"self.connection.request_name('{self.NAME}')")
+        self._tell("Appear")
+
+    def _tell(self, method, *arguments, path=None):
+        target = self._bus.get_object(self._own_name, path or self.PATH, introspect=False)
+        target.get_dbus_method(method, MOCK)(*arguments)
+
+
+class LoginSession(Mock):
+    """The login manager with one session, ours, on the bus of a Desktop(system_bus=True).
+
+    bound=False: as it answers to a program that lies in no session; such a one must know the session's number."""
+
+    NAME = "org.freedesktop.login1"
+    PATH = "/org/freedesktop/login1"
+    INTERFACE = "org.freedesktop.login1.Manager"
+    #: Session "1", as the login manager writes it.
+    SESSION_PATH = PATH + "/session/_31"
+    SESSION_INTERFACE = "org.freedesktop.login1.Session"
+
+    def __init__(self, desktop, active=True, bound=True):
+        super().__init__(desktop, desktop.system_bus)
+        known = ("auto", "1") if bound else ("1",)
+        self._answer_path("GetSession", "s", f"args[0] in {known!r}", "NoSuchSession")
+        self._answer_path("GetSessionByPID", "u", repr(bound), "NoSessionForPID")
+        properties = dbus.Dictionary({"Id": "1", "Active": dbus.Boolean(active)}, signature="sv")
+        methods = dbus.Array([], signature="(ssss)")
+        self._tell("AddObject", self.SESSION_PATH, self.SESSION_INTERFACE, properties, methods)
+        self._appear()
+
+    def set_active(self, active):
+        changed = {"Active": dbus.Boolean(active)}
+        self._tell("UpdateProperties", self.SESSION_INTERFACE, changed, path=self.SESSION_PATH)
+
+    def _answer_path(self, method, signature, condition, error):
+        code = (f"if not ({condition}):\n"
+                f"    raise dbus.exceptions.DBusException('no session', name='{self.NAME}.{error}')\n"
+                f"ret = '{self.SESSION_PATH}'")
+        self._tell("AddMethod", self.INTERFACE, method, signature, "o", code)
+
+
+class Portal(Mock):
+    """The desktop's portal with the one setting that it tells: 0 no preference, 1 dark, 2 light."""
+
+    NAME = "org.freedesktop.portal.Desktop"
+    PATH = "/org/freedesktop/portal/desktop"
+    INTERFACE = "org.freedesktop.portal.Settings"
+    SETTING = ("org.freedesktop.appearance", "color-scheme")
+
+    def __init__(self, desktop, color_scheme=0):
+        super().__init__(desktop, desktop.bus)
+        self._answer(color_scheme)
+        self._appear()
+
+    def set_color_scheme(self, color_scheme):
+        self._answer(color_scheme)
+        values = dbus.Array([*self.SETTING, dbus.UInt32(color_scheme)], signature="v")
+        self._tell("EmitSignal", self.INTERFACE, "SettingChanged", "ssv", values)
+
+    def _answer(self, color_scheme):
+        # Read wraps its answer twice, ever since the first portal did by mistake.
+        code = (f"if tuple(args) != {self.SETTING!r}:\n"
+                "    raise dbus.exceptions.DBusException('no', name='org.freedesktop.portal.Error.NotFound')\n"
+                f"ret = dbus.UInt32({color_scheme}, variant_level=2)")
+        self._tell("AddMethod", self.INTERFACE, "Read", "ss", "v", code)
+
+
+class Notifications(Mock):
+    """The service that shows notifications, as KDE has it: it tells when they are held back."""
+
+    NAME = INTERFACE = "org.freedesktop.Notifications"
+    PATH = "/org/freedesktop/Notifications"
+
+    def __init__(self, desktop, inhibited=False):
+        super().__init__(desktop, desktop.bus)
+        self._tell("AddProperty", self.INTERFACE, "Inhibited", dbus.Boolean(inhibited))
+        self._appear()
+
+    def set_inhibited(self, inhibited):
+        self._tell("UpdateProperties", self.INTERFACE, {"Inhibited": dbus.Boolean(inhibited)})
+
+
+def set_do_not_disturb(desktop, wanted):
+    """Xfce's switch, in the desktop's real settings service; None takes the setting away."""
+    settings = desktop.bus.get_object("org.xfce.Xfconf", "/org/xfce/Xfconf", introspect=False)
+    if wanted is None:
+        settings.ResetProperty(*XFCE_SWITCH, False, dbus_interface="org.xfce.Xfconf")
+    else:
+        value = dbus.Boolean(wanted, variant_level=1)
+        settings.SetProperty(*XFCE_SWITCH, value, dbus_interface="org.xfce.Xfconf")
+
+
+def gnome_banners(desktop, shown):
+    """Sets whether GNOME shows notifications; returns the environment in which a program looks there."""
+    folder = desktop.home / ".config/glib-2.0/settings"
+    folder.mkdir(parents=True, exist_ok=True)
+    text = f"[org/gnome/desktop/notifications]\nshow-banners={'true' if shown else 'false'}\n"
+    (folder / "keyfile").write_text(text, encoding="utf-8")
+    return {"GSETTINGS_BACKEND": "keyfile", "XDG_CURRENT_DESKTOP": "GNOME"}

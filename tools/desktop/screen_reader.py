@@ -1,0 +1,130 @@
+# SPDX-FileCopyrightText: 2026 The fv2-agent authors
+# SPDX-License-Identifier: Apache-2.0
+"""What a screen reader learns of a program: its elements with their roles, names and states, read over AT-SPI.
+
+Asks the accessibility bus of one Desktop(accessible=True) directly: the usual client library keeps to one bus as long
+as its process lives."""
+
+import contextlib
+
+import dbus
+import dbus.bus
+
+from waiting import wait_until
+
+ACCESSIBLE = "org.a11y.atspi.Accessible"
+ACTION = "org.a11y.atspi.Action"
+COMPONENT = "org.a11y.atspi.Component"
+TEXT = "org.a11y.atspi.Text"
+PROPERTIES = "org.freedesktop.DBus.Properties"
+REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
+ON_THE_SCREEN = 0
+
+#: By the number of their bit.
+STATES = (
+    "invalid", "active", "armed", "busy", "checked", "collapsed", "defunct", "editable", "enabled", "expandable",
+    "expanded", "focusable", "focused", "has tooltip", "horizontal", "iconified", "modal", "multi line",
+    "multiselectable", "opaque", "pressed", "resizable", "selectable", "selected", "sensitive", "showing",
+    "single line", "stale", "transient", "vertical", "visible", "manages descendants", "indeterminate", "required",
+    "truncated", "animated", "invalid entry", "supports autocompletion", "selectable text", "is default", "visited",
+    "checkable", "has popup", "read only",
+)
+
+
+class ScreenReader:
+    def __init__(self, desktop):
+        launcher = desktop.bus.get_object("org.a11y.Bus", "/org/a11y/bus", introspect=False)
+        self.bus = dbus.bus.BusConnection(str(launcher.GetAddress(dbus_interface="org.a11y.Bus")))
+        desktop.at_end(self.bus.close)
+
+    def application(self, pid, seconds=10.0):
+        """The root of a process' elements, once it has announced itself."""
+        def announced():
+            with contextlib.suppress(dbus.DBusException):  # a program that has just ended
+                return next((root for root in Element(self.bus, *REGISTRY).children() if root.pid() == pid), None)
+
+        return wait_until(announced, f"process {pid} to speak to screen readers", seconds)
+
+
+class Element:
+    """One element. Every question goes to the program anew; one that has gone answers with a DBusException."""
+
+    def __init__(self, bus, owner, path):
+        self._bus = bus
+        self._owner = owner
+        self._object = bus.get_object(owner, path, introspect=False)
+
+    def pid(self):
+        bus = self._bus.get_object("org.freedesktop.DBus", "/org/freedesktop/DBus", introspect=False)
+        return int(bus.GetConnectionUnixProcessID(self._owner, dbus_interface="org.freedesktop.DBus"))
+
+    def role(self):
+        """As the screen reader calls it, e.g. "push button", "check box", "label"."""
+        return str(self._object.GetRoleName(dbus_interface=ACCESSIBLE))
+
+    def name(self):
+        return str(self._property("Name"))
+
+    def description(self):
+        return str(self._property("Description"))
+
+    def states(self):
+        low, high = self._object.GetState(dbus_interface=ACCESSIBLE)
+        bits = int(low) | int(high) << 32
+        return {name for number, name in enumerate(STATES) if bits >> number & 1}
+
+    def children(self):
+        answer = self._object.GetChildren(dbus_interface=ACCESSIBLE)
+        return [Element(self._bus, str(owner), str(path)) for owner, path in answer]
+
+    def text(self):
+        """What is written in it; only elements with a text have one."""
+        return str(self._object.GetText(dbus.Int32(0), dbus.Int32(-1), dbus_interface=TEXT))
+
+    def place(self):
+        """x, y, width and height on the screen."""
+        return tuple(map(int, self._object.GetExtents(dbus.UInt32(ON_THE_SCREEN), dbus_interface=COMPONENT)))
+
+    def actions(self):
+        """Names of what can be done with it."""
+        return [str(name) for name, _, _ in self._object.GetActions(dbus_interface=ACTION)]
+
+    def do(self, action):
+        """Does what one of its actions does, e.g. "Press"."""
+        actions = self.actions()
+        if action not in actions:
+            raise AssertionError(f"{self.role()} '{self.name()}' has no action '{action}', only {actions}")
+        self._object.DoAction(dbus.Int32(actions.index(action)), dbus_interface=ACTION)
+
+    def all(self):
+        """The element and everything below it, from top to bottom."""
+        yield self
+        for child in self.children():
+            yield from child.all()
+
+    def find_all(self, role=None, name=None, states=()):
+        """What of it and below has that role and name and at least those states."""
+        return [element for element in self.all()
+                if role in (None, element.role()) and name in (None, element.name())
+                and set(states) <= element.states()]
+
+    def find(self, role=None, name=None, states=(), seconds=10.0):
+        """Waits for the first one; see find_all."""
+        what = f"{role or 'anything'} called {name!r} with {set(states) or 'any state'}"
+
+        def found():
+            with contextlib.suppress(dbus.DBusException):  # an element that went while we looked around
+                return self.find_all(role, name, states)
+
+        return wait_until(found, what, seconds)[0]
+
+    def tree(self, depth=0):
+        """It and everything below as text, one element a line: role, name, description, states."""
+        line = f"{'  ' * depth}{self.role()} '{self.name()}'"
+        if description := self.description():
+            line += f" ({description})"
+        lines = [line + f" [{', '.join(sorted(self.states()))}]"]
+        return "\n".join(lines + [child.tree(depth + 1) for child in self.children()])
+
+    def _property(self, name):
+        return self._object.Get(ACCESSIBLE, name, dbus_interface=PROPERTIES)
