@@ -85,7 +85,8 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
     QObject::connect(&m_session, &FV2LoginSession::resigned, &m_delegate, &AppDelegate::sessionResigned);
     QObject::connect(&m_activation, &FV2DesktopActivation::activated, &m_delegate, [this](const QString& token) {
         // Read by Qt when it next asks the compositor to bring a window to the front.
-        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+        if (!token.isEmpty() && QGuiApplication::platformName().startsWith(u"wayland"))
+            qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
         m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain());
     });
 }

@@ -20,28 +20,17 @@ const QString kXfceProperty = QStringLiteral("/do-not-disturb");
 FV2DoNotDisturb::FV2DoNotDisturb()
     : m_inhibited(QDBusConnection::sessionBus(), kNotifications, kNotificationsPath, kNotifications,
                   QStringLiteral("Inhibited"))
-    , m_xfce(QDBusConnection::sessionBus(),
-             {kXfconf, kXfconfPath, kXfconf, QStringLiteral("GetProperty"), {kXfceChannel, kXfceProperty}}) {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    bus.connect(kXfconf, kXfconfPath, kXfconf, QStringLiteral("PropertyChanged"), this,
-                SLOT(onXfceChanged(QString, QString, QDBusVariant)));
-    bus.connect(kXfconf, kXfconfPath, kXfconf, QStringLiteral("PropertyRemoved"), this,
-                SLOT(onXfceRemoved(QString, QString)));
-    m_xfce.ask();
+    , m_xfce(QDBusConnection::sessionBus(), {kXfconf,
+                                             kXfconfPath,
+                                             kXfconf,
+                                             QStringLiteral("GetProperty"),
+                                             {kXfceChannel, kXfceProperty},
+                                             {QStringLiteral("PropertyChanged"), QStringLiteral("PropertyRemoved")},
+                                             {kXfceChannel, kXfceProperty}}) {
 }
 
 bool FV2DoNotDisturb::isOn() const {
     return m_inhibited.isTrue() || m_xfce.isTrue() || gnomeBannersAreOff();
-}
-
-void FV2DoNotDisturb::onXfceChanged(const QString& channel, const QString& property, const QDBusVariant& value) {
-    if (channel == kXfceChannel && property == kXfceProperty)
-        m_xfce.set(value.variant());
-}
-
-void FV2DoNotDisturb::onXfceRemoved(const QString& channel, const QString& property) {
-    if (channel == kXfceChannel && property == kXfceProperty)
-        m_xfce.set(QVariant());
 }
 
 } // namespace fv2

@@ -4,22 +4,15 @@
 
 #include "platform/FV2BusValue.h"
 
-#include <QDBusVariant>
-
 namespace fv2 {
 
 //! Whether the user wants to be left alone. The answer is there at once, from what the notification daemons have told;
 //! any one that says so is enough, where none does it is false. Main thread only.
-class FV2DoNotDisturb : public QObject {
-    Q_OBJECT
+class FV2DoNotDisturb {
 public:
     FV2DoNotDisturb();
 
     [[nodiscard]] bool isOn() const;
-
-private Q_SLOTS:
-    void onXfceChanged(const QString& channel, const QString& property, const QDBusVariant& value);
-    void onXfceRemoved(const QString& channel, const QString& property);
 
 private:
     FV2BusProperty m_inhibited;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2Palette.h"
 
+#include "toolkit/NxQtColor.h"
+
 #include <QGuiApplication>
 
 namespace fv2 {
@@ -38,8 +40,7 @@ QPalette made(const Tones& tones) {
 
 QPalette windowPalette(bool dark) {
     const QPalette own = QGuiApplication::palette();
-    const bool ownIsDark = own.color(QPalette::Window).lightness() < own.color(QPalette::WindowText).lightness();
-    return ownIsDark == dark ? own : made(dark ? kDark : kLight);
+    return isDark(own) == dark ? own : made(dark ? kDark : kLight);
 }
 
 } // namespace fv2

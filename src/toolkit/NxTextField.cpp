@@ -60,16 +60,17 @@ void NxTextField::setElided(bool elided) {
     update();
 }
 
+QString NxTextField::oneLine() const {
+    return text().replace(u'\n', u' ');
+}
+
 QString NxTextField::shownText() const {
-    if (!m_elided)
-        return text();
-    QString line = text();
-    line.replace(u'\n', u' ');
-    return fontMetrics().elidedText(line, Qt::ElideRight, contentsRect().width() - 2 * margin());
+    return m_elided ? fontMetrics().elidedText(oneLine(), Qt::ElideRight, contentsRect().width() - 2 * margin())
+                    : text();
 }
 
 void NxTextField::updateToolTip() {
-    if (!m_elided || shownText() == text())
+    if (!m_elided || shownText() == oneLine())
         setToolTip({});
     else // A tooltip takes what looks like markup for markup.
         setToolTip(QStringLiteral("<p>") + text().toHtmlEscaped() + QStringLiteral("</p>"));

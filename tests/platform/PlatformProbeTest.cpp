@@ -89,6 +89,11 @@ TEST(MediumDate, IsEmptyWhereThereIsNoSuchDate) {
         EXPECT_EQ(date("LANG=en_US.UTF-8", seconds), "") << seconds;
 }
 
+TEST(Appearance, FollowsThePortalAndThePaletteAndNeverWaitsForTheBus) {
+    EXPECT_EQ(outputOf("dbus-run-session -- " PLATFORM_PROBE " appearance"),
+              "dark 1, dark 0, dark 0, light 1, light 1, dark 1, ");
+}
+
 TEST(TrayWatcher, StaysQuietWhereThereIsNoTray) {
     EXPECT_EQ(probe("DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent", "no-tray"), "0 so far\n");
 }

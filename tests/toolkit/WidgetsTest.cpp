@@ -31,12 +31,16 @@ public:
     }
 };
 
-QColor colourAt(QWidget& widget, int x, int y, int ratio = 1) {
-    QImage image(widget.size() * ratio, QImage::Format_ARGB32);
+QImage pictureOf(QWidget& widget, double ratio) {
+    QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32);
     image.setDevicePixelRatio(ratio);
     image.fill(Qt::transparent);
     widget.render(&image, {}, {}, QWidget::DrawChildren);
-    return image.pixelColor(x * ratio, y * ratio);
+    return image;
+}
+
+QColor colourAt(QWidget& widget, int x, int y, int ratio = 1) {
+    return pictureOf(widget, ratio).pixelColor(x * ratio, y * ratio);
 }
 
 TEST(View, TakesItsColoursFromTheKindOfPalette) {
@@ -64,6 +68,21 @@ TEST(View, TakesItsColoursFromTheKindOfPalette) {
     EXPECT_GT(colourAt(view, 10, 4).lightness(), colourAt(view, 10, 15).lightness() + 100);
 }
 
+TEST(View, DrawsItsBorderEvenlyOnAScreenAt150Percent) {
+    QWidget window;
+    window.resize(40, 40);
+    NxView view(&window);
+    view.setGeometry(5, 7, 20, 21); // from 7.5 and 10.5 to 37.5 and 42 of the screen's pixels
+    view.setBackgroundColor(Qt::red);
+    view.setBorderColor(Qt::green);
+    const QImage picture = pictureOf(window, 1.5);
+    const auto border = [&](int x, int y) { return picture.pixelColor(x, y) == QColor(Qt::green); };
+    EXPECT_TRUE(border(8, 20) && border(9, 20) && border(36, 20) && border(37, 20));
+    EXPECT_TRUE(border(20, 11) && border(20, 12) && border(20, 40) && border(20, 41));
+    for (const QPoint inside : {QPoint(10, 20), QPoint(35, 20), QPoint(20, 13), QPoint(20, 39)})
+        EXPECT_EQ(picture.pixelColor(inside), QColor(Qt::red)) << inside.x();
+}
+
 TEST(TextField, ShowsTextsLetterByLetterAndWholeOrTellsThem) {
     Texts::use();
     NxTextField field;
@@ -85,6 +104,9 @@ TEST(TextField, ShowsTextsLetterByLetterAndWholeOrTellsThem) {
     EXPECT_EQ(toolTip.toPlainText(), field.text());
     field.resize(800, line);
     EXPECT_EQ(field.toolTip(), QString());
+    field.setText(QStringLiteral("two\nlines"));
+    EXPECT_EQ(field.toolTip(), QString());
+    field.setStringValue(QStringLiteral("IDUS_Wiederherstellungsschlüsselverwaltung"));
     EXPECT_EQ(field.stringValue(), QStringLiteral("IDUS_Wiederherstellungsschlüsselverwaltung"));
     field.setText(QStringLiteral("IDUS_A"));
     EXPECT_EQ(field.text() + field.stringValue(), QStringLiteral("IDUS_A"));
@@ -92,7 +114,10 @@ TEST(TextField, ShowsTextsLetterByLetterAndWholeOrTellsThem) {
     NxButton button;
     button.setTitle(QStringLiteral("IDUS_A"));
     EXPECT_TRUE(button.shortcut().isEmpty());
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QStringLiteral("<b>A & b"));
+    const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&button);
+    EXPECT_EQ(told->text(QAccessible::Name), QStringLiteral("<b>A & b"));
+    button.setText(QStringLiteral("OK"));
+    EXPECT_EQ(told->text(QAccessible::Name), QStringLiteral("OK"));
 }
 
 TEST(ImageView, PaintsAPictureInItsOwnColourOrATint) {
@@ -177,13 +202,15 @@ TEST(LeftMenuCell, KeepsEveryTextReadableBesideTheBubble) {
         }
     }
     EXPECT_GE(cell.counterImage().width(), 12 + cell.counterNumberField().sizeHint().width());
+    EXPECT_EQ((cell.counterImage().x() | cell.counterImage().y()) % 2, 0) << "blurred at 150 %";
 }
 
-//! A view of a height that its model tells.
+//! A view of a height that its model tells, or of any for 0.
 class Block final : public NxAutoViewController<int> {
     std::unique_ptr<QWidget> loadView() override {
         auto view = std::make_unique<QWidget>();
-        view->setFixedHeight(*modelData());
+        if (*modelData() > 0)
+            view->setFixedHeight(*modelData());
         return view;
     }
 };
@@ -227,6 +254,30 @@ TEST(Stack, LaysViewsOutUnderOneAnotherAndFollowsItsModel) {
     stack.reset();
     add(40, 0);
     EXPECT_EQ(made, 4);
+}
+
+TEST(Stack, LeavesRoomToSpareToTheLastViewOrBelowIt) {
+    NxStackController stack;
+    stack.setSpacing(8);
+    stack.view()->resize(100, 300);
+    stack.view()->show();
+    for (const int height : {20, 20, 20, 0}) {
+        const auto block = std::make_shared<Block>();
+        block->setModelData(std::make_shared<int>(height));
+        stack.mutableSubviewControllers()->addObject(block);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(block->view()->y(), 28 * (int(stack.subviewControllers()->count()) - 1));
+        EXPECT_EQ(block->view()->height(), height > 0 ? height : 300 - 84);
+    }
+    // Let go of by one of its own events, as by a button in it.
+    auto last = stack.subviewControllers()->objectAtIndex(3);
+    const QPointer<QWidget> view = last->view();
+    stack.mutableSubviewControllers()->removeObjectAtIndex(3);
+    QObject::connect(view, &QObject::objectNameChanged, view, [&] { last.reset(); });
+    view->setObjectName(QStringLiteral("pressed"));
+    EXPECT_TRUE(last == nullptr && !view.isNull() && view->isHidden());
+    QCoreApplication::sendPostedEvents(view, QEvent::DeferredDelete);
+    EXPECT_TRUE(view.isNull());
 }
 
 } // namespace
