@@ -18,7 +18,7 @@ from mocks import Portal  # noqa: E402
 from waiting import wait_until  # noqa: E402
 
 APPEARANCES = {"light": (2, (255, 255, 255)), "dark": (1, (34, 36, 39))}
-SCALES = (1, 2)
+SCALES = (1, 1.5, 2)
 LANGUAGES = ("en", "de")
 #: What the service says, by the traffic light that follows from it.
 STATES = {"green": "state 6", "yellow": "state 1", "red": "state 12"}
@@ -42,7 +42,7 @@ def session(build, pictures, appearance, scale, language):
         agent = desktop.start([build / "fv2-agent", "--show-window"],
                               {"FV2_LOG_LEVELS": "all", "LANGUAGE": language, "QT_SCALE_FACTOR": str(scale)})
         window = desktop.screen.window(agent.pid)
-        place = [scale * length for length in BACKGROUND]
+        place = [round(scale * length) for length in BACKGROUND]
         wait_until(lambda: window.colour(*place) == background, f"a {appearance} window")
         for state, line in STATES.items():
             service.send(line)
@@ -50,7 +50,7 @@ def session(build, pictures, appearance, scale, language):
             for page, key in PAGES.items():
                 desktop.screen.press(key)
                 time.sleep(0.3)  # what has been decided still has to be painted
-                window.picture(pictures / f"{page}-{state}-{appearance}-{100 * scale}-{language}.png")
+                window.picture(pictures / f"{page}-{state}-{appearance}-{round(100 * scale)}-{language}.png")
         agent.stop()
         portal.stop()
 

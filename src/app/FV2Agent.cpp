@@ -42,7 +42,8 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
                   .wndDelegate = m_wndDelegate,
                   .menuBarStatusItem = m_trayItem,
                   .menu = m_menu,
-                  .quit = [] { QCoreApplication::exit(); }}) {
+                  .quit = [] { QCoreApplication::exit(); },
+                  .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); }}) {
     // Panels show the application's name where they list their items.
     QGuiApplication::setApplicationDisplayName(QString::fromStdString(text("IDUS_PRODUCT_DISPLAY_NAME")));
     m_appModel->setAppConfigModel(makeAppConfigModel());
@@ -88,7 +89,8 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
     QObject::connect(&m_session, &FV2LoginSession::resigned, &m_delegate, &AppDelegate::sessionResigned);
     QObject::connect(&m_activation, &FV2DesktopActivation::activated, &m_delegate, [this](const QString& token) {
         // Read by Qt when it next asks the compositor to bring a window to the front.
-        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+        if (!token.isEmpty() && QGuiApplication::platformName().startsWith(u"wayland"))
+            qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
         m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain());
     });
 }

@@ -5,6 +5,7 @@
 #include "app/LogLevelSwitch.h"
 #include "base/StandardDescriptors.h"
 #include "logging/FV2Logging.h"
+#include "platform/FV2DesktopActivation.h"
 #include "platform/FV2UnixSignals.h"
 #include "shell/AppDelegate.h"
 #include "shell/FV2DuplicateInstance.h"
@@ -17,6 +18,15 @@ namespace {
 //! Passed by the desktop entry, and not by autostart.
 constexpr std::string_view kShowWindow = "--show-window";
 
+//! A Wayland compositor lets the running copy's window come to the front only with the token that was given to us.
+void passOnActivationToken(int argc, char* argv[]) {
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    if (token.isEmpty())
+        return;
+    const QCoreApplication application(argc, argv);
+    fv2::FV2DesktopActivation::passOn(token);
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -27,6 +37,7 @@ int main(int argc, char* argv[]) {
 
     fv2::FV2DuplicateInstance duplicate(fv2::FV2UnixSignals::raised());
     if (duplicate.handleDuplicateInstance()) {
+        passOnActivationToken(argc, argv);
         fv2::log(fv2::FV2LoggingLevel::release, {"exitApplication called"});
         return 0;
     }

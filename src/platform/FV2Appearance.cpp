@@ -23,13 +23,16 @@ constexpr unsigned kPreferLight = 2;
 } // namespace
 
 FV2Appearance::FV2Appearance()
-    : m_scheme(QDBusConnection::sessionBus(), {kService, kPath, kInterface, QStringLiteral("Read"), {kGroup, kKey}})
+    : m_scheme(QDBusConnection::sessionBus(), {kService,
+                                               kPath,
+                                               kInterface,
+                                               QStringLiteral("Read"),
+                                               {kGroup, kKey},
+                                               {QStringLiteral("SettingChanged")},
+                                               {kGroup, kKey}})
     , m_isDark(looksDark()) {
     connect(&m_scheme, &FV2BusValue::learnt, this, &FV2Appearance::update);
-    QDBusConnection::sessionBus().connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
-                                          SLOT(onSettingChanged(QString, QString, QDBusVariant)));
     qGuiApp->installEventFilter(this);
-    m_scheme.ask();
 }
 
 void FV2Appearance::askPortal() {
@@ -38,14 +41,11 @@ void FV2Appearance::askPortal() {
 }
 
 bool FV2Appearance::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ApplicationPaletteChange && watched == qGuiApp)
-        update();
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == qGuiApp) {
+        m_isDark = looksDark();
+        Q_EMIT changed();
+    }
     return QObject::eventFilter(watched, event);
-}
-
-void FV2Appearance::onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value) {
-    if (group == kGroup && key == kKey)
-        m_scheme.set(value.variant());
 }
 
 bool FV2Appearance::looksDark() const {

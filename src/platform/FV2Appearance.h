@@ -4,8 +4,6 @@
 
 #include "platform/FV2BusValue.h"
 
-#include <QDBusVariant>
-
 namespace fv2 {
 
 //! Whether the desktop wants to look dark: what its settings portal says, else what the application's palette looks
@@ -24,16 +22,13 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
+    //! The answer, or the application's palette: windows that show the other kind of colours are made from either.
     void changed();
 
 private:
     [[nodiscard]] bool looksDark() const;
     void update();
 
-private Q_SLOTS:
-    void onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-
-private:
     FV2BusValue m_scheme;
     bool m_isDark;
     bool m_hasAsked = false;

@@ -3,26 +3,31 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QVariant>
 
 #include <cstdint>
+#include <optional>
 
 namespace fv2 {
 
-//! A question to a service on a bus.
+//! A question to a service on a bus, and the signals of the same object that tell of another answer.
 struct FV2BusQuestion {
     QString service;
     QString path;
     QString interface;
     QString method;
     QVariantList arguments;
+    QStringList changeSignals = {};
+    //! How such a signal begins if it is about the answer; no other wakes us.
+    QStringList changeArguments = {};
 };
 
-//! The answer to a question, as far as it is known: asked for again whenever the service gets a new owner, unknown
-//! while it has none. Nothing waits, and no service is started unless somebody says so. Main thread only; a part of
-//! the class that wants to know.
+//! The answer to a question, as far as it is known: asked for whenever the service gets an owner, unknown while it has
+//! none. A question that fails changes nothing. Nothing waits, not even for a bus that hangs, and no service is started
+//! unless somebody says so. Main thread only; a part of the class that wants to know.
 class FV2BusValue : public QObject {
     Q_OBJECT
 public:
@@ -30,37 +35,52 @@ public:
 
     FV2BusValue(const QDBusConnection& bus, FV2BusQuestion question);
 
+    //! Asks once more than the changes of owners do.
     void ask(Start start = Start::Never);
-    //! A signal of the service has told the value; an answer under way is older and no longer counts.
-    void set(const QVariant& value);
     //! Without the variants that it came wrapped in; invalid while unknown.
     [[nodiscard]] const QVariant& value() const { return m_value; }
+    //! Whether the first answer is there, or it is clear that none will come.
+    [[nodiscard]] bool isSettled() const { return m_isSettled; }
     [[nodiscard]] bool isTrue() const { return m_value.typeId() == QMetaType::Bool && m_value.toBool(); }
 
 Q_SIGNALS:
     //! Something was learnt; it may be the same as before.
     void learnt();
+    //! Once.
+    void settled();
+
+protected:
+    //! A signal of the service has told the value; an answer under way is older and no longer counts.
+    void set(const QVariant& value);
+
+protected Q_SLOTS:
+    //! The new value stands behind the arguments that are matched; where nothing does, it is unknown.
+    virtual void onChange(const QDBusMessage& change);
 
 private:
+    void askForOwner();
+    void setOwner(const QString& owner);
+    void settle();
+
     QDBusConnection m_bus;
     FV2BusQuestion m_question;
     QDBusServiceWatcher m_watcher;
+    std::optional<QString> m_owner; //!< its unique name, empty without one; none until the bus has told
     QVariant m_value;
     unsigned m_newest = 0;
+    bool m_isSettled = false;
 };
 
 //! One property of an object on a bus, followed through its change signals.
 class FV2BusProperty final : public FV2BusValue {
     Q_OBJECT
 public:
-    FV2BusProperty(const QDBusConnection& bus, const QString& service, const QString& path, QString interface,
+    FV2BusProperty(const QDBusConnection& bus, const QString& service, const QString& path, const QString& interface,
                    QString name);
 
-private Q_SLOTS:
-    void onPropertiesChanged(const QString& interface, const QVariantMap& changed, const QStringList& invalidated);
-
 private:
-    QString m_interface;
+    void onChange(const QDBusMessage& change) override;
+
     QString m_name;
 };
 

@@ -16,6 +16,8 @@ namespace {
 const QString kName = QStringLiteral("org.fv2agent.Agent");
 const QString kPath = QStringLiteral("/org/fv2agent/Agent");
 const QString kBus = QStringLiteral("org.freedesktop.DBus");
+const QString kToken = QStringLiteral("activation-token");
+constexpr int kPatience = 1000; //!< milliseconds
 
 //! The bus's answers to RequestName that make us the owner.
 constexpr unsigned kPrimaryOwner = 1;
@@ -40,9 +42,16 @@ FV2DesktopActivation::FV2DesktopActivation() {
     });
 }
 
+void FV2DesktopActivation::passOn(const QString& activationToken) {
+    QDBusMessage message = QDBusMessage::createMethodCall(kName, kPath, QStringLiteral("org.freedesktop.Application"),
+                                                          QStringLiteral("Activate"));
+    message << QVariantMap{{kToken, activationToken}};
+    message.setAutoStartService(false);
+    QDBusConnection::sessionBus().call(message, QDBus::Block, kPatience);
+}
+
 void FV2DesktopActivation::Activate(const QVariantMap& platformData) {
-    Q_EMIT activated(platformData.value(QStringLiteral("activation-token")).toString(),
-                     platformData.value(QStringLiteral("desktop-startup-id")).toString());
+    Q_EMIT activated(platformData.value(kToken).toString());
 }
 
 void FV2DesktopActivation::Open(const QStringList&, const QVariantMap& platformData) {

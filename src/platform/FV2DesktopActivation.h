@@ -18,6 +18,10 @@ public:
     //! when that process ends.
     FV2DesktopActivation();
 
+    //! Lets the copy that runs, if any, bring its window to the front with our launcher's token. For a process that is
+    //! about to end, without an event loop: waits for an answer, 1 s at most.
+    static void passOn(const QString& activationToken);
+
 public Q_SLOTS:
     Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
     Q_SCRIPTABLE void Open(const QStringList& uris, const QVariantMap& platformData);
@@ -25,8 +29,8 @@ public Q_SLOTS:
                                      const QVariantMap& platformData);
 
 Q_SIGNALS:
-    //! Somebody wants to see the program. The texts let a window come to the front; empty where the desktop has none.
-    void activated(const QString& activationToken, const QString& startupId);
+    //! Somebody wants to see the program. The token lets a window come to the front; empty where the desktop has none.
+    void activated(const QString& activationToken);
 };
 
 } // namespace fv2

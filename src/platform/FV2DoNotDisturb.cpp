@@ -4,9 +4,16 @@
 
 #include "platform/GnomeBanners.h"
 
+#include <QTimer>
+
+#include <utility>
+
 namespace fv2 {
 
 namespace {
+
+//! A daemon that hangs holds the first status up no longer than this.
+constexpr std::chrono::milliseconds kPatience{300};
 
 const QString kNotifications = QStringLiteral("org.freedesktop.Notifications");
 const QString kNotificationsPath = QStringLiteral("/org/freedesktop/Notifications");
@@ -20,28 +27,35 @@ const QString kXfceProperty = QStringLiteral("/do-not-disturb");
 FV2DoNotDisturb::FV2DoNotDisturb()
     : m_inhibited(QDBusConnection::sessionBus(), kNotifications, kNotificationsPath, kNotifications,
                   QStringLiteral("Inhibited"))
-    , m_xfce(QDBusConnection::sessionBus(),
-             {kXfconf, kXfconfPath, kXfconf, QStringLiteral("GetProperty"), {kXfceChannel, kXfceProperty}}) {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    bus.connect(kXfconf, kXfconfPath, kXfconf, QStringLiteral("PropertyChanged"), this,
-                SLOT(onXfceChanged(QString, QString, QDBusVariant)));
-    bus.connect(kXfconf, kXfconfPath, kXfconf, QStringLiteral("PropertyRemoved"), this,
-                SLOT(onXfceRemoved(QString, QString)));
-    m_xfce.ask();
+    , m_xfce(QDBusConnection::sessionBus(), {kXfconf,
+                                             kXfconfPath,
+                                             kXfconf,
+                                             QStringLiteral("GetProperty"),
+                                             {kXfceChannel, kXfceProperty},
+                                             {QStringLiteral("PropertyChanged"), QStringLiteral("PropertyRemoved")},
+                                             {kXfceChannel, kXfceProperty}}) {
+}
+
+void FV2DoNotDisturb::whenKnown(std::function<void()> job) {
+    m_whenKnown = std::move(job);
+    for (const FV2BusValue* const value : {static_cast<FV2BusValue*>(&m_inhibited), &m_xfce})
+        QObject::connect(value, &FV2BusValue::settled, &m_xfce, [this] { callIfKnown(); });
+    QTimer::singleShot(kPatience, &m_xfce, [this] { call(); });
+    callIfKnown();
+}
+
+void FV2DoNotDisturb::callIfKnown() {
+    if (m_inhibited.isSettled() && m_xfce.isSettled())
+        call();
+}
+
+void FV2DoNotDisturb::call() {
+    if (const auto job = std::exchange(m_whenKnown, nullptr))
+        job();
 }
 
 bool FV2DoNotDisturb::isOn() const {
     return m_inhibited.isTrue() || m_xfce.isTrue() || gnomeBannersAreOff();
-}
-
-void FV2DoNotDisturb::onXfceChanged(const QString& channel, const QString& property, const QDBusVariant& value) {
-    if (channel == kXfceChannel && property == kXfceProperty)
-        m_xfce.set(value.variant());
-}
-
-void FV2DoNotDisturb::onXfceRemoved(const QString& channel, const QString& property) {
-    if (channel == kXfceChannel && property == kXfceProperty)
-        m_xfce.set(QVariant());
 }
 
 } // namespace fv2

@@ -4,24 +4,27 @@
 
 #include "platform/FV2BusValue.h"
 
-#include <QDBusVariant>
+#include <functional>
 
 namespace fv2 {
 
 //! Whether the user wants to be left alone. The answer is there at once, from what the notification daemons have told;
 //! any one that says so is enough, where none does it is false. Main thread only.
-class FV2DoNotDisturb : public QObject {
-    Q_OBJECT
+class FV2DoNotDisturb {
 public:
     FV2DoNotDisturb();
 
     [[nodiscard]] bool isOn() const;
 
-private Q_SLOTS:
-    void onXfceChanged(const QString& channel, const QString& property, const QDBusVariant& value);
-    void onXfceRemoved(const QString& channel, const QString& property);
+    //! Calls the job once the desktop has said what is so at the start, or shortly after when it doesn't; in the event
+    //! loop or at once. One job at most.
+    void whenKnown(std::function<void()> job);
 
 private:
+    void callIfKnown();
+    void call();
+
+    std::function<void()> m_whenKnown;
     FV2BusProperty m_inhibited;
     FV2BusValue m_xfce;
 };

@@ -17,6 +17,8 @@ struct SysctlError {
     std::map<std::string, std::string> userInfo;
 };
 
+// Names and versions: at most 200 characters of each, in valid UTF-8 and on one line.
+
 //! The processor's name with " (64-bit)" or " (32-bit)" for the word size of this process. ENOENT also when the
 //! processor has no name, as many ARM ones.
 [[nodiscard]] std::variant<std::string, SysctlError>

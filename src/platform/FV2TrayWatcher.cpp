@@ -48,7 +48,8 @@ FV2TrayWatcher::FV2TrayWatcher(std::function<void()> available, std::chrono::mil
     : m_available(std::move(available))
     , m_watcher(kService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration) {
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &FV2TrayWatcher::askForHost);
-    QDBusConnection::sessionBus().connect(kService, kPath, kService, QStringLiteral("StatusNotifierHostRegistered"),
+    // From any sender, as it only makes us ask: for a name, Qt would wait until the bus has told it the owner.
+    QDBusConnection::sessionBus().connect(QString(), kPath, kService, QStringLiteral("StatusNotifierHostRegistered"),
                                           this, SLOT(onHostRegistered()));
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &FV2TrayWatcher::acceptOlderTray);

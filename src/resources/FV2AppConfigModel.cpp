@@ -127,11 +127,6 @@ std::optional<int> FV2AppConfigModel::integer(std::string_view name) const {
     return entry == nullptr ? std::nullopt : std::optional(entry->value);
 }
 
-std::optional<std::string_view> FV2AppConfigModel::imagePath(std::string_view name) const {
-    const ImageEntry* const entry = find(imageDictionary(), name);
-    return entry == nullptr ? std::nullopt : std::optional(entry->path);
-}
-
 void FV2AppConfigModel::refreshAppearance() {
     m_isDarkMode = m_askIsDarkMode();
     for (const auto& each : kFields)

@@ -63,7 +63,6 @@ public:
     [[nodiscard]] static NxRgba colourIn(std::span<const ColourEntry> dictionary, std::string_view key);
     [[nodiscard]] NxRgba colour(std::string_view key) const { return colourIn(colourDictionary(), key); }
     [[nodiscard]] std::optional<int> integer(std::string_view name) const;
-    [[nodiscard]] std::optional<std::string_view> imagePath(std::string_view name) const;
 
     //! Asks for the appearance and takes the colours anew; to be called whenever the appearance has changed.
     void refreshAppearance();

@@ -52,7 +52,7 @@ void AppDelegate::applicationDidFinishLaunching(bool launchedByFileManager) {
     m_parts.menuBarStatusItem.show(state.getMenuBarStatusIcon(), state.overallState);
     m_trayWatcher.emplace([this] { m_parts.menuBarStatusItem.appear(); });
     m_parts.appModel.runBackgroundThread();
-    m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false);
+    m_parts.whenQuietIsKnown([this] { m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false); });
     if (launchedByFileManager) {
         menuShowMainWindow();
         release("Was launched by Finder");

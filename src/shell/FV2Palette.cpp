@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2Palette.h"
 
+#include "toolkit/NxQtColor.h"
+
 #include <QGuiApplication>
 
 namespace fv2 {
@@ -38,8 +40,7 @@ QPalette made(const Tones& tones) {
 
 QPalette windowPalette(bool dark) {
     const QPalette own = QGuiApplication::palette();
-    const bool ownIsDark = own.color(QPalette::Window).lightness() < own.color(QPalette::WindowText).lightness();
-    QPalette palette = ownIsDark == dark ? own : made(dark ? kDark : kLight);
+    QPalette palette = isDark(own) == dark ? own : made(dark ? kDark : kLight);
     // Every role is this palette's own: the application's may turn to the other kind while the window is open.
     palette.setResolveMask(~QPalette::ResolveMask(0));
     return palette;

@@ -21,8 +21,7 @@ void NxButton::setText(const QString& text) {
 void NxButton::showText(const QString& text) {
     QPushButton::setText(QString(text).replace(u'&', QStringLiteral("&&")));
     // What the base class would tell a screen reader has lost every "&".
-    if (text.contains(u'&'))
-        setAccessibleName(text);
+    setAccessibleName(text);
 }
 
 void NxButton::paintEvent(QPaintEvent* event) {

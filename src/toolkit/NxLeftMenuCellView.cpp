@@ -19,8 +19,9 @@ constexpr int kLeftMargin = 16;
 constexpr int kRightMargin = 12;
 constexpr int kGap = 10;
 constexpr int kIconSize = 20;
-constexpr int kBubbleHeight = 18;
-constexpr int kNarrowestBubble = 22;
+// Even, like the bubble's width: in the middle of a row it then stands on whole pixels at 150 % too.
+constexpr int kBubbleHeight = 20;
+constexpr int kNarrowestBubble = 26;
 constexpr int kRoomBesideNumber = 12; //!< both sides together
 constexpr double kNumberScale = 0.9;
 
@@ -81,7 +82,8 @@ bool NxLeftMenuCellView::eventFilter(QObject* watched, QEvent* event) {
 
 int NxLeftMenuCellView::bubbleWidth() const {
     const QFontMetrics letters = m_counterNumberField->fontMetrics();
-    return std::max(kNarrowestBubble, letters.horizontalAdvance(m_counterNumberField->text()) + kRoomBesideNumber);
+    const int width = letters.horizontalAdvance(m_counterNumberField->text()) + kRoomBesideNumber;
+    return std::max(kNarrowestBubble, width + width % 2);
 }
 
 void NxLeftMenuCellView::arrange() {

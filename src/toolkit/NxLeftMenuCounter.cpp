@@ -12,7 +12,6 @@
 #include <QPainter>
 
 #include <array>
-#include <cmath>
 
 namespace fv2 {
 
@@ -46,19 +45,9 @@ QString nameOfStatus(unsigned status) {
     return status < texts().states.size() ? texts().states.at(status) : QString();
 }
 
-//! The relative luminance that contrast is reckoned with.
-double luminanceOf(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
 //! White or dark, whichever stands out more.
 QColor numberColourOn(const QColor& badge) {
-    const double onWhite = 1.05 / (luminanceOf(badge) + 0.05);
-    const double onDark = (luminanceOf(badge) + 0.05) / (luminanceOf(kDarkNumber) + 0.05);
-    return onWhite > onDark ? QColor(Qt::white) : kDarkNumber;
+    return contrastOf(Qt::white, badge) > contrastOf(kDarkNumber, badge) ? QColor(Qt::white) : kDarkNumber;
 }
 
 //! Screen readers of this desktop get no texts as values, so the value is the description too.

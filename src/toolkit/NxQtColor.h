@@ -5,14 +5,16 @@
 #include "resources/NxRgba.h"
 
 #include <QColor>
-
-#include <algorithm>
+#include <QPalette>
 
 namespace fv2 {
 
-[[nodiscard]] inline QColor toQColor(const NxRgba& colour) {
-    const auto part = [](double value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };
-    return QColor::fromRgbF(part(colour.red), part(colour.green), part(colour.blue), part(colour.alpha));
-}
+[[nodiscard]] QColor toQColor(const NxRgba& colour);
+
+//! How well two colours can be told apart, 1 to 21, as WCAG 2 computes it.
+[[nodiscard]] double contrastOf(const QColor& one, const QColor& other);
+
+//! Whether windows are darker than their text.
+[[nodiscard]] bool isDark(const QPalette& palette);
 
 } // namespace fv2

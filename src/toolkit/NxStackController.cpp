@@ -8,9 +8,9 @@ namespace fv2 {
 
 namespace {
 
-std::shared_ptr<NxStackController::Controllers>
+std::shared_ptr<NxStackController::MutableControllers>
 arrayOf(std::initializer_list<std::shared_ptr<NxViewController>> controllers) {
-    auto array = std::make_shared<OxMutableArray<NxViewController>>(controllers.size());
+    auto array = std::make_shared<NxStackController::MutableControllers>(controllers.size());
     for (const auto& each : controllers)
         array->addObject(each);
     return array;
@@ -19,7 +19,12 @@ arrayOf(std::initializer_list<std::shared_ptr<NxViewController>> controllers) {
 } // namespace
 
 NxStackController::NxStackController()
-    : NxStackController(arrayOf({})) {
+    : NxStackController(std::make_shared<MutableControllers>()) {
+}
+
+NxStackController::NxStackController(std::shared_ptr<MutableControllers> controllers)
+    : NxStackController(std::shared_ptr<Controllers>(controllers)) {
+    m_ownControllers = std::move(controllers);
 }
 
 NxStackController::NxStackController(std::shared_ptr<Controllers> controllers)
@@ -98,9 +103,11 @@ void NxStackController::layOutViews() {
     layout->setSpacing(std::max(m_spacing, 0));
     for (const auto& each : controllers)
         layout->addWidget(each->view());
-    // Room to spare goes to the last view, which reaches down to the bottom; it never widens the gaps.
+    // Room to spare goes to the last view, which reaches down to the bottom, and what it can't take is left below it;
+    // it never widens the gaps.
     if (!controllers.empty())
         layout->setStretchFactor(controllers.back()->view(), 1);
+    layout->addStretch();
     setChildViewControllers(std::move(controllers));
     // At once, so that nothing is painted with the room of views that have gone.
     layout->activate();

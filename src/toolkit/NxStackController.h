@@ -27,10 +27,13 @@ class NxStackController final : public NxViewController, private OxArrayObserver
 
 public:
     using Controllers = OxObservableArray<NxViewController>;
+    using MutableControllers = OxMutableArray<NxViewController>;
     template <class Model>
     using Mapper = NxArrayMapper<Model, NxViewController>;
 
+    //! Empty, to be filled through mutableSubviewControllers().
     NxStackController();
+    explicit NxStackController(std::shared_ptr<MutableControllers> controllers);
     explicit NxStackController(std::shared_ptr<Controllers> controllers);
     //! Shows what the mapper derives and keeps the mapper.
     template <class Model>
@@ -63,6 +66,8 @@ public:
     }
 
     [[nodiscard]] std::shared_ptr<Controllers> subviewControllers() const { return m_subviewControllers; }
+    //! The same array if it was made by this stack or given to it as one that can be changed, otherwise null.
+    [[nodiscard]] std::shared_ptr<MutableControllers> mutableSubviewControllers() const { return m_ownControllers; }
 
     // Pixels. What is negative is kept and laid out as 0.
     [[nodiscard]] std::int32_t spacing() const { return m_spacing; }
@@ -97,6 +102,7 @@ private:
     void layOutViews();
 
     std::shared_ptr<Controllers> m_subviewControllers;
+    std::shared_ptr<MutableControllers> m_ownControllers;
     std::shared_ptr<const void> m_mapper;
     std::int32_t m_spacing = 0;
     std::int32_t m_paddingTop = 0;

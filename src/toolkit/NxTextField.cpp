@@ -60,16 +60,17 @@ void NxTextField::setElided(bool elided) {
     update();
 }
 
+QString NxTextField::oneLine() const {
+    return text().replace(u'\n', u' ');
+}
+
 QString NxTextField::shownText() const {
-    if (!m_elided)
-        return text();
-    QString line = text();
-    line.replace(u'\n', u' ');
-    return fontMetrics().elidedText(line, Qt::ElideRight, contentsRect().width() - 2 * margin());
+    return m_elided ? fontMetrics().elidedText(oneLine(), Qt::ElideRight, contentsRect().width() - 2 * margin())
+                    : text();
 }
 
 void NxTextField::updateToolTip() {
-    if (!m_elided || shownText() == text())
+    if (!m_elided || shownText() == oneLine())
         setToolTip({});
     else // A tooltip takes what looks like markup for markup.
         setToolTip(QStringLiteral("<p>") + text().toHtmlEscaped() + QStringLiteral("</p>"));
@@ -80,7 +81,9 @@ QSizeF NxTextField::layOut(QTextLayout& layout, double width) const {
     option.setTextDirection(layoutDirection());
     option.setWrapMode(wraps() ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::ManualWrap);
     layout.setTextOption(option);
-    QSizeF size;
+    // Accents of capitals may stand out above what the font says of its lines.
+    const QFontMetrics metrics(layout.font());
+    QSizeF size(0, std::max(0, -metrics.tightBoundingRect(layout.text()).top() - metrics.ascent()));
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);

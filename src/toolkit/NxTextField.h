@@ -48,6 +48,7 @@ protected:
 private:
     void showText(const QString& text);
     [[nodiscard]] bool wraps() const { return wordWrap() && !m_elided; }
+    [[nodiscard]] QString oneLine() const;
     [[nodiscard]] QString shownText() const;
     [[nodiscard]] QSize withMargins(const QSize& size) const;
     QSizeF layOut(QTextLayout& layout, double width) const;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "toolkit/NxView.h"
 
+#include "toolkit/NxQtColor.h"
+
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -10,8 +12,11 @@ namespace fv2 {
 
 namespace {
 
-bool isDark(const QPalette& palette) {
-    return palette.color(QPalette::Window).lightnessF() < palette.color(QPalette::WindowText).lightnessF();
+//! The area with its edges between two of the screen's own pixels.
+QRectF aligned(const QRectF& area, const QTransform& toScreen) {
+    const QRectF place = toScreen.mapRect(area);
+    const auto rounded = [](const QPointF& point) { return QPointF(std::round(point.x()), std::round(point.y())); };
+    return toScreen.inverted().mapRect(QRectF(rounded(place.topLeft()), rounded(place.bottomRight())));
 }
 
 QPainterPath rounded(const QRectF& area, double radius) {
@@ -35,10 +40,11 @@ NxView::Colours NxView::coloursOfPalette() const {
 
 void NxView::paintEvent(QPaintEvent*) {
     const Colours colours = coloursOfPalette();
-    const QRectF area(rect());
-    const double radius = std::min(m_cornerRadius, std::min(area.width(), area.height()) / 2);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF area = aligned(rect(), painter.deviceTransform());
+    const double ratio = painter.deviceTransform().m11();
+    const double radius = std::min(m_cornerRadius, std::min(area.width(), area.height()) / 2);
 
     const QPainterPath outline = rounded(area, radius);
     if (colours.gradientStart.isValid() && colours.gradientEnd.isValid()) {
@@ -52,7 +58,7 @@ void NxView::paintEvent(QPaintEvent*) {
 
     if (!colours.border.isValid() || m_borderWidth <= 0)
         return;
-    const double width = std::max(1.0, std::round(m_borderWidth * devicePixelRatioF())) / devicePixelRatioF();
+    const double width = std::max(1.0, std::round(m_borderWidth * ratio)) / ratio;
     const auto inset = [&](Qt::Edge edge) { return m_borderEdges.testFlag(edge) ? width : 0.0; };
     const QRectF inside =
         area.adjusted(inset(Qt::LeftEdge), inset(Qt::TopEdge), -inset(Qt::RightEdge), -inset(Qt::BottomEdge));

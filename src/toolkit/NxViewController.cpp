@@ -5,7 +5,12 @@
 namespace fv2 {
 
 NxViewController::~NxViewController() {
-    delete m_view.data();
+    if (m_view.isNull())
+        return;
+    // It may be an event of the view that lets go of us: the view is taken away now and deleted when that is over.
+    m_view->hide();
+    m_view->setParent(nullptr);
+    m_view->deleteLater();
 }
 
 QWidget* NxViewController::view() {

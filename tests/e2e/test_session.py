@@ -7,7 +7,7 @@ import signal
 import time
 import unittest
 
-from agent import BUILD, notify, start_agent, start_service
+from agent import end, notify, start_agent, start_service
 from desktop import Desktop
 from mocks import LoginSession, Notifications, Portal, gnome_banners, set_do_not_disturb
 from waiting import wait_until
@@ -92,17 +92,20 @@ class DoNotDisturbTest(unittest.TestCase):
                 wait_until(may_disturb, "windows to be allowed again")
                 agent.expect(r"canShow\(\) returning true")
 
-    def test_a_start_waits_a_moment_for_what_the_desktop_says(self):
+    def test_a_start_waits_a_moment_for_what_the_desktop_says_and_no_longer(self):
         with Desktop(panel=None) as desktop:
             alerts, service = Notifications(desktop, inhibited=True), start_service(desktop)
             service.send("state 3")
             service.expect("^state 3")
             alerts.program.signal(signal.SIGSTOP)
             agent = start_agent(desktop)
-            service.expect("^status for uid")
             time.sleep(0.1)
             alerts.program.signal(signal.SIGCONT)
             self.assertEqual(agent.expect(r"IsDNDMode\(\) returning (\w+)").group(1), "true")
+            self.assertEqual(end(agent), 0)
+            alerts.program.signal(signal.SIGSTOP)
+            start_agent(desktop)
+            service.expect("^status for uid", 2)
 
     def test_nobody_is_asked_without_need_and_no_service_is_started_by_asking(self):
         with Desktop(panel=None) as desktop:

@@ -22,6 +22,7 @@ TEST(OsDescription, IsThePrettyNameOrNameAndVersion) {
         {"PRETTY_NAME=\nNAME='Some Linux'\nVERSION=\"3 (x)\"\n", "Some Linux 3 (x)"},
         {"#PRETTY_NAME=no\nNAME=Arch\nno assignment\n", "Arch"},
         {"VERSION=3\n", "second"},
+        {"NAME=\x1b\xff\u202e" + std::string(199, 'x') + "\u00fc\u00fc", std::string(199, 'x') + "\u00fc"},
         {"", "second"},
     };
     const TemporaryFolder folder;

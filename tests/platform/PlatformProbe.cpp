@@ -2,13 +2,19 @@
 // SPDX-License-Identifier: Apache-2.0
 
 // Prints what the platform's classes make of a process's environment.
+#include "platform/FV2Appearance.h"
 #include "platform/FV2MediumDate.h"
 #include "platform/FV2QtStrings.h"
 #include "platform/FV2TrayWatcher.h"
 #include "support/QtLoop.h"
 
+#include <QDBusConnectionInterface>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
 #include <QGuiApplication>
+#include <QPalette>
 
+#include <csignal>
 #include <iostream>
 
 namespace fv2::test {
@@ -25,6 +31,34 @@ void trayNeverComes() {
     std::cout << calls << " so far\n";
 }
 
+class Portal final : public QDBusVirtualObject {
+    [[nodiscard]] QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& question, const QDBusConnection& bus) override {
+        return bus.send(question.createReply(QVariant::fromValue(QDBusVariant(1U)))); // dark
+    }
+} portal;
+
+void appearance() {
+    auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"));
+    auto* const names = QDBusConnection::sessionBus().interface();
+    const auto daemon = static_cast<pid_t>(names->servicePid(names->service()).value());
+    ::kill(daemon, SIGSTOP);
+    const Deadline patience(std::chrono::seconds(5));
+    FV2Appearance appearance;
+    const FV2TrayWatcher tray([] {});
+    std::cout << (patience.passed() ? "waited, " : "at once, ");
+    ::kill(daemon, SIGCONT);
+    QObject::connect(&appearance, &FV2Appearance::changed, [] { std::cout << "changed, "; });
+    bus.registerVirtualObject(QStringLiteral("/org"), &portal, QDBusConnection::SubPath);
+    bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
+    runLoopFor(std::chrono::milliseconds(300));
+    bus.unregisterObject(QStringLiteral("/org"));
+    appearance.askPortal(); // which fails
+    QGuiApplication::setPalette(QPalette(Qt::white));
+    runLoopFor(std::chrono::milliseconds(300));
+    std::cout << (appearance.isDark() ? "dark" : "light");
+}
+
 } // namespace
 } // namespace fv2::test
 
@@ -38,5 +72,7 @@ int main(int argc, char* argv[]) {
         std::cout << fv2::mediumDate(std::stoll(value)) << '\n';
     else if (what == "no-tray")
         fv2::test::trayNeverComes();
+    else if (what == "appearance")
+        fv2::test::appearance();
     return 0;
 }

@@ -89,6 +89,10 @@ TEST(MediumDate, IsEmptyWhereThereIsNoSuchDate) {
         EXPECT_EQ(date("LANG=en_US.UTF-8", seconds), "") << seconds;
 }
 
+TEST(Appearance, FollowsThePortalAndThePaletteAndNeverWaitsForTheBus) {
+    EXPECT_EQ(outputOf("dbus-run-session -- " PLATFORM_PROBE " appearance"), "at once, changed, changed, dark");
+}
+
 TEST(TrayWatcher, StaysQuietWhereThereIsNoTray) {
     EXPECT_EQ(probe("DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent", "no-tray"), "0 so far\n");
 }

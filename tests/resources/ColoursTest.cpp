@@ -83,8 +83,7 @@ TEST(Design, ScansAnEntryAsAHexadecimalNumber) {
         all += each.element;
     NxDesign design(listOf(all));
     for (std::size_t i = 0; i < std::size(table); ++i)
-        for (int time = 0; time < 2; ++time)
-            EXPECT_EQ(design.getDesignColor(NxDesignColor::Red, i), table[i].expected) << table[i].element;
+        EXPECT_EQ(design.getDesignColor(NxDesignColor::Red, i), table[i].expected) << table[i].element;
     EXPECT_EQ(design.getDesignColor(NxDesignColor::Red, std::size(table)), kBlack);
     EXPECT_EQ(design.getDesignColor(NxDesignColor::Link, 1), kBlack);
     EXPECT_EQ(design.getDesignColor(NxDesignColor::Green), kBlack);
@@ -94,14 +93,15 @@ TEST(Design, ScansAnEntryAsAHexadecimalNumber) {
 TEST(Design, OfABrokenListIsBlack) {
     const std::string good = listOf("<string>0x3366CC</string>");
     std::string deep;
-    for (int i = 0; i < 100'000; ++i)
-        deep += "<array>";
+    for (const char* tag : {"<array>", "</array>"})
+        for (int i = 0; i < 60'000; ++i)
+            deep += tag;
     const std::string lists[] = {
         "",
         std::string("\0\0\xff", 3),
         "bplist00",
         good.substr(0, good.size() - 3),
-        deep,
+        listOf(deep),
         good + std::string(1024 * 1024, ' '),
         "<plist><array><string>0x3366CC</string></array></plist>",
         "<plist><dict><key>Colors</key><array><string>0x3366CC</string></array></dict></plist>",
@@ -123,7 +123,7 @@ double contrast(const NxRgba& one, const NxRgba& other) {
 }
 
 TEST(Design, OfTheProgramCanBeReadOnItsBackgrounds) {
-    NxDesign::setResource([] { return contentOf(DESIGN_LIST); });
+    NxDesign::setResource([] { return contentOf(RESOURCES "/design.plist"); });
     NxDesign& design = NxDesign::sharedDesign();
     EXPECT_EQ(&design, &NxDesign::sharedDesign());
     for (const bool dark : {true, false}) {
@@ -161,7 +161,8 @@ TEST(Configuration, FallsBackToThePlaceholderAndEndsWithoutOne) {
     EXPECT_EQ(model.colour("statusline_yellow"), NxRgba::from255(251, 191, 1));
     EXPECT_EQ(model.integer("mainwindow_leftmenuwidth"), 210);
     EXPECT_EQ(model.integer("placeholder"), std::nullopt);
-    EXPECT_EQ(model.imagePath("tagline"), ":/images/tagline.svg");
+    for (const auto& [name, path] : FV2AppConfigModel::imageDictionary())
+        EXPECT_TRUE(std::filesystem::exists(RESOURCES + std::string(path.substr(1)))) << name;
     EXPECT_DEATH(static_cast<void>(FV2AppConfigModel::colourIn(model.colourDictionary().first(3), "x")), "");
 }
 

@@ -31,12 +31,12 @@ public:
     }
 };
 
-QColor colourAt(QWidget& widget, int x, int y, int ratio = 1) {
-    QImage image(widget.size() * ratio, QImage::Format_ARGB32);
+QColor colourAt(QWidget& widget, int x, int y, double ratio = 1) {
+    QImage image((QSizeF(widget.size()) * ratio).toSize(), QImage::Format_ARGB32);
     image.setDevicePixelRatio(ratio);
     image.fill(Qt::transparent);
     widget.render(&image, {}, {}, QWidget::DrawChildren);
-    return image.pixelColor(x * ratio, y * ratio);
+    return image.pixelColor(static_cast<int>(x * ratio), static_cast<int>(y * ratio));
 }
 
 TEST(View, TakesItsColoursFromTheKindOfPalette) {
@@ -64,6 +64,15 @@ TEST(View, TakesItsColoursFromTheKindOfPalette) {
     EXPECT_GT(colourAt(view, 10, 4).lightness(), colourAt(view, 10, 15).lightness() + 100);
 }
 
+TEST(View, DrawsItsBorderEvenlyOnAScreenAt150Percent) {
+    QWidget window;
+    NxView view(&window);
+    view.setGeometry(5, 7, 20, 20); // from 7.5 to 37.5 of the screen's pixels
+    view.setBorderColor(Qt::green);
+    for (const auto& [x, isBorder] : {std::pair{5, false}, {6, true}, {7, false}, {24, true}, {25, true}})
+        EXPECT_EQ(colourAt(window, x, 15, 1.5) == QColor(Qt::green), isBorder) << x;
+}
+
 TEST(TextField, ShowsTextsLetterByLetterAndWholeOrTellsThem) {
     Texts::use();
     NxTextField field;
@@ -86,13 +95,16 @@ TEST(TextField, ShowsTextsLetterByLetterAndWholeOrTellsThem) {
     field.resize(800, line);
     EXPECT_EQ(field.toolTip(), QString());
     EXPECT_EQ(field.stringValue(), QStringLiteral("IDUS_Wiederherstellungsschlüsselverwaltung"));
-    field.setText(QStringLiteral("IDUS_A"));
-    EXPECT_EQ(field.text() + field.stringValue(), QStringLiteral("IDUS_A"));
+    field.setText(QStringLiteral("IDUS_A\nB"));
+    EXPECT_EQ(field.text() + field.stringValue(), QStringLiteral("IDUS_A\nB"));
+    EXPECT_EQ(field.toolTip(), QString());
 
     NxButton button;
     button.setTitle(QStringLiteral("IDUS_A"));
     EXPECT_TRUE(button.shortcut().isEmpty());
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QStringLiteral("<b>A & b"));
+    button.setText(QStringLiteral("OK"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QStringLiteral("OK"));
 }
 
 TEST(ImageView, PaintsAPictureInItsOwnColourOrATint) {
@@ -177,13 +189,15 @@ TEST(LeftMenuCell, KeepsEveryTextReadableBesideTheBubble) {
         }
     }
     EXPECT_GE(cell.counterImage().width(), 12 + cell.counterNumberField().sizeHint().width());
+    EXPECT_EQ((cell.counterImage().x() | cell.counterImage().y()) % 2, 0) << "blurred at 150 %";
 }
 
-//! A view of a height that its model tells.
+//! A view of a height that its model tells, or of any for 0.
 class Block final : public NxAutoViewController<int> {
     std::unique_ptr<QWidget> loadView() override {
         auto view = std::make_unique<QWidget>();
-        view->setFixedHeight(*modelData());
+        if (*modelData() > 0)
+            view->setFixedHeight(*modelData());
         return view;
     }
 };
@@ -227,6 +241,20 @@ TEST(Stack, LaysViewsOutUnderOneAnotherAndFollowsItsModel) {
     stack.reset();
     add(40, 0);
     EXPECT_EQ(made, 4);
+}
+
+TEST(Stack, LeavesRoomToSpareToTheLastViewOrBelowIt) {
+    NxStackController stack;
+    stack.setSpacing(8);
+    stack.view()->resize(100, 300);
+    stack.view()->show();
+    for (const auto& [y, height] : {std::pair{0, 20}, {28, 20}, {56, 20}, {84, 0}}) {
+        const auto block = std::make_shared<Block>();
+        block->setModelData(std::make_shared<int>(height));
+        stack.mutableSubviewControllers()->addObject(block);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(block->view()->geometry(), QRect(0, y, 100, height > 0 ? height : 300 - y));
+    }
 }
 
 } // namespace
