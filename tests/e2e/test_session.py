@@ -7,7 +7,7 @@ import signal
 import time
 import unittest
 
-from agent import end, notify, start_agent, start_service
+from agent import BUILD, end, notify, start_agent, start_service
 from desktop import Desktop
 from mocks import LoginSession, Notifications, Portal, gnome_banners, set_do_not_disturb
 from waiting import wait_until
