@@ -4,8 +4,6 @@
 
 #include "platform/GnomeBanners.h"
 
-#include <QTimer>
-
 #include <utility>
 
 namespace fv2 {
@@ -40,7 +38,9 @@ void FV2DoNotDisturb::whenKnown(std::function<void()> job) {
     m_whenKnown = std::move(job);
     for (const FV2BusValue* const value : {static_cast<FV2BusValue*>(&m_inhibited), &m_xfce})
         QObject::connect(value, &FV2BusValue::settled, &m_xfce, [this] { callIfKnown(); });
-    QTimer::singleShot(kPatience, &m_xfce, [this] { call(); });
+    QObject::connect(&m_patience, &QTimer::timeout, &m_xfce, [this] { call(); });
+    m_patience.setSingleShot(true);
+    m_patience.start(kPatience);
     callIfKnown();
 }
 
@@ -50,6 +50,7 @@ void FV2DoNotDisturb::callIfKnown() {
 }
 
 void FV2DoNotDisturb::call() {
+    m_patience.stop();
     if (const auto job = std::exchange(m_whenKnown, nullptr))
         job();
 }

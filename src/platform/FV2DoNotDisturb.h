@@ -4,6 +4,8 @@
 
 #include "platform/FV2BusValue.h"
 
+#include <QTimer>
+
 #include <functional>
 
 namespace fv2 {
@@ -25,6 +27,7 @@ private:
     void call();
 
     std::function<void()> m_whenKnown;
+    QTimer m_patience;
     FV2BusProperty m_inhibited;
     FV2BusValue m_xfce;
 };
