@@ -3,6 +3,7 @@
 #include "app/FV2Agent.h"
 
 #include "comms/FV2AppSocketComms.h"
+#include "logging/FV2Logging.h"
 #include "platform/FV2ComputerName.h"
 #include "platform/FV2Launcher.h"
 #include "platform/FV2MachineDescription.h"
@@ -70,6 +71,8 @@ std::shared_ptr<FV2AppStateModel> FV2Agent::makeModel() {
 std::unique_ptr<FV2AppConfigModel> FV2Agent::makeAppConfigModel() const {
     const auto machine = machineDescription();
     const std::string* const name = std::get_if<std::string>(&machine);
+    if (const auto* const error = std::get_if<SysctlError>(&machine))
+        log(FV2LoggingLevel::error, {"machineDescription() failed:", error->domain, std::to_string(error->code)});
     return std::make_unique<FV2AppConfigModel>([this] { return m_appearance.isDark(); }, osDescription(),
                                                name != nullptr ? *name : text("IDUS_UNKNOWN"),
                                                ProductModel{.edition = "Business", .typeString = "business"});
