@@ -69,7 +69,7 @@ void FV2AppStateModel::onNotification(fv2JsonCommand command) {
 }
 
 void FV2AppStateModel::onBound(bool bound) {
-    if (std::exchange(m_notificationsArrive, bound) == bound)
+    if (std::exchange(m_notificationsArrive, bound) == bound || !m_wantsNotifications)
         return;
     if (bound)
         syncCommsAsync(true, fv2SyncSource::Service, false);

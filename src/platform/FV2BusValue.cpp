@@ -59,7 +59,9 @@ void FV2BusValue::setOwner(const QString& owner) {
                           this, SLOT(onChange(QDBusMessage)));
     }
     set(QVariant());
-    if (!owner.isEmpty())
+    if (owner.isEmpty())
+        settle();
+    else
         ask();
 }
 

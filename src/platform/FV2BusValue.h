@@ -26,8 +26,8 @@ struct FV2BusQuestion {
 };
 
 //! The answer to a question, as far as it is known: asked for whenever the service gets an owner, unknown while it has
-//! none. A question that fails changes nothing. Nothing waits, not even for a bus that hangs, and no service is started
-//! unless somebody says so. Main thread only; a part of the class that wants to know.
+//! none. A question that fails changes nothing. Nothing waits, not even for a bus that hangs once we are connected to
+//! it, and no service is started unless somebody says so. Main thread only; a part of the class that wants to know.
 class FV2BusValue : public QObject {
     Q_OBJECT
 public:

@@ -8,7 +8,8 @@
 
 namespace fv2 {
 
-//! The tray's images by name, drawn from ":/images/<name>.svg" when first asked for and then kept. Main thread only.
+//! The images of tray and window by name, drawn from ":/images/<name>.svg" when first asked for and then kept. Main
+//! thread only.
 class FV2Images {
 public:
     //! Sharp at the sizes that panels use (16, 22, 24, 32, 48 px); a null icon for an unknown name. The dark variant,

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/LeftMenuRowDelegate.h"
 
+#include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace fv2 {
 
@@ -24,6 +27,15 @@ void LeftMenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
         painter->setPen(QPen(m_focus, 1));
         painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
     }
+}
+
+bool LeftMenuRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QWidget* const cell = view->indexWidget(index);
+    QToolTip::showText(event->globalPos(), cell == nullptr ? QString() : cell->toolTip(), view);
+    return true;
 }
 
 QSize LeftMenuRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const {

@@ -150,7 +150,7 @@ void FV2WindowDelegate::chainToParent(FV2WindowController& child) const {
 void FV2WindowDelegate::willClose(FV2WindowController& controller) {
     ui("wndDelegate willClose in");
     if (const std::size_t position = wndList.indexOfController(controller); position != 0) {
-        // The closing window is the one registered last: a child is always opened after its parent.
+        // A child is opened after its parent, and nearly always closed as the last.
         if (wndList.count() >= 2)
             if (FV2Window* const parent = wndList.windowAt(wndList.count() - 1)) {
                 FV2Window::removeChildWindow(controller.window());

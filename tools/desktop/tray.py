@@ -43,9 +43,6 @@ class TrayItem:
         _, _, title, text = self.property("ToolTip")
         return "\n".join(part for part in (str(title), str(text)) if part)
 
-    def icon_name(self):
-        return str(self.property("IconName"))
-
     def icon_pixels(self):
         """Width, height and ARGB bytes of the largest picture; (0, 0, b"") without one."""
         pixmaps = [(int(width), int(height), bytes(data)) for width, height, data in self.property("IconPixmap")]

@@ -26,9 +26,6 @@ class Geometry:
     width: int
     height: int
 
-    def centre(self):
-        return self.x + self.width // 2, self.y + self.height // 2
-
 
 class Screen:
     """One screen, and what its user does there. Needs a window manager for all that is said of windows."""
@@ -77,10 +74,6 @@ class Screen:
     def press(self, *keys):
         """Presses keys as xdotool names them, e.g. "ctrl+w", "Escape"; what is active gets them."""
         self._xdotool("key", *keys)
-
-    def write(self, text):
-        """Types a text. Characters that the keyboard lacks get a key for a moment; programs need time to notice."""
-        self._xdotool("type", "--delay", 1 if text.isascii() else 60, text)
 
     def point_at(self, x, y):
         self._xdotool("mousemove", x, y)
