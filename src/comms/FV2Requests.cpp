@@ -6,31 +6,34 @@ namespace fv2 {
 
 namespace {
 
-//! The inside of a JSON string: quotes, backslashes and control characters escaped, all else as it is.
-std::string jsonEscaped(std::string_view text) {
+//! The longest form of one byte inside a JSON string.
+constexpr std::size_t kLongestEscape = 6;
+
+//! Appends the inside of a JSON string: quotes, backslashes and control characters escaped, all else as it is.
+template <class Text>
+void appendEscaped(Text& out, std::string_view text) {
     constexpr std::string_view hexDigits = "0123456789abcdef";
-    std::string out;
-    out.reserve(text.size());
-    for (const char c : text) {
+    for (const char& c : text) {
         const auto byte = static_cast<unsigned char>(c);
         if (c == '"' || c == '\\') {
-            out += '\\';
-            out += c;
+            out.append("\\");
+            out.append({&c, 1});
         } else if (byte < 0x20) {
-            out += "\\u00";
-            out += hexDigits[byte >> 4U];
-            out += hexDigits[byte & 0xFU];
+            out.append("\\u00");
+            out.append(hexDigits.substr(byte >> 4U, 1));
+            out.append(hexDigits.substr(byte & 0xFU, 1));
         } else {
-            out += c;
+            out.append({&c, 1});
         }
     }
-    return out;
 }
 
 std::string withUidAndToken(std::string_view command, std::int64_t uid, std::string_view token) {
     std::string text = "{\n    \"command\": \"";
     text.append(command).append("\",\n    \"uid\" : ").append(std::to_string(uid));
-    text.append(",\n    \"token\": \"").append(jsonEscaped(token)).append("\"\n}");
+    text.append(",\n    \"token\": \"");
+    appendEscaped(text, token);
+    text.append("\"\n}");
     return text;
 }
 
@@ -60,10 +63,23 @@ std::string notificationReply(bool understood) {
     return understood ? R"("{ "result": 0 }")" : R"("{ "result": 1 }")";
 }
 
-std::string jsonSetPWCommand::encoded() const {
-    return R"({"command":")" + jsonEscaped(command) + R"(","uid":)" + std::to_string(uid) + R"(,"token":")" +
-           jsonEscaped(token) + R"(","parameters":{"username":")" + jsonEscaped(parameters.username) +
-           R"(","password":")" + jsonEscaped(parameters.password) + R"("}})";
+SecretText jsonSetPWCommand::encoded() const {
+    const std::string number = std::to_string(uid);
+    constexpr std::size_t keys = 100;
+    const std::size_t texts = command.size() + token.size() + parameters.username.size() + parameters.password.size();
+    SecretText text(keys + number.size() + kLongestEscape * texts);
+    text.append(R"({"command":")");
+    appendEscaped(text, command);
+    text.append(R"(","uid":)");
+    text.append(number);
+    text.append(R"(,"token":")");
+    appendEscaped(text, token);
+    text.append(R"(","parameters":{"username":")");
+    appendEscaped(text, parameters.username);
+    text.append(R"(","password":")");
+    appendEscaped(text, parameters.password);
+    text.append(R"("}})");
+    return text;
 }
 
 } // namespace fv2

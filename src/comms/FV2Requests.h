@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/SecretText.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,18 +23,18 @@ namespace fv2 {
 [[nodiscard]] std::string notificationReply(bool understood);
 
 struct jsonSetPWParams {
-    std::string username;
-    std::string password;
+    std::string_view username;
+    std::string_view password; //!< borrowed from where it is kept safe
 };
 
 struct jsonSetPWCommand {
-    std::string command = "set_user_credentials";
+    std::string_view command = "set_user_credentials";
     std::int64_t uid = 0;
-    std::string token;
+    std::string_view token;
     jsonSetPWParams parameters;
 
     //! One JSON object on one line, keys in the order of the members.
-    [[nodiscard]] std::string encoded() const;
+    [[nodiscard]] SecretText encoded() const;
 };
 
 } // namespace fv2

@@ -18,6 +18,7 @@ public:
 
     //! The system's service or this user's own processes.
     static PeerPolicy rootOrSelf();
+    static PeerPolicy rootOnly() { return {0}; }
 
     [[nodiscard]] bool trusts(uid_t uid) const;
 

@@ -133,7 +133,7 @@ void FV2AppStateModel::finishRefresh(bool checkAction, fv2SyncSource source, boo
     updateFromModel(checkAction, effectiveSource(source));
     const CommandResult& result = answer.status.result;
     if (alertOnFailure && !result.ok && isMainWindowOpen())
-        m_wndDelegate->doAlert(fv2Window::Main, result.errorCode, result.alert);
+        doAlert(fv2Window::Main, result.errorCode, result.alert);
     if (m_wantsNotifications)
         scheduleUnpromptedRefresh();
     else
@@ -199,7 +199,7 @@ void FV2AppStateModel::finishProxySync(bool alertOnFailure, const CommandResult&
     m_state.syncORMActive = false;
     m_appDelegate->updateMenu();
     if (alertOnFailure && !result.ok && isMainWindowOpen())
-        m_wndDelegate->doAlert(fv2Window::Main, result.errorCode, result.alert);
+        doAlert(fv2Window::Main, result.errorCode, result.alert);
 }
 
 void FV2AppStateModel::unsubscribeFromNotifications() {
@@ -277,28 +277,6 @@ void FV2AppStateModel::updateWindows() {
     if (m_wndDelegate != nullptr)
         m_wndDelegate->closeUnneededPasswordWindows();
     release("updateModelSempahore - signal (update from model)");
-}
-
-void FV2AppStateModel::performAction(fv2AppCommand command, bool userInitiated) {
-    switch (command) {
-    case fv2AppCommand::RetryComms:
-    case fv2AppCommand::GetStatus:
-        syncCommsAsync(true, fv2SyncSource::User, true);
-        break;
-    case fv2AppCommand::EnterEncPassword:
-    case fv2AppCommand::EnterDecPassword:
-        if (m_wndDelegate != nullptr)
-            m_wndDelegate->openWindow(command == fv2AppCommand::EnterEncPassword ? fv2Window::Password_Encrypt
-                                                                                 : fv2Window::Password_Decrypt,
-                                      userInitiated);
-        break;
-    case fv2AppCommand::ProxySync_ORM:
-        syncProxyAsync(userInitiated ? fv2SyncSource::User : fv2SyncSource::None, true);
-        break;
-    case fv2AppCommand::NoAction:
-    case fv2AppCommand::Initialising_ORM:
-        break;
-    }
 }
 
 } // namespace fv2

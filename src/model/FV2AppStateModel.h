@@ -5,13 +5,12 @@
 #include "base/CountingSemaphore.h"
 #include "model/FV2AppState.h"
 #include "model/FV2JsonParserORM.h"
+#include "model/FV2ModelSurroundings.h"
 #include "model/FV2NotificationListener.h"
-#include "model/FV2Ports.h"
 #include "model/FV2RefreshGate.h"
 #include "resources/FV2AppConfigModel.h"
 
 #include <atomic>
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -22,20 +21,7 @@ namespace fv2 {
 //! only: workers and the listener get copies of what they need and hand values back.
 class FV2AppStateModel {
 public:
-    //! All references outlive the model and the workers.
-    struct Surroundings {
-        FV2Dispatch& dispatch;
-        FV2TimerService& timers;
-        FV2ServiceLink& service;
-        const OxStringBundle& strings;
-        MediumDateFormat mediumDate;
-        std::string computerName;
-        std::function<std::unique_ptr<FV2SocketCommsBase>()> makeAppSocket;
-        //! How often a socket path that somebody else holds is tried again.
-        std::chrono::milliseconds bindAgainAfter = std::chrono::seconds(30);
-        //! Whether the desktop asks for silence; answers at once from what is known.
-        std::function<bool()> doNotDisturb = [] { return false; };
-    };
+    using Surroundings = FV2ModelSurroundings;
 
     FV2AppStateModel(Surroundings surroundings, std::int64_t userId);
     ~FV2AppStateModel();
@@ -82,7 +68,24 @@ public:
     //! `checkAction` and the source allow it.
     void updateFromModel(bool checkAction, fv2SyncSource syncSource);
 
+    //! Carries out what a status calls for or a command link says.
     void performAction(fv2AppCommand command, bool userInitiated);
+
+    //! Shows an alert on an open window and returns at once. Nothing for NoError. When the user confirms
+    //! that the password is typed later, the password window of that direction is told.
+    void doAlert(fv2Window window, std::uint64_t errorCode, fv2Alert alert);
+
+    //! Lets the password window come back after the time that the policy gives; not at all when that is none. A year at
+    //! most.
+    void postponePasswordDialog(bool encrypt);
+
+    //! Checks a password of this computer on a worker; `done` gets the result unless the model has gone by then.
+    void verifyPassword(const std::string& userName, std::shared_ptr<SecretText> password,
+                        std::function<void(bool)> done);
+    //! Hands the user's credentials to the service on a worker and wipes the password; `done` gets the result unless
+    //! the model has gone by then. Without a token nothing is sent, and `done` runs before the return.
+    void setUserCredentials(const std::string& userName, std::shared_ptr<SecretText> password,
+                            std::function<void(const CommandResult&)> done);
 
     //! Held while windows are updated and while one is opened.
     [[nodiscard]] CountingSemaphore& updateSemaphore() { return updateModelSemaphore; }
@@ -100,6 +103,7 @@ private:
     void finishRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, const RefreshAnswer& answer);
     [[nodiscard]] static RefreshAnswer syncCommsDirect(FV2ServiceLink& service, std::int64_t uid,
                                                        std::atomic<std::uint64_t>& counter);
+    void onPasswordDialogTimer(bool encrypt);
     void finishProxySync(bool alertOnFailure, const CommandResult& result);
     [[nodiscard]] fv2SyncSource effectiveSource(fv2SyncSource source);
     void updateWindows();
@@ -116,6 +120,7 @@ private:
     std::unique_ptr<FV2AppConfigModel> m_appConfigModel;
     FV2AppState m_state;
     FV2JsonParserORM jsonParser;
+    std::unique_ptr<FV2Timer> passwordDialogPostponeTimer;
 
     CountingSemaphore backgroundThreadSemaphore{1};
     CountingSemaphore updateModelSemaphore{1};

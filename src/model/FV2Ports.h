@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/SecretText.h"
 #include "model/FV2Types.h"
 
 #include <chrono>
@@ -9,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace fv2 {
 
@@ -51,17 +53,27 @@ public:
                                                           std::function<void()> callback) = 0;
 };
 
-//! The way to the service. exchange() and farewell() block and run on workers, several at once; cancel() on any thread.
+//! The way to the service. All but cancel() block and run on workers, several at once; cancel() on any thread.
 class FV2ServiceLink {
 public:
     virtual ~FV2ServiceLink() = default;
 
     //! One request with all its retries; the reply is empty when it failed.
     [[nodiscard]] virtual std::string exchange(std::string_view request) = 0;
+    //! The same for a request with a password; fails when whoever listens may not have one.
+    [[nodiscard]] virtual std::string exchangeSecret(const SecretText& request) = 0;
     //! One short attempt, which cancel() leaves alone: the last word before the agent ends.
     [[nodiscard]] virtual std::string farewell(std::string_view request) = 0;
     //! Ends the exchanges under way and lets later ones fail at once.
     virtual void cancel() = 0;
+};
+
+//! Checks passwords of this computer's accounts.
+class FV2UserAndPasswordModel {
+public:
+    virtual ~FV2UserAndPasswordModel() = default;
+    //! Worker threads, several at once. Blocks: a wrong password takes seconds.
+    [[nodiscard]] virtual bool verifyPassword(const std::string& userName, const SecretText& password) const = 0;
 };
 
 //! The tray item.
@@ -82,6 +94,15 @@ public:
     virtual void updateMenu() = 0;
 };
 
+//! An alert as it is shown: plain texts, the first button is the default one.
+struct FV2AlertContent {
+    std::string messageText;
+    std::string informativeText;
+    std::vector<std::string> buttons;
+
+    friend bool operator==(const FV2AlertContent&, const FV2AlertContent&) = default;
+};
+
 //! What the model asks of the windows.
 class FV2WindowRegistry {
 public:
@@ -94,8 +115,10 @@ public:
     virtual void updateMainWindow() = 0;
     virtual void selectProtectionStatusPage() = 0;
     virtual void closeUnneededPasswordWindows() = 0;
-    //! Shows the alert on the open window of that kind.
-    virtual void doAlert(fv2Window kind, std::uint64_t errorCode, fv2Alert alert) = 0;
+    //! Shows an alert on the open window of that kind and returns at once; `onFirstButton` runs if that one is chosen.
+    virtual void showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) = 0;
+    //! Tells the open password window of that kind that its user may postpone.
+    virtual void confirmPostponement(fv2Window kind) = 0;
 };
 
 } // namespace fv2

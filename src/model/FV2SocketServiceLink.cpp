@@ -10,6 +10,12 @@ std::string FV2SocketServiceLink::exchange(std::string_view request) {
     return m_stop->isRaised() ? std::string() : FV2ServiceSocketComms(m_stop).sendAndReceive(request);
 }
 
+std::string FV2SocketServiceLink::exchangeSecret(const SecretText& request) {
+    const PeerPolicy trusted = m_credentialsToRootOnly ? PeerPolicy::rootOnly() : PeerPolicy::rootOrSelf();
+    return m_stop->isRaised() ? std::string()
+                              : FV2ServiceSocketComms(m_stop, {}, trusted).sendAndReceive(request.text());
+}
+
 std::string FV2SocketServiceLink::farewell(std::string_view request) {
     constexpr CommsPatience brief{.attempts = 1, .perAttempt = std::chrono::milliseconds(500)};
     return FV2ServiceSocketComms(std::make_shared<const StopSignal>(), brief).sendAndReceive(request);

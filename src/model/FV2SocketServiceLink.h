@@ -12,11 +12,17 @@ namespace fv2 {
 //! The service link over the service's real socket.
 class FV2SocketServiceLink final : public FV2ServiceLink {
 public:
+    //! `credentialsToRootOnly`: a service of the user's own gets no password.
+    explicit FV2SocketServiceLink(bool credentialsToRootOnly)
+        : m_credentialsToRootOnly(credentialsToRootOnly) {}
+
     [[nodiscard]] std::string exchange(std::string_view request) override;
+    [[nodiscard]] std::string exchangeSecret(const SecretText& request) override;
     [[nodiscard]] std::string farewell(std::string_view request) override;
     void cancel() override { m_stop->raise(); }
 
 private:
+    const bool m_credentialsToRootOnly;
     std::shared_ptr<const StopSignal> m_stop = std::make_shared<const StopSignal>();
 };
 

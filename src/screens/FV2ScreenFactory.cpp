@@ -10,8 +10,8 @@ std::shared_ptr<FV2MainWindowController> FV2ScreenFactory::makeMainWindow(FV2Win
     return makeController<MainWindowWindowController>(m_appModel, registry);
 }
 
-std::shared_ptr<FV2WindowController> FV2ScreenFactory::makePasswordWindow(FV2WindowDelegate& /*registry*/,
-                                                                          bool /*encrypting*/) {
+std::shared_ptr<FV2PasswordWindowController> FV2ScreenFactory::makePasswordWindow(FV2WindowDelegate& /*registry*/,
+                                                                                  bool /*encrypting*/) {
     return nullptr;
 }
 

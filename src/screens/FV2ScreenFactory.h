@@ -16,8 +16,8 @@ public:
         : m_appModel(std::move(appModel)) {}
 
     [[nodiscard]] std::shared_ptr<FV2MainWindowController> makeMainWindow(FV2WindowDelegate& registry) override;
-    [[nodiscard]] std::shared_ptr<FV2WindowController> makePasswordWindow(FV2WindowDelegate& registry,
-                                                                          bool encrypting) override;
+    [[nodiscard]] std::shared_ptr<FV2PasswordWindowController> makePasswordWindow(FV2WindowDelegate& registry,
+                                                                                  bool encrypting) override;
 
 private:
     std::weak_ptr<FV2AppStateModel> m_appModel;

@@ -9,7 +9,10 @@
 #include <QCloseEvent>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace fv2 {
 
@@ -72,6 +75,7 @@ void FV2Window::closeEvent(QCloseEvent* event) {
 void FV2Window::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     Q_EMIT shownOrHidden();
+    beginNextSheet();
 }
 
 void FV2Window::hideEvent(QHideEvent* event) {
@@ -114,6 +118,27 @@ void FV2Window::orderFrontRegardless() {
 void FV2Window::center() {
     const QRect free = screen()->availableGeometry();
     move(free.center() - QPoint(width() / 2, height() / 2));
+}
+
+void FV2Window::beginSheet(const FV2AlertContent& content, std::function<void()> onFirstButton) {
+    const bool isShown = m_sheet != nullptr && m_sheet->content() == content;
+    const bool waits = std::any_of(m_waitingSheets.begin(), m_waitingSheets.end(),
+                                   [&content](const WaitingSheet& sheet) { return sheet.content == content; });
+    if (isShown || waits)
+        return;
+    m_waitingSheets.push_back({content, std::move(onFirstButton)});
+    beginNextSheet();
+}
+
+void FV2Window::beginNextSheet() {
+    if (m_sheet != nullptr || m_waitingSheets.empty() || !isVisible())
+        return;
+    const WaitingSheet next = std::move(m_waitingSheets.front());
+    m_waitingSheets.pop_front();
+    m_sheet = new FV2AlertSheet(this, next.content, next.onFirstButton);
+    // In a turn of its own: whoever closes a sheet may be about to hide this window as well.
+    connect(m_sheet, &QObject::destroyed, this, [this] { QTimer::singleShot(0, this, &FV2Window::beginNextSheet); });
+    m_sheet->beginModal();
 }
 
 void FV2Window::addChildWindow(FV2Window& child) {

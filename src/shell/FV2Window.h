@@ -2,8 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "shell/FV2AlertSheet.h"
+
+#include <QPointer>
 #include <QVBoxLayout>
 #include <QWidget>
+
+#include <deque>
+#include <functional>
 
 namespace fv2 {
 
@@ -40,6 +46,12 @@ public:
     void addChildWindow(FV2Window& child);
     static void removeChildWindow(FV2Window& child);
 
+    //! Shows an alert over this window as soon as the window is on the screen and earlier ones have been answered; one
+    //! that is there already, with the same texts, is not shown again. Returns at once.
+    void beginSheet(const FV2AlertContent& content, std::function<void()> onFirstButton);
+    //! Nothing while no alert is shown.
+    [[nodiscard]] FV2AlertSheet* attachedSheet() const { return m_sheet; }
+
 Q_SIGNALS:
     //! Once for each closing, while the window still exists.
     void willClose();
@@ -53,9 +65,17 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    struct WaitingSheet {
+        FV2AlertContent content;
+        std::function<void()> onFirstButton;
+    };
+
     void showAtFront();
+    void beginNextSheet();
 
     QVBoxLayout* m_frame;
+    QPointer<FV2AlertSheet> m_sheet;
+    std::deque<WaitingSheet> m_waitingSheets;
     bool m_closeEnabled = true;
     bool m_closing = false;
     bool m_painted = false;

@@ -54,6 +54,15 @@ public:
     virtual void selectProtectionStatusPage() = 0;
 };
 
+//! A password window as the registry sees it.
+class FV2PasswordWindowController : public FV2WindowController {
+    Q_OBJECT
+public:
+    using FV2WindowController::FV2WindowController;
+    //! The user has confirmed that the password is typed later: notes when to ask again and closes.
+    virtual void postponeAndClose() = 0;
+};
+
 //! Makes a controller that outlives the event in which its last owner lets go of it.
 template <class Controller, class... Arguments>
 std::shared_ptr<Controller> makeController(Arguments&&... arguments) {

@@ -4,8 +4,6 @@
 
 #include "logging/FV2Logging.h"
 
-#include <QDialog>
-
 #include <algorithm>
 
 namespace fv2 {
@@ -18,14 +16,6 @@ void trace(const std::string& text) {
 
 void ui(const std::string& text) {
     log(FV2LoggingLevel::ui, {text});
-}
-
-//! The alert that waits for an answer over the window, if there is one.
-QDialog* attachedSheet(const FV2Window& window) {
-    for (auto* const dialog : window.findChildren<QDialog*>(Qt::FindDirectChildrenOnly))
-        if (dialog->isVisible())
-            return dialog;
-    return nullptr;
 }
 
 } // namespace
@@ -128,9 +118,9 @@ std::shared_ptr<FV2WindowController> FV2WindowDelegate::mainController() {
     return mainWindowController;
 }
 
-std::shared_ptr<FV2WindowController> FV2WindowDelegate::passwordController(std::shared_ptr<FV2WindowController>& kept,
-                                                                           bool encrypting,
-                                                                           const std::string& recycling) {
+std::shared_ptr<FV2WindowController>
+FV2WindowDelegate::passwordController(std::shared_ptr<FV2PasswordWindowController>& kept, bool encrypting,
+                                      const std::string& recycling) {
     if (kept)
         trace(recycling);
     else
@@ -198,7 +188,7 @@ void FV2WindowDelegate::hideApplicationWindows() {
         return;
     }
     if (const FV2Window* const last = wndList.windowAt(wndList.count()))
-        if (QDialog* const sheet = attachedSheet(*last))
+        if (FV2AlertSheet* const sheet = last->attachedSheet())
             sheet->close();
     wndList.orderOutAll();
 }
@@ -233,10 +223,16 @@ void FV2WindowDelegate::selectProtectionStatusPage() {
         mainWindowController->selectProtectionStatusPage();
 }
 
-void FV2WindowDelegate::doAlert(fv2Window kind, std::uint64_t errorCode, fv2Alert alert) {
-    log(FV2LoggingLevel::error,
-        {"doAlert() has no dialog for alert " + std::to_string(static_cast<int>(alert)) + " (error " +
-         std::to_string(errorCode) + ", window " + std::to_string(static_cast<int>(kind)) + ")"});
+void FV2WindowDelegate::showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) {
+    if (const auto controller = registeredController(kind))
+        controller->window().beginSheet(content, std::move(onFirstButton));
+}
+
+void FV2WindowDelegate::confirmPostponement(fv2Window kind) {
+    const auto controller =
+        kind == fv2Window::Password_Decrypt ? enterDecPasswordWindowController : enterEncPasswordWindowController;
+    if (controller)
+        controller->postponeAndClose();
 }
 
 } // namespace fv2

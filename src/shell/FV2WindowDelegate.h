@@ -22,8 +22,8 @@ public:
     virtual ~FV2WindowFactory() = default;
     [[nodiscard]] virtual std::shared_ptr<FV2MainWindowController> makeMainWindow(FV2WindowDelegate& registry) = 0;
     //! Nothing where there is no such window.
-    [[nodiscard]] virtual std::shared_ptr<FV2WindowController> makePasswordWindow(FV2WindowDelegate& registry,
-                                                                                  bool encrypting) = 0;
+    [[nodiscard]] virtual std::shared_ptr<FV2PasswordWindowController> makePasswordWindow(FV2WindowDelegate& registry,
+                                                                                          bool encrypting) = 0;
 };
 
 //! The one place where windows are opened, found, hidden, brought to front and forgotten: at most one of each kind. A
@@ -53,7 +53,8 @@ public:
     [[nodiscard]] std::string mainWindowDescription() const override;
     void updateMainWindow() override;
     void selectProtectionStatusPage() override;
-    void doAlert(fv2Window kind, std::uint64_t errorCode, fv2Alert alert) override;
+    void showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) override;
+    void confirmPostponement(fv2Window kind) override;
 
 Q_SIGNALS:
     //! A window was opened, closed, shown or hidden.
@@ -64,8 +65,8 @@ Q_SIGNALS:
 private:
     [[nodiscard]] std::shared_ptr<FV2WindowController> controllerFor(fv2Window kind);
     std::shared_ptr<FV2WindowController> mainController();
-    std::shared_ptr<FV2WindowController> passwordController(std::shared_ptr<FV2WindowController>& kept, bool encrypting,
-                                                            const std::string& recycling);
+    std::shared_ptr<FV2WindowController> passwordController(std::shared_ptr<FV2PasswordWindowController>& kept,
+                                                            bool encrypting, const std::string& recycling);
     //! Whether a window was shown.
     bool showChecked(fv2Window kind, bool userInitiated);
     void chainToParent(FV2WindowController& child) const;
@@ -77,8 +78,8 @@ private:
     FV2WindowFactory& m_factory;
     fv2WindowList wndList;
     std::shared_ptr<FV2MainWindowController> mainWindowController;
-    std::shared_ptr<FV2WindowController> enterEncPasswordWindowController;
-    std::shared_ptr<FV2WindowController> enterDecPasswordWindowController;
+    std::shared_ptr<FV2PasswordWindowController> enterEncPasswordWindowController;
+    std::shared_ptr<FV2PasswordWindowController> enterDecPasswordWindowController;
     bool m_anyWindowShown = false;
 };
 

@@ -60,7 +60,8 @@ TEST(Requests, AreThePeersTextsByteForByte) {
         {unsubscribeRequest(501, ""),
          "{\n    \"command\": \"unsubscribe\",\n    \"uid\" : 501,\n    \"token\": \"\"\n}"},
         {notificationReply(true) + notificationReply(false), "\"{ \"result\": 0 }\"\"{ \"result\": 1 }\""},
-        {jsonSetPWCommand{.uid = 501, .token = token, .parameters = {token + "u", token + "p"}}.encoded(),
+        {std::string(
+             jsonSetPWCommand{.uid = 501, .token = token, .parameters = {token + "u", token + "p"}}.encoded().text()),
          R"({"command":"set_user_credentials","uid":501,"token":")" + escaped + R"(","parameters":{"username":")" +
              escaped + R"(u","password":")" + escaped + R"(p"}})"}};
     for (const auto& [text, expected] : table)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Fakes.h"
 
+#include <sys/prctl.h>
+
 using namespace std::chrono_literals;
 
 namespace fv2::test {
@@ -44,7 +46,9 @@ TEST_F(Model, ShowsAnAlertOnlyWhenAskedForAndOnTheOpenMainWindow) {
         EXPECT_EQ(refresh(refused, User), "");
         for (const fv2AppCommand command : {fv2AppCommand::RetryComms, fv2AppCommand::GetStatus}) {
             model->performAction(command, true);
-            EXPECT_EQ(settled(), window == fv2Window::Main ? "alert on 1: 255 1; " : "");
+            EXPECT_EQ(settled(), window == fv2Window::Main
+                                     ? "alert on 1: ALERT_TITLE_COMMS %1|ALERT_ERROR_COMMS %1 (0xFF)|BUTTON_OK %1|"
+                                     : "");
         }
     }
     EXPECT_EQ(refresh(statusAnswer(6), User, true, true), "");
@@ -55,7 +59,10 @@ TEST_F(Model, SynchronisesOneAtATimeAndTakesTheServicesNextWordForTheUsers) {
     refresh(statusAnswer(1), Moved);
     int rounds = 0;
     for (const auto& [answer, calls] : std::vector<std::pair<std::string, std::string>>{
-             {R"({"success":true})", ""}, {R"({"error_code":5})", "alert on 1: 5 6; "}, {"{", "alert on 1: 0 1; "}}) {
+             {R"({"success":true})", ""},
+             {R"({"error_code":-1})", "alert on 1: ALERT_ERROR_PROXYSYNC_GENERIC_TITLE %1|"
+                                      "ALERT_ERROR_PROXYSYNC_PROBLEM %1 (0xFFFFFFFFFFFFFFFF)|BUTTON_OK %1|"},
+             {"{", "alert on 1: ALERT_TITLE_COMMS %1|ALERT_ERROR_COMMS %1|BUTTON_OK %1|"}}) {
         link.answerToOthers = answer;
         model->performAction(fv2AppCommand::ProxySync_ORM, true);
         EXPECT_EQ(interface.icons.back(), "orm_menu_icon_sync") << "at once";
@@ -73,6 +80,91 @@ TEST_F(Model, SynchronisesOneAtATimeAndTakesTheServicesNextWordForTheUsers) {
     EXPECT_EQ(refresh(statusAnswer(6), Moved), "") << "not the service's";
     EXPECT_EQ(refresh(statusAnswer(3), Service), "status page; open 2 for user; ");
     EXPECT_EQ(refresh(statusAnswer(7), Service), "") << "only the first";
+}
+
+TEST_F(Model, LetsThePasswordWindowComeBackWhenThePolicySaysUnlessItIsNoLongerWanted) {
+    struct Case {
+        std::int64_t state;
+        std::string policy;
+        std::chrono::minutes comesBack; //!< 0: never
+    };
+    for (const auto& [state, policy, comesBack] :
+         std::vector<Case>{{3, R"({"postponecredentialmins":1})", 1min},
+                           {7, R"({"postponecredentialmins":1})", 1min},
+                           {3, "{}", 60min},
+                           {3, R"({"postponecredentialmins":0})", 0min},
+                           {3, R"({"postponecredentialmins":-5})", 0min},
+                           {7, R"({"postponecredentialmins":9223372036854775807})", 365 * 24h / 1min * 1min}}) {
+        SCOPED_TRACE(policy + std::to_string(state));
+        const std::string kind = state == 3 ? "2" : "3";
+        refresh(statusAnswer(6), Moved);
+        interface.open = state == 3 ? fv2Window::Password_Encrypt : fv2Window::Password_Decrypt;
+        const std::string answer = R"({"result":true,"error_code":0,"policy":)" + policy + R"(,"status":{"state":)" +
+                                   std::to_string(state) + "}}";
+        EXPECT_EQ(refresh(answer, Startup), "open " + kind + "; ");
+        model->doAlert(interface.open, 0, state == 3 ? fv2Alert::PostponeEncWarning : fv2Alert::PostponeDecWarning);
+        EXPECT_EQ(settled(), "alert on " + kind + ": ALERT_TITLE_PASSWORD_WARNING %1|ALERT_WARNING_PASSWORD_POSTPONE_" +
+                                 (state == 3 ? "ENC" : "DEC") + " %1|BUTTON_OK %1|BUTTON_CANCEL %1|");
+        interface.chooseFirstButton();
+        EXPECT_EQ(settled(), "postpone " + kind);
+        const auto waits = [&](std::chrono::milliseconds time) {
+            timers.advance(time);
+            link.status = answer;
+            return settled();
+        };
+        model->postponePasswordDialog(state == 3);
+        if (comesBack == 0min) {
+            EXPECT_EQ(waits(48h), "");
+            continue;
+        }
+        waits(comesBack / 2);
+        model->postponePasswordDialog(state == 3);
+        EXPECT_EQ(waits(comesBack - 1ms), "") << "from the last time on";
+        EXPECT_EQ(waits(1ms), "open " + kind + "; ");
+        EXPECT_EQ(waits(2 * comesBack), "") << "once";
+        model->postponePasswordDialog(state == 3);
+        refresh(statusAnswer(5), Moved);
+        link.status = statusAnswer(5);
+        timers.advance(comesBack);
+        EXPECT_EQ(settled(), "") << "no longer wanted";
+    }
+}
+
+TEST_F(Model, HandsOverAPasswordThatIsRightAndLeavesNoneBehind) {
+    const auto secret = [](const char* text) { return std::make_shared<SecretText>(std::string_view(text)); };
+    for (const char* const text : {"right", "wrong"}) {
+        std::optional<bool> right;
+        model->verifyPassword("someone", secret(text), [&right](bool verified) { right = verified; });
+        EXPECT_FALSE(right) << "not on this thread";
+        settled();
+        EXPECT_EQ(right, std::string_view(text) == "right");
+    }
+    EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1);
+    const auto password = secret("p\"ä");
+    std::optional<CommandResult> result;
+    const auto hand = [&] {
+        result.reset();
+        model->setUserCredentials("someone", password, [&result](const CommandResult& told) { result = told; });
+        settled();
+        EXPECT_TRUE(password->empty());
+        return *result;
+    };
+    EXPECT_EQ(hand(), (CommandResult{false, 0, fv2Alert::BadComms}));
+    EXPECT_EQ(link.asked.size(), 0U) << "without a token nothing is sent";
+    refresh(statusAnswer(3), Moved);
+    for (const auto& [answer, expected] : std::vector<std::pair<std::string, CommandResult>>{
+             {R"({"result":true})", {true, 0, fv2Alert::NoError}},
+             {R"({"result":false,"error_code":7})", {false, 7, fv2Alert::FailPassword}},
+             {"{}", {false, 0, fv2Alert::FailPassword}},
+             {"", {false, 0, fv2Alert::BadComms}}}) {
+        password->append("p\"ä");
+        EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 0);
+        link.answerToOthers = answer;
+        EXPECT_EQ(hand(), expected) << answer;
+        EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1);
+        EXPECT_EQ(link.asked.back(), R"({"command":"set_user_credentials","uid":501,"token":"t1",)"
+                                     R"("parameters":{"username":"someone","password":"p\"ä"}})");
+    }
 }
 
 TEST_F(Model, NeverPutsAnOlderTokenOrStatusOverANewerOne) {

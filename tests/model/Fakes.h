@@ -83,6 +83,7 @@ struct ScriptedLink final : FV2ServiceLink {
             std::exchange(meanwhile, [] {})();
         return answer;
     }
+    std::string exchangeSecret(const SecretText& request) override { return exchange(request.text()); }
     std::string farewell(std::string_view request) override { return exchange("farewell " + std::string(request)); }
     void cancel() override { asked.emplace_back("cancel"); }
 
@@ -108,10 +109,14 @@ struct FakeInterface final : FV2StatusItem, FV2ApplicationDelegate, FV2WindowReg
     void updateMainWindow() override { ++mainUpdates; }
     void selectProtectionStatusPage() override { calls += "status page; "; }
     void closeUnneededPasswordWindows() override { calls += updates->count() == 0 ? "" : "no semaphore held; "; }
-    void doAlert(fv2Window kind, std::uint64_t errorCode, fv2Alert alert) override {
-        calls += "alert on " + std::to_string(static_cast<int>(kind)) + ": " + std::to_string(errorCode) + " " +
-                 std::to_string(static_cast<int>(alert)) + "; ";
+    void showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) override {
+        calls += "alert on " + std::to_string(static_cast<int>(kind)) + ": " + content.messageText + "|" +
+                 content.informativeText + "|";
+        for (const std::string& button : content.buttons)
+            calls += button + "|";
+        chooseFirstButton = std::move(onFirstButton);
     }
+    void confirmPostponement(fv2Window kind) override { calls += "postpone " + std::to_string(static_cast<int>(kind)); }
 
     fv2Window open = fv2Window::None;
     std::string calls;
@@ -119,6 +124,7 @@ struct FakeInterface final : FV2StatusItem, FV2ApplicationDelegate, FV2WindowReg
     int mainUpdates = 0;
     int menuUpdates = 0;
     const CountingSemaphore* updates = nullptr;
+    std::function<void()> chooseFirstButton;
 };
 
 //! A whole, good answer to "get_status".
@@ -126,13 +132,27 @@ inline std::string statusAnswer(std::int64_t state, const std::string& more = ""
     return R"({"result":true,"error_code":0,"status":{"state":)" + std::to_string(state) + more + "}}";
 }
 
+//! Takes one password for right, whoever's it is.
+struct OnePassword final : FV2UserAndPasswordModel {
+    bool verifyPassword(const std::string& /*userName*/, const SecretText& password) const override {
+        return password.text() == "right";
+    }
+};
+
 //! The model among fakes; only its listener's socket is real.
 struct Model : testing::Test {
-    std::unique_ptr<FV2AppStateModel> make(FV2Dispatch& jobs, FV2ServiceLink& service) {
-        auto made = std::make_unique<FV2AppStateModel>(
-            FV2AppStateModel::Surroundings{jobs, timers, service, strings, [](std::int64_t) { return "today"; }, "desk",
-                                           [this] { return std::make_unique<TestEndpoint>(path); },
-                                           std::chrono::milliseconds(20)},
+    std::shared_ptr<FV2AppStateModel> make(FV2Dispatch& jobs, FV2ServiceLink& service) {
+        auto made = std::make_shared<FV2AppStateModel>(
+            FV2ModelSurroundings{.dispatch = jobs,
+                                 .timers = timers,
+                                 .service = service,
+                                 .strings = strings,
+                                 .mediumDate = [](std::int64_t) { return "today"; },
+                                 .computerName = "desk",
+                                 .makeAppSocket = [this] { return std::make_unique<TestEndpoint>(path); },
+                                 .bindAgainAfter = std::chrono::milliseconds(20),
+                                 .doNotDisturb = [this] { return silence; },
+                                 .passwords = &passwords},
             501);
         interface.updates = &made->updateSemaphore();
         made->setAppDelegate(interface);
@@ -170,7 +190,9 @@ struct Model : testing::Test {
     ToldTimers timers;
     ScriptedLink link;
     FakeInterface interface;
-    std::unique_ptr<FV2AppStateModel> model = make(dispatch, link);
+    OnePassword passwords;
+    bool silence = false;
+    std::shared_ptr<FV2AppStateModel> model = make(dispatch, link);
 };
 
 } // namespace fv2::test

@@ -52,6 +52,7 @@ struct ChangingService final : FV2ServiceLink {
         asked += request == getStatusRequest(501) ? 1 : 0;
         return statusAnswer(5, R"(,"progress":)" + std::to_string(changes));
     }
+    std::string exchangeSecret(const SecretText& /*request*/) override { return {}; }
     std::string farewell(std::string_view /*request*/) override { return {}; }
     void cancel() override {}
 

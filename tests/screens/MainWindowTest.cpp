@@ -29,10 +29,10 @@ class MainWindowTest : public Model {
 protected:
     void SetUp() override {
         OxTranslatedString::setApplicationBundle(strings);
-        shared->setAppDelegate(interface);
-        shared->setWndDelegate(&registry);
-        shared->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "An OS", "A CPU",
-                                                                      ProductModel{"Business", "business"}));
+        model->setAppDelegate(interface);
+        model->setWndDelegate(&registry);
+        model->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "An OS", "A CPU",
+                                                                     ProductModel{"Business", "business"}));
     }
     void TearDown() override {
         registry.closeAll();
@@ -43,7 +43,7 @@ protected:
     void refreshShown(const std::string& answer) {
         link.status = answer;
         timers.advance(FV2RefreshGate::spacing);
-        shared->syncCommsAsync(false, fv2SyncSource::Moved, false);
+        model->syncCommsAsync(false, fv2SyncSource::Moved, false);
         dispatch.settle();
     }
     std::shared_ptr<MainWindowWindowController> main() const {
@@ -62,17 +62,8 @@ protected:
     }
 
     bool dark = false;
-    std::shared_ptr<FV2AppStateModel> shared = std::make_shared<FV2AppStateModel>(
-        FV2AppStateModel::Surroundings{.dispatch = dispatch,
-                                       .timers = timers,
-                                       .service = link,
-                                       .strings = strings,
-                                       .mediumDate = [](std::int64_t) { return "today"; },
-                                       .computerName = "desk",
-                                       .makeAppSocket = [this] { return std::make_unique<TestEndpoint>(path); }},
-        501);
-    FV2ScreenFactory screens{shared};
-    FV2WindowDelegate registry{shared, screens};
+    FV2ScreenFactory screens{model};
+    FV2WindowDelegate registry{model, screens};
 };
 
 TEST_F(MainWindowTest, HasTheSizesOfTheConfiguration) {
@@ -282,7 +273,7 @@ TEST_F(MainWindowTest, ShowsTheServicesTextsAsTheyAre) {
 
 TEST_F(MainWindowTest, AnAccessoryGivesAWindowAStripOnTopThatDiesWithEither) {
     open();
-    auto accessory = std::make_unique<FV2WindowTitlebarAccessoryViewController>(shared);
+    auto accessory = std::make_unique<FV2WindowTitlebarAccessoryViewController>(model);
     accessory->attachTo(*main());
     const QPointer<QWidget> strip = accessory->subviewController()->view();
     QCoreApplication::processEvents();
@@ -292,7 +283,7 @@ TEST_F(MainWindowTest, AnAccessoryGivesAWindowAStripOnTopThatDiesWithEither) {
     accessory.reset();
     EXPECT_TRUE(strip.isNull());
 
-    FV2WindowTitlebarAccessoryViewController longer(shared);
+    FV2WindowTitlebarAccessoryViewController longer(model);
     longer.attachTo(*main());
     window().closeWindow();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

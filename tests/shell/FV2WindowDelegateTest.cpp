@@ -6,8 +6,9 @@
 #include "shell/FakeWindows.h"
 #include "support/LogScope.h"
 #include "support/QtLoop.h"
+#include "toolkit/NxButton.h"
 
-#include <QDialog>
+#include <QLabel>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -32,26 +33,15 @@ protected:
         const auto controller = registry.registeredController(kind);
         return controller ? &controller->window() : nullptr;
     }
-    int semaphore() const { return shared->updateSemaphore().count(); }
+    int semaphore() const { return model->updateSemaphore().count(); }
 
-    bool silence = false;
-    std::shared_ptr<FV2AppStateModel> shared = std::make_shared<FV2AppStateModel>(
-        FV2AppStateModel::Surroundings{.dispatch = dispatch,
-                                       .timers = timers,
-                                       .service = link,
-                                       .strings = strings,
-                                       .mediumDate = [](std::int64_t) { return "today"; },
-                                       .computerName = "desk",
-                                       .makeAppSocket = [this] { return std::make_unique<TestEndpoint>(path); },
-                                       .doNotDisturb = [this] { return silence; }},
-        501);
     FakeWindows windows;
-    FV2WindowDelegate registry{shared, windows};
+    FV2WindowDelegate registry{model, windows};
 
     void SetUp() override {
-        windows.model = shared;
-        shared->setAppDelegate(interface);
-        shared->setWndDelegate(&registry);
+        windows.model = model;
+        model->setAppDelegate(interface);
+        model->setWndDelegate(&registry);
     }
 };
 
@@ -121,7 +111,7 @@ TEST_F(WindowDelegateTest, HoldsTheSemaphoreWhileItBuildsAndFreesItOnEveryPath) 
     EXPECT_EQ(lines[4], "new main wc making..");
     EXPECT_EQ(lines[5].find("new main wc is <FV2MainWindowController: 0x"), 0U);
     EXPECT_EQ(lines.back(), "updateModelSempahore - signal (in open window)");
-    shared.reset();
+    model.reset();
     registry.openWindow(kEnc, true);
     EXPECT_FALSE(registry.isOpen(kEnc)) << "without a model nothing is opened";
 }
@@ -149,6 +139,53 @@ TEST_F(WindowDelegateTest, ADialogOverTheMainWindowKeepsItOpenUntilItCloses) {
     EXPECT_EQ(windows.made, 1) << "a closed window is made anew";
 }
 
+TEST_F(WindowDelegateTest, ShowsAlertsOneAtATimeAndTellsOnlyOfTheFirstButton) {
+    reopen({kMain});
+    const FV2AlertContent question{"Really?", "<b>plain</b> & text", {"&Yes", "No"}};
+    const FV2AlertContent report{"Failed", "text", {"OK"}};
+    const auto sheet = [this] { return window(kMain)->attachedSheet(); };
+    const auto choose = [&](const QString& label) {
+        const QPointer<FV2AlertSheet> before = sheet();
+        for (auto* const button : sheet()->findChildren<NxButton*>())
+            if (button->accessibleName() == label)
+                QTest::mouseClick(button, Qt::LeftButton);
+        EXPECT_TRUE(runLoopUntil([&] { return before == nullptr; }));
+        runLoopFor(std::chrono::milliseconds(10));
+    };
+    std::string chosen;
+    const auto ask = [&](const FV2AlertContent& content) {
+        registry.showAlert(kMain, content, [&chosen, content] { chosen += content.messageText; });
+    };
+    ask(question);
+    ask(report);
+    ask(question);
+    ask(report);
+    ASSERT_NE(sheet(), nullptr);
+    EXPECT_EQ(sheet()->content(), question);
+    EXPECT_EQ(sheet()->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(sheet()->findChildren<QLabel*>().at(1)->text(), "<b>plain</b> & text");
+    choose("No");
+    EXPECT_EQ(chosen, "");
+    EXPECT_EQ(sheet()->content(), report);
+    choose("OK");
+    EXPECT_EQ(chosen, "Failed");
+    EXPECT_EQ(sheet(), nullptr) << "an alert that waits already is not shown twice";
+    ask(question);
+    choose("&Yes");
+    EXPECT_EQ(chosen, "FailedReally?");
+    ask(question);
+    QTest::keyClick(sheet(), Qt::Key_Escape);
+    EXPECT_TRUE(runLoopUntil([&] { return sheet() == nullptr; }));
+    window(kMain)->orderOut();
+    ask(report);
+    EXPECT_EQ(sheet(), nullptr) << "nobody sees the window";
+    registry.showAll();
+    ASSERT_NE(sheet(), nullptr);
+    window(kMain)->closeWindow();
+    EXPECT_FALSE(registry.isOpen(kMain)) << "the program itself may close a window under an alert";
+    EXPECT_EQ(chosen, "FailedReally?");
+}
+
 TEST_F(WindowDelegateTest, HidesAndShowsTheSameWindowsAndClosesTheMainWindowWhenItIsAlone) {
     reopen({kMain});
     registry.hideApplicationWindows();
@@ -157,10 +194,10 @@ TEST_F(WindowDelegateTest, HidesAndShowsTheSameWindowsAndClosesTheMainWindowWhen
 
     reopen({kMain, kDec});
     const FV2Window* const main = window(kMain);
-    QDialog sheet(window(kDec));
-    sheet.open();
+    registry.showAlert(kDec, {"title", "text", {"OK"}}, [] {});
     registry.hideApplicationWindows();
-    EXPECT_FALSE(sheet.isVisible());
+    runLoopFor(std::chrono::milliseconds(10));
+    EXPECT_EQ(window(kDec)->attachedSheet(), nullptr);
     EXPECT_TRUE(registry.isOpen(kMain) && registry.isOpen(kDec));
     EXPECT_FALSE(registry.isAnyWindowMain());
     EXPECT_TRUE(registry.showAll());
@@ -178,7 +215,7 @@ TEST_F(WindowDelegateTest, ClosesPasswordDialogsThatTheStatusNoLongerCallsFor) {
         reopen({kMain, kEnc, kDec});
         link.status = statusAnswer(tested.state);
         timers.advance(FV2RefreshGate::spacing);
-        shared->syncCommsAsync(false, fv2SyncSource::Moved, false);
+        model->syncCommsAsync(false, fv2SyncSource::Moved, false);
         dispatch.settle();
         SCOPED_TRACE(tested.state);
         EXPECT_EQ(registry.isOpen(kEnc), tested.encStays);

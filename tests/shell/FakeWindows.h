@@ -17,11 +17,19 @@ struct FakeWindow final : FV2MainWindowController {
     int selections = 0;
 };
 
+struct FakePasswordWindow final : FV2PasswordWindowController {
+    explicit FakePasswordWindow(const std::weak_ptr<FV2AppStateModel>& model)
+        : FV2PasswordWindowController(model, std::make_unique<FV2Window>(QSize(100, 100))) {}
+    void postponeAndClose() override { window().closeWindow(); }
+};
+
 struct FakeWindows final : FV2WindowFactory {
-    std::shared_ptr<FV2MainWindowController> makeMainWindow(FV2WindowDelegate& /*registry*/) override { return make(); }
-    std::shared_ptr<FV2WindowController> makePasswordWindow(FV2WindowDelegate& /*registry*/,
-                                                            bool /*encrypting*/) override {
-        return make();
+    std::shared_ptr<FV2MainWindowController> makeMainWindow(FV2WindowDelegate& /*registry*/) override {
+        return make<FakeWindow>();
+    }
+    std::shared_ptr<FV2PasswordWindowController> makePasswordWindow(FV2WindowDelegate& /*registry*/,
+                                                                    bool /*encrypting*/) override {
+        return make<FakePasswordWindow>();
     }
 
     std::weak_ptr<FV2AppStateModel> model;
@@ -30,10 +38,11 @@ struct FakeWindows final : FV2WindowFactory {
     int made = 0;
 
 private:
-    std::shared_ptr<FakeWindow> make() {
+    template <class Window>
+    std::shared_ptr<Window> make() {
         whileMaking();
         ++made;
-        return makesNone ? nullptr : makeController<FakeWindow>(model);
+        return makesNone ? nullptr : makeController<Window>(model);
     }
 };
 

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "model/FV2AlertTable.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace fv2 {
+
+const FV2AlertRow* alertRow(fv2Alert alert) {
+    const auto* const found = std::find_if(kAlertTable.begin(), kAlertTable.end(),
+                                           [alert](const FV2AlertRow& row) { return row.alert == alert; });
+    return found == kAlertTable.end() ? nullptr : found;
+}
+
+FV2AlertContent alertContent(const FV2AlertRow& row, std::uint64_t errorCode, const OxStringBundle& strings) {
+    const auto translated = [&strings](std::string_view identifier) {
+        return OxTranslatedString::translateOrMarkID(identifier, strings).string();
+    };
+    FV2AlertContent content{.messageText = translated(row.title),
+                            .informativeText = translated(row.text),
+                            .buttons = {translated("IDUS_BUTTON_OK")}};
+    if (row.postpones != fv2Window::None)
+        content.buttons.push_back(translated("IDUS_BUTTON_CANCEL"));
+    if (errorCode != 0) {
+        std::array<char, sizeof " (0x)" + 16> code{};
+        std::snprintf(code.data(), code.size(), " (0x%llX)", static_cast<unsigned long long>(errorCode));
+        content.informativeText += code.data();
+    }
+    return content;
+}
+
+} // namespace fv2

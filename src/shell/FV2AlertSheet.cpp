@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "shell/FV2AlertSheet.h"
+
+#include "toolkit/NxButton.h"
+#include "toolkit/NxImageView.h"
+#include "toolkit/NxTextField.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+
+namespace fv2 {
+
+namespace {
+
+constexpr int kMargin = 20;
+constexpr int kIconSize = 48;
+
+NxTextField* wrappedText(const std::string& text) {
+    auto* const field = new NxTextField;
+    field->setText(QString::fromStdString(text));
+    field->setWordWrap(true);
+    field->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    return field;
+}
+
+} // namespace
+
+FV2AlertSheet::FV2AlertSheet(QWidget* window, FV2AlertContent content, const std::function<void()>& onFirstButton)
+    : QDialog(window)
+    , m_content(std::move(content)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_WindowPropagation); // the window's palette
+    setWindowModality(Qt::WindowModal);
+    setWindowTitle(QString::fromStdString(m_content.messageText));
+    setAccessibleDescription(QString::fromStdString(m_content.informativeText));
+    auto* const grid = new QGridLayout(this);
+    grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    grid->setHorizontalSpacing(kMargin);
+    grid->setVerticalSpacing(kMargin / 2);
+    grid->setColumnStretch(1, 1);
+    addTexts(*grid);
+    addButtons(*grid);
+    connect(this, &QDialog::accepted, window, [onFirstButton] { onFirstButton(); });
+}
+
+void FV2AlertSheet::addTexts(QGridLayout& grid) {
+    auto* const icon = new NxImageView;
+    icon->setImageName(QStringLiteral("threat_48x48"));
+    icon->setFixedSize(kIconSize, kIconSize);
+    auto* const title = wrappedText(m_content.messageText);
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    grid.addWidget(icon, 0, 0, 2, 1, Qt::AlignTop);
+    grid.addWidget(title, 0, 1);
+    grid.addWidget(wrappedText(m_content.informativeText), 1, 1, Qt::AlignTop);
+    grid.setRowStretch(1, 1);
+}
+
+void FV2AlertSheet::addButtons(QGridLayout& grid) {
+    auto* const box = new QDialogButtonBox;
+    for (std::size_t position = 0; position < m_content.buttons.size(); ++position) {
+        auto* const button = new NxButton;
+        button->setText(QString::fromStdString(m_content.buttons[position]));
+        box->addButton(button, position == 0 ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole);
+        button->setAutoDefault(true);
+        button->setDefault(position == 0);
+        if (position == 0)
+            button->setFocus();
+    }
+    connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    grid.addWidget(box, 2, 0, 1, 2);
+}
+
+void FV2AlertSheet::beginModal() {
+    setAttribute(Qt::WA_ShowWithoutActivating, !parentWidget()->isActiveWindow());
+    open();
+}
+
+} // namespace fv2
