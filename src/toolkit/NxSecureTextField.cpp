@@ -135,8 +135,10 @@ void NxSecureTextField::edit(const std::function<void()>& step) {
     step();
     m_editing = false;
     const auto gone = static_cast<int>(before - text().size());
-    if (gone == 0)
+    if (gone == 0) {
+        keepCaretInSight();
         return;
+    }
     const std::size_t from = byteOf(cursorPosition(), m_secret.text());
     m_secret.replace(from, byteOf(cursorPosition() + gone, m_secret.text()) - from, {});
     if (!agrees()) {

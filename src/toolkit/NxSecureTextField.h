@@ -65,7 +65,7 @@ private:
     void keepCaretInSight();
 
     SecretText m_secret{kMostBytes};
-    QTimer m_revealEnd;
+    QTimer m_revealEnd{this};
     double m_scrolled = 0; //!< pixels of the revealed text that are hidden at the left
     int m_anchor = 0;      //!< where a selection by mouse has begun
     bool m_revealed = false;
