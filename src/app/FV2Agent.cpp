@@ -8,6 +8,7 @@
 #include "platform/FV2Launcher.h"
 #include "platform/FV2MachineDescription.h"
 #include "platform/FV2MediumDate.h"
+#include "resources/FV2HelpAddress.h"
 #include "resources/NxAppearance.h"
 #include "resources/NxDesign.h"
 
@@ -81,9 +82,11 @@ std::unique_ptr<FV2AppConfigModel> FV2Agent::makeAppConfigModel() const {
     const std::string* const name = std::get_if<std::string>(&machine);
     if (const auto* const error = std::get_if<SysctlError>(&machine))
         log(FV2LoggingLevel::error, {"machineDescription() failed:", error->domain, std::to_string(error->code)});
-    return std::make_unique<FV2AppConfigModel>([this] { return m_appearance.isDark(); }, osDescription(),
-                                               name != nullptr ? *name : text("IDUS_UNKNOWN"),
-                                               ProductModel{.edition = "Business", .typeString = "business"});
+    return std::make_unique<FV2AppConfigModel>(
+        [this] { return m_appearance.isDark(); }, osDescription(), name != nullptr ? *name : text("IDUS_UNKNOWN"),
+        ProductModel{.edition = "Business",
+                     .typeString = "business",
+                     .helpAddress = helpAddress(m_settings.helpHost, m_strings.language().toStdString())});
 }
 
 void FV2Agent::followDesktop(FV2UnixSignals& signals) {

@@ -14,6 +14,7 @@
 #include "platform/FV2PamPassword.h"
 #include "platform/FV2QtStrings.h"
 #include "platform/FV2QtTimerService.h"
+#include "platform/FV2Settings.h"
 #include "platform/FV2UnixSignals.h"
 #include "screens/FV2ScreenFactory.h"
 #include "shell/AppDelegate.h"
@@ -37,12 +38,13 @@ private:
     void onAppearanceChanged();
 
     FV2Application& m_application;
+    const FV2Settings m_settings = readSettings();
     FV2QtStrings m_strings;
     FV2Images m_images;
     FV2TrayItem m_trayItem;
     FV2StatusMenu m_menu;
     FV2QtTimerService m_timers;
-    FV2SocketServiceLink m_service;
+    FV2SocketServiceLink m_service{m_settings.credentialsToRootOnly};
     FV2PamPassword m_passwords;
     FV2DesktopDispatch m_dispatch;
     FV2Appearance m_appearance;

@@ -12,10 +12,11 @@
 
 namespace fv2 {
 
-//! Which product this is: its edition and the text of its type.
+//! Which product this is: its edition, the text of its type, and where its help is.
 struct ProductModel {
     std::string edition;
     std::string typeString;
+    std::string helpAddress = {}; //!< of the online help; empty when there is none
 };
 
 //! Colours, sizes and images of the main window and its pages, and what the About page says about this computer.

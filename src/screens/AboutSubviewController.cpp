@@ -3,6 +3,7 @@
 #include "screens/AboutSubviewController.h"
 
 #include "logging/FV2Logging.h"
+#include "platform/FV2Browser.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
 #include "ui_AboutSubview.h"
@@ -41,6 +42,10 @@ AboutSubviewController::AboutSubviewController(const std::weak_ptr<FV2AppStateMo
     fieldMachine = outlets.fieldMachine;
     fieldUUID = outlets.fieldUUID;
     fieldLastORMSync = outlets.fieldLastORMSync;
+    buttonProxySync = outlets.buttonProxySync;
+    buttonInstalledComponents = outlets.buttonInstalledComponents;
+    connect(buttonProxySync, &QPushButton::clicked, this, &AboutSubviewController::ProxySyncButton);
+    connect(outlets.buttonHelp, &QPushButton::clicked, this, &AboutSubviewController::onHelp);
     view()->setAccessibleName(outlets.fieldTitle->text());
     initsubview();
 }
@@ -64,9 +69,37 @@ void AboutSubviewController::updateFromModel() {
     fieldOperatingSystem->setLine(translated(QStringLiteral("IDUS_MGUI_OPERATING_SYSTEM")), shown(config.os()));
     fieldMachine->setLine(translated(QStringLiteral("IDUS_MGUI_MACHINE")), shown(config.machine()));
     fieldUUID->setLine(QStringLiteral("Workstation ID:"), shown(state.uuid));
+    buttonInstalledComponents->hide();
     fieldLastORMSync->setLine(translated(QStringLiteral("IDUS_MGUI_LAST_SYNC")), lastSync(state));
+    enableProxySync(state.syncORMEnabled && !state.syncORMActive);
     alignLabels();
     log(FV2LoggingLevel::trace, {"AboutSubviewController updateFromModel out"});
+}
+
+//! A button that is disabled loses the keyboard; it gets it back if the user has not moved on meanwhile.
+void AboutSubviewController::enableProxySync(bool enabled) {
+    const bool hadFocus = buttonProxySync->hasFocus();
+    buttonProxySync->setEnabled(enabled);
+    if (!enabled && hadFocus)
+        m_focusAfterSync = buttonProxySync->window()->focusWidget();
+    if (!enabled || m_focusAfterSync == nullptr)
+        return;
+    if (m_focusAfterSync->hasFocus())
+        buttonProxySync->setFocus();
+    m_focusAfterSync.clear();
+}
+
+void AboutSubviewController::ProxySyncButton() {
+    enableProxySync(false);
+    log(FV2LoggingLevel::release, {"Proxy Sync button clicked"});
+    if (const auto model = appModel.lock())
+        model->syncProxyAsync(fv2SyncSource::User, true);
+}
+
+void AboutSubviewController::onHelp() {
+    const auto model = appModel.lock();
+    if (model != nullptr && model->appConfigModel() != nullptr)
+        openInBrowser(model->appConfigModel()->productModel().helpAddress);
 }
 
 void AboutSubviewController::alignLabels() {

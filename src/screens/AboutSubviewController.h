@@ -4,6 +4,7 @@
 
 #include "screens/AboutLineView.h"
 #include "shell/FV2ViewController.h"
+#include "toolkit/NxButton.h"
 
 #include <QPointer>
 
@@ -11,7 +12,8 @@
 
 namespace fv2 {
 
-//! The second page: what this program and this computer are, and the last synchronisation. Main thread only.
+//! The second page: what this program and this computer are, the last synchronisation and a button for the next one,
+//! help. Main thread only.
 class AboutSubviewController final : public FV2ViewController {
     Q_OBJECT
 public:
@@ -23,7 +25,10 @@ protected:
     void refreshColours(const FV2AppConfigModel& config) override;
 
 private:
+    void ProxySyncButton();
+    void onHelp();
     void alignLabels();
+    void enableProxySync(bool enabled);
     [[nodiscard]] std::array<QPointer<AboutLineView>, 7> lines() const;
 
     QPointer<AboutLineView> fieldProductName;
@@ -35,6 +40,9 @@ private:
     QPointer<AboutLineView> fieldMachine;
     QPointer<AboutLineView> fieldUUID;
     QPointer<AboutLineView> fieldLastORMSync;
+    QPointer<NxButton> buttonProxySync;
+    QPointer<NxButton> buttonInstalledComponents;
+    QPointer<QWidget> m_focusAfterSync; //!< where Qt put the keyboard when the button that had it was disabled
 };
 
 } // namespace fv2

@@ -205,6 +205,10 @@
         <source>Help</source>
         <translation>Hilfe</translation>
     </message>
+    <message id="IDUS_BUTTON_COPY">
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
 
     <!-- Main window, tray item and its menu -->
     <message id="IDUS_PRODUCT_DISPLAY_NAME">
