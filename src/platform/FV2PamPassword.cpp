@@ -89,12 +89,9 @@ struct Words {
 
 //! Results of both steps; the rest has to do with PAM, not with the account.
 constexpr std::array kWords{
-    Words{PAM_AUTH_ERR, "wrong password"},
-    Words{PAM_USER_UNKNOWN, "account unknown"},
-    Words{PAM_MAXTRIES, "account locked"},
-    Words{PAM_PERM_DENIED, "account locked"},
-    Words{PAM_ACCT_EXPIRED, "account expired"},
-    Words{PAM_NEW_AUTHTOK_REQD, "password expired"},
+    Words{PAM_AUTH_ERR, "wrong password"},          Words{PAM_USER_UNKNOWN, "account unknown"},
+    Words{PAM_MAXTRIES, "account locked"},          Words{PAM_PERM_DENIED, "account locked"},
+    Words{PAM_ACCT_EXPIRED, "account expired"},     Words{PAM_NEW_AUTHTOK_REQD, "password expired"},
     Words{PAM_AUTHTOK_EXPIRED, "password expired"},
 };
 

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/FV2AccountName.h"
 #include "platform/FV2PamPassword.h"
+
+#include "platform/FV2AccountName.h"
 #include "support/LogScope.h"
 
 #include <gtest/gtest.h>
@@ -40,8 +41,8 @@ struct PamPassword : testing::Test {
 };
 
 TEST_F(PamPassword, ReachesPamAsItIs) {
-    for (const std::string& password : {std::string("x"), std::string("a  b"), std::string("süß🔑\t%s\\\"'"),
-                                        std::string(511, 'm') + "n"}) {
+    for (const std::string& password :
+         {std::string("x"), std::string("a  b"), std::string("süß🔑\t%s\\\"'"), std::string(511, 'm') + "n"}) {
         useAccount(password);
         EXPECT_EQ(refusal(password), "");
         EXPECT_EQ(refusal(password.substr(0, password.size() - 1) + "o"), "verifyPassword failed: wrong password");

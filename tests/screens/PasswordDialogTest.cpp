@@ -93,7 +93,8 @@ TEST_F(PasswordDialogTest, AsksForThePasswordOfTheOneWhoIsLoggedIn) {
     EXPECT_FALSE(window().isCloseEnabled());
     EXPECT_EQ(std::string(field().secret().text()), "xy");
     QWidget* focused = &field();
-    for (QWidget* const next : std::initializer_list<QWidget*>{&child<NxButton>("showButton"), &ok(), &later(), &field()}) {
+    for (QWidget* const next :
+         std::initializer_list<QWidget*>{&child<NxButton>("showButton"), &ok(), &later(), &field()}) {
         QTest::keyClick(std::exchange(focused, next), Qt::Key_Tab);
         EXPECT_TRUE(next->hasFocus()) << next->objectName().toStdString();
     }
@@ -113,14 +114,16 @@ TEST_F(PasswordDialogTest, HandsARightPasswordToTheServiceAndCloses) {
     open();
     link.answerToOthers = R"({"result":true})";
     enter("right");
-    for (QWidget* const control : std::initializer_list<QWidget*>{&field(), &child<NxButton>("showButton"), &ok(), &later()})
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{&field(), &child<NxButton>("showButton"), &ok(), &later()})
         EXPECT_FALSE(control->isEnabled());
     EXPECT_EQ(hint(), "PASSWORDDIALOG_CHECKING %1");
     EXPECT_TRUE(child<NxTextField>("hint").hasFocus()) << "or no screen reader tells";
     EXPECT_EQ(handedOver(), 0) << "nothing waits on the main thread";
     dispatch.settle();
-    EXPECT_EQ(link.asked.back(), R"({"command":"set_user_credentials","uid":501,"token":"t1","parameters":{"username":")" +
-                                     accountName() + R"(","password":"right"}})");
+    EXPECT_EQ(link.asked.back(),
+              R"({"command":"set_user_credentials","uid":501,"token":"t1","parameters":{"username":")" + accountName() +
+                  R"(","password":"right"}})");
     EXPECT_FALSE(registry.isOpen(fv2Window::Password_Encrypt));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1) << "the password is still somewhere";
@@ -200,8 +203,8 @@ TEST_F(PasswordDialogTest, ShowsCapsLockRefusedInputAndThePassword) {
         bool before, on;
     };
     const Case table[] = {
-        {QEvent::KeyPress, Qt::Key_CapsLock, false, true},  {QEvent::KeyRelease, Qt::Key_CapsLock, true, true},
-        {QEvent::KeyPress, Qt::Key_Shift, true, true},      {QEvent::KeyPress, Qt::Key_CapsLock, true, false},
+        {QEvent::KeyPress, Qt::Key_CapsLock, false, true},   {QEvent::KeyRelease, Qt::Key_CapsLock, true, true},
+        {QEvent::KeyPress, Qt::Key_Shift, true, true},       {QEvent::KeyPress, Qt::Key_CapsLock, true, false},
         {QEvent::KeyRelease, Qt::Key_CapsLock, true, false}, {QEvent::KeyPress, Qt::Key_Shift, true, true},
         {QEvent::KeyPress, Qt::Key_Shift, false, false},
     };

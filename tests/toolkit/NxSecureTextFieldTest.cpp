@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "support/QtLoop.h"
 #include "toolkit/NxSecureTextField.h"
+
+#include "support/QtLoop.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -133,9 +134,10 @@ TEST_F(SecureField, RefusesAsAWholeWhatDoesNotFitOrIsNoText) {
         QString text;
         std::size_t bytes;
     };
-    const Case table[] = {{QStringLiteral("é"), 511},  {QStringLiteral("yz"), 511},        {QString(QChar(0xd83d)), 511},
-                          {QString(QChar()), 511},     {QStringLiteral("a") + QChar(), 511}, {QStringLiteral("y"), 512},
-                          {QStringLiteral("z"), 512}, {QString(1 << 20, u'z'), 512}};
+    const Case table[] = {{QStringLiteral("é"), 511},           {QStringLiteral("yz"), 511},
+                          {QString(QChar(0xd83d)), 511},        {QString(QChar()), 511},
+                          {QStringLiteral("a") + QChar(), 511}, {QStringLiteral("y"), 512},
+                          {QStringLiteral("z"), 512},           {QString(1 << 20, u'z'), 512}};
     for (const Case& each : table) {
         paste(each.text);
         EXPECT_EQ(field.secret().size(), each.bytes) << each.text.size();
