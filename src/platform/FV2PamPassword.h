@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/StopSignal.h"
+#include "model/FV2Ports.h"
+
+#include <filesystem>
+#include <vector>
+
+namespace fv2 {
+
+//! Checks passwords through PAM, as the service "fv2-agent". Why one was not accepted is told by a line of the log. Any
+//! thread.
+class FV2PamPassword final : public FV2UserAndPasswordModel {
+public:
+    using Path = std::filesystem::path;
+
+    //! Takes the service file of `folder` if there is one, else that of one of the folders in which PAM itself looks.
+    explicit FV2PamPassword(Path folder, std::vector<Path> systemFolders = {"/etc/pam.d", "/usr/lib/pam.d"});
+
+    [[nodiscard]] bool verifyPassword(const std::string& userName, const SecretText& password) const override;
+
+    //! Leaves out, from now on, the seconds of waiting that PAM puts behind a wrong password.
+    void hurry() { m_hurry.raise(); }
+
+private:
+    const Path m_folder;
+    const std::vector<Path> m_systemFolders;
+    StopSignal m_hurry;
+};
+
+} // namespace fv2

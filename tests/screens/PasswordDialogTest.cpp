@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2AccountName.h"
+#include "screens/Screens.h"
+#include "support/LogScope.h"
+#include "support/QtLoop.h"
+#include "toolkit/NxButton.h"
+#include "toolkit/NxSecureTextField.h"
+
+#include <QAccessible>
+#include <QDialogButtonBox>
+#include <QTest>
+#include <QWindow>
+#include <gtest/gtest.h>
+
+#include <sys/prctl.h>
+
+namespace fv2::test {
+namespace {
+
+//! The real dialog on a model among fakes, for which "right" is everybody's password.
+class PasswordDialog : public Screens {
+protected:
+    void open(bool encrypting = true) {
+        refresh(statusAnswer(3), fv2SyncSource::Service, false); // brings a token
+        kind = encrypting ? fv2Window::Password_Encrypt : fv2Window::Password_Decrypt;
+        registry.openWindow(kind, true);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    }
+    void enter(const char* password) const {
+        QTest::keyClicks(&field(), password);
+        QTest::keyClick(&field(), Qt::Key_Return);
+    }
+    FV2Window& window() const { return registry.registeredController(kind)->window(); }
+    template <class Widget>
+    Widget& child(const char* name) const {
+        return *window().findChild<Widget*>(QLatin1String(name));
+    }
+    NxSecureTextField& field() const { return child<NxSecureTextField>("secureTextPasswordField"); }
+    NxButton& show() const { return child<NxButton>("showButton"); }
+    NxButton& button(int position) const {
+        return *qobject_cast<NxButton*>(child<QDialogButtonBox>("buttons").buttons().at(position));
+    }
+    NxButton& ok() const { return button(0); }
+    NxButton& later() const { return button(1); }
+    std::string text(const char* name) const { return child<NxTextField>(name).text().toStdString(); }
+    long handedOver() const {
+        return std::count_if(link.asked.begin(), link.asked.end(), [](const std::string& request) {
+            return request.find("set_user_credentials") != request.npos;
+        });
+    }
+    static void letDie() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+    fv2Window kind = fv2Window::None;
+};
+
+TEST_F(PasswordDialog, AsksForThePasswordOfTheOneWhoIsLoggedIn) {
+    const LogScope log{{FV2LoggingLevel::trace}};
+    for (const bool encrypting : {false, true}) {
+        open(encrypting);
+        EXPECT_EQ(window().height(), 300);
+        EXPECT_EQ(text("message"), encrypting ? "PASSWORDDIALOG_MESSAGE_ENC %1" : "PASSWORDDIALOG_MESSAGE_DEC %1");
+        EXPECT_EQ(text("username"), accountName());
+        EXPECT_TRUE(field().hasFocus() && ok().isDefault() && !ok().isEnabled());
+        const auto* const told = QAccessible::queryAccessibleInterface(&field());
+        EXPECT_EQ(told->text(QAccessible::Name), "PASSWORDDIALOG_PASSWORD %1");
+        QTest::keyClicks(&field(), "x");
+        QTest::keyClick(&field(), Qt::Key_Escape);
+        QTest::keyClick(&window(), Qt::Key_W, Qt::ControlModifier);
+        EXPECT_FALSE(window().close());
+        QWidget* focused = &field();
+        for (QWidget* const next : std::initializer_list<QWidget*>{&show(), &ok(), &later(), &field()}) {
+            QTest::keyClick(std::exchange(focused, next), Qt::Key_Tab);
+            EXPECT_TRUE(next->hasFocus()) << next->objectName().toStdString();
+        }
+        registry.closeAll();
+        const auto lines = log.messages();
+        for (const char* const line : {"EnterPasswordWindowWindowController.init", "chg -> Password is = ***",
+                                       "EnterPasswordWindowWindowController.windowWillClose"})
+            EXPECT_EQ(std::count(lines.begin(), lines.end(), line), encrypting ? 2 : 1) << line;
+    }
+}
+
+TEST_F(PasswordDialog, HandsARightPasswordToTheServiceAndCloses) {
+    open();
+    link.answerToOthers = R"({"result":true})";
+    enter("right");
+    EXPECT_FALSE(field().isEnabled() || show().isEnabled() || ok().isEnabled() || later().isEnabled());
+    EXPECT_EQ(text("hint"), "PASSWORDDIALOG_CHECKING %1");
+    EXPECT_TRUE(child<NxTextField>("hint").hasFocus()) << "or no screen reader tells";
+    EXPECT_EQ(handedOver(), 0) << "nothing waits on the main thread";
+    dispatch.settle();
+    EXPECT_EQ(link.asked.back(),
+              R"({"command":"set_user_credentials","uid":501,"token":"t1","parameters":{"username":")" + accountName() +
+                  R"(","password":"right"}})");
+    EXPECT_FALSE(registry.isOpen(kind));
+    letDie();
+    EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1) << "the password is still somewhere";
+}
+
+TEST_F(PasswordDialog, StaysAfterAFailureAndStartsAgain) {
+    struct Case {
+        const char* password;
+        const char* answer;
+        const char* alert;
+        long handedOver;
+    };
+    const Case table[] = {
+        {"wrong", "", "ALERT_ERROR_PASSWORD_VALIDATION %1", 0},
+        {"right", R"({"result":false,"error_code":255})", "ALERT_ERROR_PASSWORD_FAILURE %1 (0xFF)", 1},
+        {"right", "", "ALERT_ERROR_COMMS %1", 2},
+    };
+    open();
+    for (const Case& each : table) {
+        link.answerToOthers = each.answer;
+        enter(each.password);
+        dispatch.settle();
+        ASSERT_NE(window().attachedSheet(), nullptr);
+        EXPECT_EQ(window().attachedSheet()->content().informativeText, each.alert);
+        window().attachedSheet()->reject();
+        letDie();
+        EXPECT_EQ(handedOver(), each.handedOver);
+        EXPECT_TRUE(field().secret().empty() && field().text().isEmpty() && field().isEnabled());
+        EXPECT_EQ(window().focusWidget(), &field());
+        EXPECT_TRUE(!ok().isEnabled() && later().isEnabled());
+        EXPECT_EQ(text("hint"), "");
+        QTest::keyClick(&field(), Qt::Key_Return);
+        EXPECT_TRUE(dispatch.workers.empty()) << "there is nothing to check";
+        QTest::keyClicks(&field(), "a");
+        EXPECT_TRUE(ok().isEnabled());
+        QTest::keyClick(&field(), Qt::Key_Backspace);
+        EXPECT_FALSE(ok().isEnabled());
+    }
+}
+
+TEST_F(PasswordDialog, SendsNothingOnceItHasGone) {
+    for (const bool isDead : {false, true}) {
+        open();
+        enter("right");
+        registry.closeAll();
+        if (isDead)
+            letDie();
+        dispatch.settle();
+        EXPECT_EQ(handedOver(), 0);
+        letDie();
+        EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1);
+    }
+}
+
+TEST_F(PasswordDialog, IsPostponedOnceThatIsConfirmed) {
+    open();
+    for (const bool confirmed : {false, true}) {
+        later().click();
+        EXPECT_EQ(window().attachedSheet()->content().informativeText, "ALERT_WARNING_PASSWORD_POSTPONE_ENC %1");
+        window().attachedSheet()->done(confirmed ? QDialog::Accepted : QDialog::Rejected);
+        letDie();
+        EXPECT_EQ(registry.isOpen(kind), !confirmed);
+    }
+    timers.advance(std::chrono::minutes(60));
+    EXPECT_TRUE(registry.isOpen(kind));
+}
+
+TEST_F(PasswordDialog, TellsOfCapsLockAndRefusedInputAndShowsThePassword) {
+    open();
+    struct Case {
+        QEvent::Type type;
+        Qt::Key key;
+        bool before, on;
+    };
+    const Case table[] = {
+        {QEvent::KeyPress, Qt::Key_CapsLock, false, true}, {QEvent::KeyRelease, Qt::Key_CapsLock, true, true},
+        {QEvent::KeyPress, Qt::Key_CapsLock, true, false}, {QEvent::KeyRelease, Qt::Key_CapsLock, true, false},
+        {QEvent::KeyPress, Qt::Key_Shift, true, true},     {QEvent::KeyPress, Qt::Key_Shift, false, false},
+    };
+    for (const Case& each : table) {
+        QKeyEvent event(each.type, each.key, {}, 0, 0, each.before ? 2 : 0);
+        QApplication::sendEvent(window().windowHandle(), &event);
+        EXPECT_EQ(text("hint"), each.on ? "PASSWORDDIALOG_CAPS_LOCK %1" : "") << each.key << each.before;
+        EXPECT_EQ(field().accessibleDescription().toStdString(), text("hint"));
+    }
+    QTest::keyClicks(&field(), QString(513, u'x'));
+    EXPECT_EQ(text("hint"), "PASSWORDDIALOG_REFUSED %1");
+    QTest::keyClick(&field(), Qt::Key_Backspace);
+    EXPECT_EQ(text("hint"), "");
+    show().setFocus();
+    for (const bool revealed : {true, false}) {
+        show().click();
+        EXPECT_TRUE(field().hasFocus() && field().isRevealed() == revealed);
+        EXPECT_EQ(show().title(), revealed ? "IDUS_BUTTON_HIDE_PASSWORD" : "IDUS_BUTTON_SHOW_PASSWORD");
+    }
+}
+
+TEST_F(PasswordDialog, GrowsUntilEverythingFits) {
+    open();
+    QFont large = window().font();
+    large.setPixelSize(34);
+    window().setFont(large);
+    child<NxTextField>("message").setText(QString(300, u'm'));
+    child<NxTextField>("username").setText(QString(200, u'm'));
+    EXPECT_TRUE(runLoopUntil([this] {
+        const auto& message = child<NxTextField>("message");
+        const QRect lowest(later().mapTo(&window(), QPoint()), later().size());
+        return message.height() >= message.heightForWidth(message.width()) && window().rect().contains(lowest);
+    }));
+    EXPECT_GT(window().height(), 600);
+    EXPECT_LT(window().width(), 1500) << "a long name is cut";
+}
+
+} // namespace
+} // namespace fv2::test
