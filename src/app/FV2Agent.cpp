@@ -14,6 +14,7 @@
 
 #include <QFile>
 
+#include <cstdlib>
 #include <filesystem>
 #include <unistd.h>
 #include <variant>
@@ -25,6 +26,8 @@ namespace {
 std::string text(std::string_view identifier) {
     return OxTranslatedString::translateOrMarkID(identifier).string();
 }
+
+constexpr std::chrono::seconds kLongestEnd{1};
 
 std::string designPropertyList() {
     QFile file(QStringLiteral(":/design/design.plist"));
@@ -119,7 +122,11 @@ int FV2Agent::run(bool showWindow) {
     m_delegate.applicationDidFinishLaunching(showWindow || launchedByFileManager());
     const int status = m_application.exec();
     m_passwords.hurry();
-    m_dispatch.finish();
+    // Exchanges have been cut short; a module of PAM may block for as long as it likes.
+    if (!m_dispatch.finish(Deadline(kLongestEnd))) {
+        log(FV2LoggingLevel::error, {"The password check does not end; ending without it"});
+        std::_Exit(status);
+    }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // windows that were closed last
     return status;
 }

@@ -43,7 +43,8 @@ public:
     void makeKeyAndOrderFront();
     //! Shows the window without taking the keyboard from where it is.
     void orderFrontRegardless();
-    void orderOut() { hide(); }
+    //! Hides the window; an alert over it goes unanswered.
+    void orderOut();
     //! In the middle of the screen. Where a desktop places windows by itself, as under Wayland, it decides.
     void center();
 
