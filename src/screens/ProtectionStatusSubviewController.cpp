@@ -5,6 +5,7 @@
 #include "logging/FV2Logging.h"
 #include "screens/ReadableColour.h"
 #include "toolkit/NxQtColor.h"
+#include "toolkit/NxTranslated.h"
 #include "ui_ProtectionStatusSubview.h"
 
 #include <array>
@@ -37,6 +38,9 @@ ProtectionStatusSubviewController::ProtectionStatusSubviewController(const std::
     statusLineView = outlets.statusLineView;
     statusLineIcon = outlets.statusLineIcon;
     statusLineText = outlets.statusLineText;
+    statusMessagesTableView = outlets.statusMessagesTableView;
+    statusMessagesTableView->setAccessibleName(translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS")));
+    tableViewDelegate = std::make_unique<StatusMessagesTableDelegate>(model, *statusMessagesTableView);
     initsubview();
 }
 
@@ -51,6 +55,7 @@ void ProtectionStatusSubviewController::updateFromModel() {
     view()->setAccessibleName(statusLineText->text());
     if (model->appConfigModel() != nullptr)
         refreshColours(*model->appConfigModel());
+    tableViewDelegate->updateFromModel(*statusMessagesTableView);
     log(FV2LoggingLevel::trace, {"ProtectionStatusSubviewController.updateFromModel out"});
 }
 
@@ -65,6 +70,7 @@ void ProtectionStatusSubviewController::refreshColours(const FV2AppConfigModel& 
     statusLineView->setBackgroundColor(background);
     statusLineText->setTextColor(foreground);
     statusLineIcon->setTintColor(foreground);
+    statusMessagesTableView->setSeparatorColour(toQColor(config.colours().colourSeperator));
 }
 
 } // namespace fv2
