@@ -81,12 +81,12 @@ private:
     void showAtFront();
     void beginNextSheet();
 
+    bool m_grows = false; //!< first: the layout, as it is made, sends an event
     const QSize m_contentSize;
     QVBoxLayout* m_frame;
     QPointer<FV2AlertSheet> m_sheet;
     std::deque<WaitingSheet> m_waitingSheets;
     bool m_hasButtons = true;
-    bool m_grows = false;
     bool m_closeEnabled = true;
     bool m_closing = false;
     bool m_painted = false;

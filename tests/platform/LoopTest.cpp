@@ -12,6 +12,7 @@ namespace fv2::test {
 namespace {
 
 using std::chrono::milliseconds;
+using std::chrono::seconds;
 
 TEST(TimerService, CallsOnceAndNotBeforeItsTime) {
     FV2QtTimerService timers;
