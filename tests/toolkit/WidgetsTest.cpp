@@ -144,6 +144,18 @@ TEST(TextField, ShowsTheStylesOfAnApplicationsTextOfHtml) {
     field.resize(whole);
     field.grab();
     EXPECT_FALSE(field.toolTip().isEmpty());
+    for (const auto alignment : {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight}) {
+        field.setAlignment(alignment);
+        const QImage image = field.grab().toImage();
+        int inked = 0;
+        for (int x = 0; x < image.width(); ++x)
+            for (int y = 0; y < image.height(); ++y)
+                if (image.pixelColor(x, y) == QColor(Qt::blue)) {
+                    ++inked;
+                    break;
+                }
+        EXPECT_GT(inked, field.width() / 3) << "as many letters as there is room for, " << alignment;
+    }
 
     const auto styled =
         attributedStringFromHtml(QStringLiteral("a<i>b</i><font color='#ff0000'>c</font>"), QFont(), Qt::blue);
