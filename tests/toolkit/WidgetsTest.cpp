@@ -15,6 +15,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QBitmap>
 #include <QMouseEvent>
 #include <QTextDocument>
 #include <gtest/gtest.h>
@@ -146,15 +147,8 @@ TEST(TextField, ShowsTheStylesOfAnApplicationsTextOfHtml) {
     EXPECT_FALSE(field.toolTip().isEmpty());
     for (const auto alignment : {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight}) {
         field.setAlignment(alignment);
-        const QImage image = field.grab().toImage();
-        int inked = 0;
-        for (int x = 0; x < image.width(); ++x)
-            for (int y = 0; y < image.height(); ++y)
-                if (image.pixelColor(x, y) == QColor(Qt::blue)) {
-                    ++inked;
-                    break;
-                }
-        EXPECT_GT(inked, field.width() / 3) << "as many letters as there is room for, " << alignment;
+        const QImage letters = field.grab().toImage().createHeuristicMask();
+        EXPECT_GT(QRegion(QBitmap::fromImage(letters)).boundingRect().width(), field.width() / 2) << alignment;
     }
 
     const auto styled =
