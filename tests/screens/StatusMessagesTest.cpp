@@ -14,6 +14,9 @@
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
+#include <ctime>
+#include <limits>
+
 namespace fv2::test {
 namespace {
 
@@ -22,6 +25,13 @@ using Messages = std::vector<FV2StatusMesssageListItem>;
 FV2StatusMesssageListItem message(const std::string& title, fv2AppCommand command = fv2AppCommand::EnterEncPassword,
                                   fv2StatusStateType status = fv2StatusStateType::Red) {
     return {"", title, "It is so. <A TYPE=\"COMMAND\" TITLE\">Change it</A>, or <B>leave</B> it.", status, command};
+}
+
+Messages numbered(int count) {
+    Messages all;
+    while (count-- > 0)
+        all.push_back(message("Message " + std::to_string(count)));
+    return all;
 }
 
 //! The real page on a model among fakes, alone in a window.
@@ -65,22 +75,6 @@ protected:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         for (int round = 0; round < 5; ++round)
             QCoreApplication::processEvents();
-    }
-
-    //! The processor time that it takes to make so many rows anew.
-    std::clock_t costOfRows(int count) {
-        Messages messages;
-        while (count-- > 0)
-            messages.push_back(message("Message " + std::to_string(count)));
-        std::clock_t best = std::numeric_limits<std::clock_t>::max();
-        for (int round = 0; round < 5; ++round) {
-            messages[0].Text = std::to_string(round);
-            const std::clock_t before = std::clock();
-            show(messages);
-            best = std::min(best, std::clock() - before);
-            settle();
-        }
-        return best;
     }
 
     bool dark = false;
@@ -155,9 +149,7 @@ TEST_F(StatusMessages, AreMadeAndLoggedInOneOrder) {
 }
 
 TEST_F(StatusMessages, KeepRowsFocusAndPlaceWhereTheyAre) {
-    Messages many;
-    for (int count = 0; count < 200; ++count)
-        many.push_back(message("Message " + std::to_string(count)));
+    Messages many = numbered(200);
     show(many);
     settle();
     text(150).focusLink(0);
@@ -199,25 +191,35 @@ TEST_F(StatusMessages, KeepRowsFocusAndPlaceWhereTheyAre) {
 
 TEST_F(StatusMessages, ComeRightBehindTheirTableInTheOrderOfTab) {
     for (const int count : {2, 30}) {
-        Messages messages;
-        for (int number = 0; number < count; ++number)
-            messages.push_back(message(std::to_string(number)));
+        Messages messages = numbered(count);
         messages[1].Text = "No link.";
         show(messages);
         settle();
+        const auto back = [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier); };
         behind.setFocus();
-        for (int row = count - 1; row >= 0; --row)
+        for (auto row = messages.size(); row-- > 0;)
             if (row != 1) {
-                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
-                EXPECT_TRUE(text(static_cast<std::size_t>(row)).hasFocus()) << row << " of " << count;
+                back();
+                EXPECT_TRUE(text(row).hasFocus()) << row << " of " << count;
             }
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+        back();
         EXPECT_EQ(table().hasFocus(), count == 30) << "the list itself only while it scrolls";
     }
 }
 
 TEST_F(StatusMessages, CostNoMoreByTheRowWhenTheyAreMany) {
-    EXPECT_LT(costOfRows(200), 15 * costOfRows(20));
+    const auto costOf = [this](Messages messages) { // in processor time
+        std::clock_t best = std::numeric_limits<std::clock_t>::max();
+        for (int round = 0; round < 5; ++round) {
+            messages[0].Text = std::to_string(round);
+            const std::clock_t before = std::clock();
+            show(messages);
+            best = std::min(best, std::clock() - before);
+            settle();
+        }
+        return best;
+    };
+    EXPECT_LT(costOf(numbered(200)), 15 * costOf(numbered(20)));
 }
 
 //! A click may change the messages, and with them all rows, before it is over.
@@ -233,7 +235,10 @@ TEST_F(StatusMessages, RunTheirCommandOnceByEachWay) {
     int changes = 0;
     windows.rebuild = [&] { show({message("A", {}), message("B" + std::to_string(++changes))}); };
     windows.rebuild();
-    const auto click = [this](QPoint place) { QTest::mouseClick(&text(1), Qt::LeftButton, {}, place); };
+    const auto doubleClick = [this](QPoint place) {
+        QTest::mouseClick(&text(1), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(&text(1), Qt::LeftButton, {}, place); // its second press alone, on the new view
+    };
     const auto press = [this](std::size_t row) {
         QAccessibleInterface* const found = QAccessible::queryAccessibleInterface(&text(row))->child(0);
         found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
@@ -244,20 +249,13 @@ TEST_F(StatusMessages, RunTheirCommandOnceByEachWay) {
         return std::exchange(windows.calls, {});
     };
     const std::string opened = "open 2 for user; ";
-    EXPECT_EQ(did([&] { click(text(1).rectOfLink(0).center()); }), opened);
-    EXPECT_EQ(did([&] { click({5, text(1).rectOfLink(0).center().y()}); }), "") << "a word beside the link";
-    EXPECT_EQ(did([&] {
-                  const QPoint place = text(1).rectOfLink(0).center();
-                  click(place);
-                  QTest::mouseDClick(&text(1), Qt::LeftButton, {}, place);
-              }),
-              opened)
-        << "a double click, its second half on the new view";
+    EXPECT_EQ(did([&] { doubleClick(text(1).rectOfLink(0).center()); }), opened);
+    EXPECT_EQ(did([&] { doubleClick({5, text(1).rectOfLink(0).center().y()}); }), "") << "a word beside the link";
     text(1).focusLink(0);
     EXPECT_EQ(did([&] { QTest::keyClick(&text(1), Qt::Key_Return); }), opened);
     EXPECT_EQ(did([&] { press(1); }), opened);
     EXPECT_EQ(did([&] { press(0); }), "") << "a message without a command";
-    EXPECT_EQ(changes, 5);
+    EXPECT_EQ(changes, 4);
 }
 
 } // namespace
