@@ -18,7 +18,7 @@ SEEDS = {
     "longest-text": b"<B>" + PIECE * 16 + b"x" * 30,
     "text-too-long": b"<B>" + PIECE * 16 + b"x" * 31,
     "tag-put-back-at-the-end": b"<X><Y>" + PIECE * 16 + b"x" * 26,
-    "twice-as-long": b"<B>" + PIECE * 16 + b"</B>" * 16000,
+    "twice-as-long-with-its-tags": (b"<A" + b"x" * 4091 + b">y</A>") * 33,
 }
 
 folder = pathlib.Path(sys.argv[1])
