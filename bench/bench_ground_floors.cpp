@@ -4,6 +4,7 @@
 #include "logging/FV2Logging.h"
 #include "logging/LogFile.h"
 #include "model/FV2JsonParserORM.h"
+#include "resources/FV2TagScanner.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -78,6 +79,20 @@ void MessageOfOneMebibyteJoined(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(size));
 }
 
+//! The same message over and over, until the text is at least so long.
+void MarkupScanned(benchmark::State& state) {
+    const std::string message =
+        "The last synchronization with the management server did not succeed. <A TYPE=\"COMMAND\" "
+        "COMMAND=\"RETRY-SYNC\" TITLE\">Try again</A>. If that does not help, check your network connection &amp; "
+        "contact your administrator.";
+    std::string markup = message;
+    while (markup.size() < static_cast<std::size_t>(state.range()))
+        markup += message;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(scanTags(markup));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(markup.size()));
+}
+
 } // namespace
 
 BENCHMARK(LogLineFilteredOut);
@@ -85,4 +100,5 @@ BENCHMARK(LogLineWritten);
 BENCHMARK(BareOpenAppendClose);
 BENCHMARK(StatusReplyDecoded);
 BENCHMARK(MessageOfOneMebibyteJoined);
+BENCHMARK(MarkupScanned)->ArgName("bytes")->Arg(1)->Arg(64 * 1024);
 BENCHMARK_MAIN();

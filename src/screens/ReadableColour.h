@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 
 namespace fv2 {
 
@@ -12,5 +13,9 @@ inline constexpr double kContrastOfText = 4.5;
 
 //! White where its contrast to the background is at least so much, otherwise a near black.
 [[nodiscard]] QColor readableOn(const QColor& background, double leastContrast = kContrastOfLargeText);
+
+//! Of the mark around what has the keyboard: the palette's highlight where it can be told from the background,
+//! otherwise the text's.
+[[nodiscard]] QColor focusMarkOn(const QColor& background, const QPalette& palette, const QColor& text);
 
 } // namespace fv2

@@ -90,6 +90,7 @@ void StatusMessageItemSubviewController::refreshColours(const FV2AppConfigModel&
     statusMessageTitle->setTextColor(text);
     textView()->setTextColor(text);
     textView()->setLinkColor(linkColourOn(background, text, config.isDarkMode()));
+    textView()->setFocusMarkColor(focusMarkOn(background, itemView()->palette(), text));
 }
 
 } // namespace fv2

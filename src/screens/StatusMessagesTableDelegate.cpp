@@ -33,7 +33,7 @@ void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& table
     const Messages& messages = model->state().statusMessageList;
     if (!firstTime && messages == m_shown)
         return;
-    const auto focused = focus();
+    const auto focused = focus(tableView);
     if (focused) // goes nowhere else meanwhile: screen readers would read out where
         tableView.window()->focusWidget()->clearFocus();
     removeAllStatusMessagedTableViewItems(tableView);
@@ -49,16 +49,37 @@ void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& table
     firstTime = false;
     m_shown = messages;
     tableView.reloadData();
+    chainRowsForTab(tableView);
     if (focused)
         giveFocusBack(*focused, tableView);
 }
 
-std::optional<StatusMessagesTableDelegate::Focus> StatusMessagesTableDelegate::focus() const {
-    for (std::size_t row = 0; row < statusMessageItemViews.size(); ++row)
-        if (itemView(static_cast<int>(row)) != nullptr)
-            if (const auto link = statusMessageItemViews[row]->textView()->focusedLink())
-                return Focus{m_shown[row], *link};
-    return std::nullopt;
+//! New views come last in their window's order of Tab, behind all that follows the table. Qt only moves views, and
+//! only behind views, that Tab stops at; the table is none while it has nothing to scroll.
+void StatusMessagesTableDelegate::chainRowsForTab(StatusMessagesTableView& tableView) const {
+    const Qt::FocusPolicy policy = tableView.focusPolicy();
+    tableView.setFocusPolicy(Qt::TabFocus);
+    QWidget* before = &tableView;
+    for (const auto& item : statusMessageItemViews) {
+        StatusMessageItemTextAndLink* const text = item->textView();
+        if (text->focusPolicy() == Qt::NoFocus)
+            continue;
+        QWidget::setTabOrder(before, text);
+        before = text;
+    }
+    tableView.setFocusPolicy(policy);
+}
+
+//! Asks the window, which knows it even while another window is in use.
+std::optional<StatusMessagesTableDelegate::Focus>
+StatusMessagesTableDelegate::focus(const StatusMessagesTableView& tableView) const {
+    const auto row = std::ranges::find_if(statusMessageItemViews, [&](const auto& item) {
+        return item->itemView() != nullptr && item->textView() == tableView.window()->focusWidget();
+    });
+    if (row == statusMessageItemViews.end())
+        return std::nullopt;
+    return Focus{m_shown[static_cast<std::size_t>(row - statusMessageItemViews.begin())],
+                 (*row)->textView()->rememberedLink()};
 }
 
 //! A message is the same one while its title and its command are; its text may tell of progress.
@@ -70,7 +91,7 @@ void StatusMessagesTableDelegate::giveFocusBack(const Focus& focus, StatusMessag
         const auto row = static_cast<std::size_t>(same - m_shown.begin());
         StatusMessageItemTextAndLink* const text = statusMessageItemViews[row]->textView();
         if (focus.link < text->links().size()) {
-            text->setFocusedLink(focus.link);
+            text->giveFocusBack(focus.link);
             return;
         }
     }

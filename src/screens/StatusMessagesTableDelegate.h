@@ -37,7 +37,8 @@ private:
     };
 
     [[nodiscard]] StatusMessageItemSubview* itemView(int row) const;
-    [[nodiscard]] std::optional<Focus> focus() const;
+    [[nodiscard]] std::optional<Focus> focus(const StatusMessagesTableView& tableView) const;
+    void chainRowsForTab(StatusMessagesTableView& tableView) const;
     void giveFocusBack(const Focus& focus, StatusMessagesTableView& tableView) const;
     void removeAllStatusMessagedTableViewItems(const StatusMessagesTableView& tableView);
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/StatusMessagesTableView.h"
 
+#include "screens/ReadableColour.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 
@@ -29,6 +31,7 @@ StatusMessagesTableView::StatusMessagesTableView(QWidget* parent)
     m_focusMark->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_focusMark->setBorderWidth(2);
     m_focusMark->hide();
+    colourFocusMark();
 }
 
 void StatusMessagesTableView::setDataSource(StatusMessagesTableSource& source) {
@@ -104,9 +107,19 @@ void StatusMessagesTableView::resizeEvent(QResizeEvent* event) {
     layOutRows();
 }
 
+void StatusMessagesTableView::changeEvent(QEvent* event) {
+    QScrollArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        colourFocusMark();
+}
+
+void StatusMessagesTableView::colourFocusMark() {
+    m_focusMark->setBorderColor(
+        focusMarkOn(palette().color(QPalette::Window), palette(), palette().color(QPalette::WindowText)));
+}
+
 void StatusMessagesTableView::focusInEvent(QFocusEvent* event) {
     QScrollArea::focusInEvent(event);
-    m_focusMark->setBorderColor(palette().color(QPalette::Highlight));
     m_focusMark->raise();
     m_focusMark->show();
 }

@@ -50,11 +50,13 @@ protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void layOutRows();
+    void colourFocusMark();
 
     StatusMessagesTableSource* m_source = nullptr;
     StatusMessagesTableSource* m_delegate = nullptr;

@@ -57,7 +57,7 @@ public:
     [[nodiscard]] QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
     void doAction(const QString& name) override {
         if (name == setFocusAction())
-            m_view->setFocusedLink(m_number);
+            m_view->focusLink(m_number);
         else if (name == pressAction())
             m_view->runLink(m_number);
     }

@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTimer>
 #include <QToolTip>
 
 #include <cmath>
@@ -57,7 +58,9 @@ void NxTextAndLinksView::setLinkColor(const QColor& colour) {
     if (m_linkColor == colour)
         return;
     m_linkColor = colour;
-    m_text.changeLinks([&](NxAttributedString::Attributes& attributes) { attributes.textColor = colour; });
+    m_text.changeLinks([&](NxAttributedString::Attributes& attributes) {
+        attributes.textColor = colour.isValid() ? colour : m_textColor;
+    });
     forgetLayout();
 }
 
@@ -68,6 +71,15 @@ void NxTextAndLinksView::setTextColor(const QColor& colour) {
             attributes.textColor = colour;
     });
     forgetLayout();
+}
+
+void NxTextAndLinksView::setFocusMarkColor(const QColor& colour) {
+    m_focusMarkColor = colour;
+    update();
+}
+
+QColor NxTextAndLinksView::focusMarkColor() const {
+    return m_focusMarkColor.isValid() ? m_focusMarkColor : palette().color(QPalette::Highlight);
 }
 
 void NxTextAndLinksView::textDidChange() {
@@ -175,7 +187,7 @@ void NxTextAndLinksView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (const auto focused = focusedLink()) { // below the text, whose letters may touch the mark
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.setPen(QPen(focusMarkColor(), 2));
         for (const QRectF& piece : piecesOfLink(*focused))
             painter.drawRoundedRect(piece.adjusted(-2, -1, 2, 1), 4, 4);
     }
@@ -243,10 +255,16 @@ void NxTextAndLinksView::mousePressEvent(QMouseEvent* event) {
         clickedOnLink(*index);
 }
 
+//! The second press of a double click runs nothing, be it on the view that the first one made.
+void NxTextAndLinksView::mouseDoubleClickEvent(QMouseEvent* event) {
+    event->accept();
+}
+
 void NxTextAndLinksView::keyPressEvent(QKeyEvent* event) {
     const bool runs = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    const bool alone = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const auto focused = focusedLink();
-    if (runs && focused && !event->isAutoRepeat())
+    if (runs && alone && focused && !event->isAutoRepeat())
         runLink(*focused);
     else
         QWidget::keyPressEvent(event);
@@ -256,29 +274,38 @@ std::optional<std::size_t> NxTextAndLinksView::focusedLink() const {
     return hasFocus() && m_focusedLink < m_links.size() ? std::optional(m_focusedLink) : std::nullopt;
 }
 
-void NxTextAndLinksView::setFocusedLink(std::size_t link) {
+void NxTextAndLinksView::focusLink(std::size_t link) {
+    giveFocusBack(link);
+    Q_EMIT linkFocused(rectOfLink(link));
+}
+
+void NxTextAndLinksView::giveFocusBack(std::size_t link) {
     m_focusedLink = link;
     if (hasFocus())
-        focusLink(link);
+        moveFocusMark(link);
     else
         setFocus(Qt::OtherFocusReason);
 }
 
-void NxTextAndLinksView::focusLink(std::size_t link) {
+void NxTextAndLinksView::moveFocusMark(std::size_t link) {
     m_focusedLink = link;
     update();
-    if (!focusedLink())
-        return;
-    NxTextAndLinksAccessible::tellFocus(*this, link);
-    Q_EMIT linkFocused(rectOfLink(link));
+    if (focusedLink())
+        NxTextAndLinksAccessible::tellFocus(*this, link);
 }
 
 void NxTextAndLinksView::focusInEvent(QFocusEvent* event) {
-    if (event->reason() == Qt::TabFocusReason)
+    const bool forward = event->reason() == Qt::TabFocusReason;
+    const bool backward = event->reason() == Qt::BacktabFocusReason;
+    if (forward)
         m_focusedLink = 0;
-    else if (event->reason() == Qt::BacktabFocusReason && !m_links.empty())
+    else if (backward && !m_links.empty())
         m_focusedLink = m_links.size() - 1;
-    focusLink(m_focusedLink);
+    update();
+    // Qt tells screen readers of the view once this is over; the last word is the link's.
+    QTimer::singleShot(0, this, [this] { moveFocusMark(m_focusedLink); });
+    if ((forward || backward) && focusedLink())
+        Q_EMIT linkFocused(rectOfLink(m_focusedLink));
 }
 
 void NxTextAndLinksView::focusOutEvent(QFocusEvent*) {

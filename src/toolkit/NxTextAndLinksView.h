@@ -37,6 +37,9 @@ public:
     [[nodiscard]] const QColor& linkColor() const { return m_linkColor; }
     //! Without it the text has the palette's colour.
     void setTextColor(const QColor& colour);
+    //! Of the mark around the link that has the keyboard; without it the palette's highlight.
+    void setFocusMarkColor(const QColor& colour);
+    [[nodiscard]] QColor focusMarkColor() const;
 
     [[nodiscard]] const QString& string() const { return m_text.string(); }
     [[nodiscard]] const std::vector<NxAttributedString::LinkRange>& links() const { return m_links; }
@@ -48,7 +51,12 @@ public:
     [[nodiscard]] QRect rectOfLink(std::size_t link) const;
     //! The link that has the keyboard; none while the view has not got it.
     [[nodiscard]] std::optional<std::size_t> focusedLink() const;
-    void setFocusedLink(std::size_t link);
+    //! The one that had the keyboard last, and gets it with the view.
+    [[nodiscard]] std::size_t rememberedLink() const { return m_focusedLink; }
+    //! Brings the keyboard to a link as Tab does.
+    void focusLink(std::size_t link);
+    //! Gives the keyboard to a link that had it already, as far as the user can tell: nothing moves into view.
+    void giveFocusBack(std::size_t link);
     //! Runs a link as a click on it does. The view may be on its way out afterwards.
     void runLink(std::size_t link) { clickedOnLink(m_links.at(link).start); }
 
@@ -60,7 +68,7 @@ public:
     [[nodiscard]] int heightForWidth(int width) const override;
 
 Q_SIGNALS:
-    //! The keyboard has come to a link; its place in the view.
+    //! The user has brought the keyboard to a link; its place in the view. Not told when a window gives it back.
     void linkFocused(const QRect& place);
 
 protected:
@@ -76,6 +84,7 @@ protected:
     void leaveEvent(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -84,7 +93,7 @@ protected:
 private:
     void textDidChange();
     void updateCursor(const QPoint& place);
-    void focusLink(std::size_t link);
+    void moveFocusMark(std::size_t link);
     [[nodiscard]] std::vector<QRectF> piecesOfLink(std::size_t link) const;
     void forgetLayout();
     const QTextLayout& layoutAt(int width) const;
@@ -94,6 +103,7 @@ private:
     std::vector<NxAttributedString::LinkRange> m_links;
     QColor m_textColor;
     QColor m_linkColor;
+    QColor m_focusMarkColor;
     Qt::CursorShape m_currentCursor = Qt::ArrowCursor;
     std::size_t m_focusedLink = 0;
 

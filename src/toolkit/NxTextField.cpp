@@ -99,9 +99,9 @@ QString NxTextField::shownText() const {
     QTextLayout layout(oneLine(), font(), this);
     if (layOut(layout, kUnlimited).width() <= room)
         return oneLine();
-    const int cut =
-        layout.lineAt(0).xToCursor(room - fontMetrics().horizontalAdvance(mark), QTextLine::CursorOnCharacter);
-    return oneLine().left(cut) + mark;
+    const QTextLine line = layout.lineAt(0);
+    const double cut = line.naturalTextRect().left() + room - fontMetrics().horizontalAdvance(mark);
+    return oneLine().left(line.xToCursor(cut, QTextLine::CursorOnCharacter)) + mark;
 }
 
 void NxTextField::updateToolTip() {

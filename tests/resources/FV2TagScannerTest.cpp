@@ -112,7 +112,6 @@ TEST(TagScanner, TakesOutTagsAndDecodesEntities) {
         {times(16, times(4094, "x") + "</B>") + times(30, "x"), times(16 * 4094 + 30, "x"), ""},
         {times(16, times(4094, "x") + "</B>") + times(31, "x"), times(16 * 4094, "x"), ""},
     };
-    EXPECT_GE(table.size(), 60U);
     for (const Case& each : table) {
         const FV2ScannedText scanned = scanTags(each.markup, each.capacity);
         SCOPED_TRACE(each.markup.substr(0, 60));

@@ -3,6 +3,7 @@
 #include "toolkit/NxTextAndLinksViewContainer.h"
 
 #include <QAccessible>
+#include <QBitmap>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QTest>
@@ -110,6 +111,7 @@ TEST_F(TextAndLinks, ReactsToTheMouse) {
     }
     EXPECT_TRUE(before.hasFocus()) << "a word that is being typed goes on where it began";
     QTest::mouseClick(&view, Qt::LeftButton, {}, middleOf(1));
+    QTest::mouseDClick(&view, Qt::LeftButton, {}, middleOf(1)); // only the second press of one
     QTest::mouseClick(&view, Qt::RightButton, {}, middleOf(1));
     QTest::mouseClick(&view, Qt::LeftButton, {}, view.rect().bottomRight());
     ASSERT_EQ(view.clicks.size(), 1U);
@@ -134,9 +136,16 @@ TEST_F(TextAndLinks, IsWalkedAndRunByKeyboard) {
     EXPECT_NE(calm.pixelColor(edge), view.palette().color(QPalette::Highlight));
     tab();
     EXPECT_EQ(view.focusedLink(), 1U);
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_X})
-        QTest::keyClick(&view, key);
-    EXPECT_EQ(view.clicks, (std::vector<int>{12, 12, 12}));
+    for (const auto& [key, with, runs] : {std::tuple(Qt::Key_Return, Qt::NoModifier, true),
+                                          {Qt::Key_Enter, Qt::KeypadModifier, true},
+                                          {Qt::Key_Space, Qt::NoModifier, true},
+                                          {Qt::Key_X, Qt::NoModifier, false},
+                                          {Qt::Key_Return, Qt::AltModifier, false},
+                                          {Qt::Key_Enter, Qt::ControlModifier, false},
+                                          {Qt::Key_Space, Qt::ShiftModifier, false}}) {
+        QTest::keyClick(&view, key, with);
+        EXPECT_EQ(std::exchange(view.clicks, {}), runs ? std::vector<int>{12} : std::vector<int>()) << key << with;
+    }
     tab();
     EXPECT_TRUE(after.hasFocus());
     tab(Qt::ShiftModifier);
@@ -183,15 +192,16 @@ TEST(TextAndLinksView, FollowsItsTextFontAndColours) {
     EXPECT_GE(view.rectOfLink(0).height(), 2 * view.fontMetrics().height());
     EXPECT_TRUE(view.rect().contains(view.rectOfLink(0)));
     const auto has = [&view](const QColor& colour) {
-        const QImage image = view.grab().toImage();
-        for (int place = 0; place < image.width() * image.height(); ++place)
-            if (image.pixelColor(place % image.width(), place / image.width()) == colour)
-                return true;
-        return false;
+        const QImage without = view.grab().toImage().createMaskFromColor(colour.rgb(), Qt::MaskOutColor);
+        return !QRegion(QBitmap::fromImage(without)).isEmpty(); // a bitmap has its colours the other way round
     };
     EXPECT_TRUE(has(Qt::red)) << "links are underlined";
     view.setLinkColor(Qt::green);
     EXPECT_TRUE(has(Qt::green) && !has(Qt::red));
+    view.setTextColor(Qt::magenta);
+    EXPECT_TRUE(has(Qt::green) && has(Qt::magenta));
+    view.setLinkColor(QColor());
+    EXPECT_FALSE(has(Qt::green) || has(Qt::black));
     view.setFont(QFont(view.font().family(), 2 * view.font().pointSize()));
     EXPECT_GT(view.heightForWidth(view.width()), height);
 }

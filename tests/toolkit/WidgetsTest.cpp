@@ -15,6 +15,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QBitmap>
 #include <QMouseEvent>
 #include <QTextDocument>
 #include <gtest/gtest.h>
@@ -144,6 +145,11 @@ TEST(TextField, ShowsTheStylesOfAnApplicationsTextOfHtml) {
     field.resize(whole);
     field.grab();
     EXPECT_FALSE(field.toolTip().isEmpty());
+    for (const auto alignment : {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight}) {
+        field.setAlignment(alignment);
+        const QImage letters = field.grab().toImage().createHeuristicMask();
+        EXPECT_GT(QRegion(QBitmap::fromImage(letters)).boundingRect().width(), field.width() / 2) << alignment;
+    }
 
     const auto styled =
         attributedStringFromHtml(QStringLiteral("a<i>b</i><font color='#ff0000'>c</font>"), QFont(), Qt::blue);

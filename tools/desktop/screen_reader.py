@@ -6,6 +6,7 @@ Asks the accessibility bus of one Desktop(accessible=True) directly: the usual c
 as its process lives."""
 
 import contextlib
+import re
 
 import dbus
 import dbus.bus
@@ -31,8 +32,15 @@ STATES = (
 class ScreenReader:
     def __init__(self, desktop):
         launcher = desktop.bus.get_object("org.a11y.Bus", "/org/a11y/bus", introspect=False)
-        self.bus = dbus.bus.BusConnection(str(launcher.GetAddress(dbus_interface="org.a11y.Bus")))
+        address = str(launcher.GetAddress(dbus_interface="org.a11y.Bus"))
+        self.bus = dbus.bus.BusConnection(address)
         desktop.at_end(self.bus.close)
+        registry = self.bus.get_object("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", introspect=False)
+        registry.RegisterEvent("object:state-changed:focused", dbus.Array([], "s"), "",
+                               dbus_interface="org.a11y.atspi.Registry")
+        self._focus = desktop.start(
+            ["dbus-monitor", "--address", address, "type='signal',member='StateChanged',arg0='focused'"])
+        self._focus.expect("member=NameLost")  # by which it has become an observer
 
     def application(self, pid, seconds=10.0):
         """The root of a process' elements, once it has announced itself."""
@@ -42,6 +50,10 @@ class ScreenReader:
 
         return wait_until(announced, f"process {pid} to speak to screen readers", seconds)
 
+    def told_focus(self):
+        """The paths of the elements that programs have told to have the keyboard, one after the other."""
+        return re.findall(r' path=(\S+); [^\n]*\n *string "focused"\n *int32 1\n', "\n".join(self._focus.lines) + "\n")
+
 
 class Element:
     """One element. Every question goes to the program anew; one that has gone answers with a DBusException."""
@@ -49,6 +61,7 @@ class Element:
     def __init__(self, bus, owner, path):
         self._bus = bus
         self._owner = owner
+        self.path = path
         self._object = bus.get_object(owner, path, introspect=False)
 
     def pid(self):
