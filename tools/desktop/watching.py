@@ -1,0 +1,81 @@
+# SPDX-FileCopyrightText: 2026 The fv2-agent authors
+# SPDX-License-Identifier: Apache-2.0
+"""What can be learnt of a running program from outside without its help: what lies in its memory, how long its main
+thread keeps others waiting."""
+
+import contextlib
+import re
+import threading
+import time
+
+import dbus
+import dbus.bus
+
+from tray import TrayItem
+
+#: Read at once; a text that lies across two pieces is found as well.
+PIECE = 1 << 22
+BEAT_SECONDS = 0.02
+
+
+def memory_of(pid):
+    """The writable memory of a process, in pieces. As root, or of a child of ours while it lets itself be read."""
+    with open(f"/proc/{pid}/maps", encoding="utf-8") as maps, open(f"/proc/{pid}/mem", "rb", buffering=0) as memory:
+        for line in maps:
+            start, end = (int(number, 16) for number in line.split(maxsplit=1)[0].split("-"))
+            if line.split()[1].startswith("rw"):
+                for place in range(start, end, PIECE):
+                    with contextlib.suppress(OSError):  # pages that are there for a device, or have just gone
+                        memory.seek(place)
+                        yield memory.read(min(PIECE + 1024, end - place))
+
+
+def copies_in_memory(pid, *texts):
+    """How often any of the texts lies in a process's memory, by the way in which it is written there."""
+    counts = {}
+    for encoding in ("utf-8", "utf-16-le"):
+        wanted = re.compile(b"|".join(re.escape(text.encode(encoding)) for text in texts))
+        counts[encoding] = sum(match.start() < PIECE for piece in memory_of(pid) for match in wanted.finditer(piece))
+    return counts
+
+
+def seconds_of(ask, *arguments):
+    started = time.monotonic()
+    ask(*arguments)
+    return time.monotonic() - started
+
+
+class Heartbeat:
+    """Asks a tray item for its title, over and over, in a `with` block: Qt answers that on the program's main thread.
+    `longest` is the longest time that an answer took, in seconds; `longest_of_bus` is the same of the bus itself, which
+    tells how busy the machine is."""
+
+    def __init__(self, desktop, item):
+        self.longest, self.longest_of_bus, self.beats = 0.0, 0.0, 0
+        self._address, self._item = desktop.env["DBUS_SESSION_BUS_ADDRESS"], item
+        self._done = threading.Event()
+        self._thread = threading.Thread(target=self._beat, name="heartbeat", daemon=True)
+        self._failure = None
+
+    def __enter__(self):
+        self._thread.start()
+        return self
+
+    def __exit__(self, kind, *_):
+        self._done.set()
+        self._thread.join(30)
+        if kind is None and (self._failure or not self.beats):
+            raise AssertionError(f"no heartbeat after {self.beats} beats: {self._failure}")
+
+    def _beat(self):
+        bus = dbus.bus.BusConnection(self._address)
+        item = TrayItem(bus, self._item.address)
+        try:
+            while not self._done.wait(BEAT_SECONDS):
+                self.longest_of_bus = max(self.longest_of_bus, seconds_of(bus.get_name_owner, "org.freedesktop.DBus"))
+                self.longest = max(self.longest, seconds_of(item.title))
+                self.beats += 1
+        except dbus.DBusException as failure:
+            self._failure = failure
+        finally:
+            bus.close()
