@@ -197,7 +197,10 @@ void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure)
 void FV2AppStateModel::finishProxySync(bool alertOnFailure, const CommandResult& result) {
     proxySyncSemaphore.signal();
     m_state.syncORMActive = false;
-    m_appDelegate->updateMenu();
+    if (result.ok)
+        m_appDelegate->updateMenu(); // the service's notification brings the rest
+    else
+        updateFromModel(false, fv2SyncSource::None);
     if (alertOnFailure && !result.ok && isMainWindowOpen())
         doAlert(fv2Window::Main, result.errorCode, result.alert);
 }

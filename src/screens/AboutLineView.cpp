@@ -9,6 +9,13 @@
 
 namespace fv2 {
 
+namespace {
+
+//! What a line edit keeps free on both sides of its text.
+constexpr int kInsideLineEdit = 2;
+
+} // namespace
+
 AboutLineView::AboutLineView(QWidget* parent)
     : QWidget(parent)
     , m_label(new NxTextField(this))
@@ -27,17 +34,20 @@ AboutLineView::AboutLineView(QWidget* parent)
     row->addWidget(m_value, 1);
 }
 
-void AboutLineView::makeCopyable() {
+void AboutLineView::setCopyable(bool copyable) {
+    if (!copyable || isCopyable())
+        return;
     m_value->hide();
     m_copyableValue = new QLineEdit(this);
     m_copyableValue->setReadOnly(true);
     m_copyableValue->setFrame(false);
+    m_copyableValue->setTextMargins(-kInsideLineEdit, 0, -kInsideLineEdit, 0); // as the other lines' values
+    m_copyableValue->setFixedHeight(m_label->sizeHint().height());
     m_copyableValue->setContextMenuPolicy(Qt::CustomContextMenu);
     QPalette onPage;
     onPage.setColor(QPalette::Base, Qt::transparent);
     m_copyableValue->setPalette(onPage);
     m_label->setBuddy(m_copyableValue);
-    setFocusProxy(m_copyableValue);
     layout()->addWidget(m_copyableValue);
     connect(m_copyableValue, &QWidget::customContextMenuRequested, this, &AboutLineView::showCopyMenu);
 }

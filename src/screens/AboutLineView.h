@@ -13,6 +13,8 @@ namespace fv2 {
 //! mouse and keyboard and has a menu for it. Main thread only.
 class AboutLineView final : public QWidget {
     Q_OBJECT
+    Q_PROPERTY(bool copyable READ isCopyable WRITE setCopyable)
+
 public:
     explicit AboutLineView(QWidget* parent = nullptr);
 
@@ -20,7 +22,8 @@ public:
     void setLine(const QString& label, const QString& value);
 
     //! Once, before the first setLine().
-    void makeCopyable();
+    void setCopyable(bool copyable);
+    [[nodiscard]] bool isCopyable() const { return m_copyableValue != nullptr; }
 
     //! Lines of one page share the width of their labels.
     [[nodiscard]] int labelWidth() const { return m_label->sizeHint().width(); }

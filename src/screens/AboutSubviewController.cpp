@@ -42,7 +42,6 @@ AboutSubviewController::AboutSubviewController(const std::weak_ptr<FV2AppStateMo
     fieldMachine = outlets.fieldMachine;
     fieldUUID = outlets.fieldUUID;
     fieldLastORMSync = outlets.fieldLastORMSync;
-    fieldUUID->makeCopyable();
     buttonProxySync = outlets.buttonProxySync;
     buttonInstalledComponents = outlets.buttonInstalledComponents;
     connect(buttonProxySync, &QPushButton::clicked, this, &AboutSubviewController::ProxySyncButton);

@@ -32,7 +32,8 @@ FV2AlertSheet::FV2AlertSheet(QWidget* window, FV2AlertContent content, const std
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_WindowPropagation); // the window's palette
     setWindowModality(Qt::WindowModal);
-    setWindowTitle(QString::fromStdString(m_content.messageText));
+    setWindowTitle(window->windowTitle());
+    setAccessibleName(QString::fromStdString(m_content.messageText));
     setAccessibleDescription(QString::fromStdString(m_content.informativeText));
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

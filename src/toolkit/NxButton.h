@@ -23,6 +23,9 @@ public:
     //! Shows the text as it is.
     void setText(const QString& text);
 
+    //! With some air around the text.
+    [[nodiscard]] QSize sizeHint() const override { return QPushButton::sizeHint() + QSize(12, 4); }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 

@@ -72,10 +72,12 @@ TEST_F(Model, SynchronisesOneAtATimeAndTakesTheServicesNextWordForTheUsers) {
         refresh(statusAnswer(1), Moved);
         model->syncProxyAsync(User, true);
         EXPECT_EQ(interface.icons.back(), "orm_menu_icon_warning") << "as it was before";
+        const int updates = interface.mainUpdates;
         inFlight.at(0)();
         EXPECT_EQ(settled(), calls) << answer;
         EXPECT_EQ(asked(proxySyncRequest(501, "t1")), ++rounds) << "not in flight, not dropped";
         EXPECT_FALSE(model->state().syncORMActive);
+        EXPECT_EQ(interface.mainUpdates - updates, calls.empty() ? 0 : 1) << "no notification follows a failure";
     }
     EXPECT_EQ(refresh(statusAnswer(6), Moved), "") << "not the service's";
     EXPECT_EQ(refresh(statusAnswer(3), Service), "status page; open 2 for user; ");
