@@ -14,6 +14,7 @@
 
 #include <QFile>
 
+#include <filesystem>
 #include <unistd.h>
 #include <variant>
 
@@ -30,6 +31,11 @@ std::string designPropertyList() {
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
+//! Where the build leaves what an installed agent finds in the system's folders.
+std::filesystem::path besideProgram(const char* folder) {
+    return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()) / folder;
+}
+
 } // namespace
 
 FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
@@ -37,6 +43,7 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
     , m_strings(FV2QtStrings::preferredLanguages())
     , m_trayItem(m_images, m_strings)
     , m_menu(m_strings)
+    , m_passwords(besideProgram("pam.d"))
     , m_appModel(makeModel())
     , m_screens(m_appModel)
     , m_wndDelegate(m_appModel, m_screens)
@@ -65,7 +72,8 @@ std::shared_ptr<FV2AppStateModel> FV2Agent::makeModel() {
                                        .mediumDate = mediumDate,
                                        .computerName = computerName(),
                                        .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
-                                       .doNotDisturb = [this] { return m_doNotDisturb.isOn(); }},
+                                       .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
+                                       .passwords = &m_passwords},
         ::getuid());
 }
 
@@ -110,6 +118,7 @@ void FV2Agent::onAppearanceChanged() {
 int FV2Agent::run(bool showWindow) {
     m_delegate.applicationDidFinishLaunching(showWindow || launchedByFileManager());
     const int status = m_application.exec();
+    m_passwords.hurry();
     m_dispatch.finish();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // windows that were closed last
     return status;

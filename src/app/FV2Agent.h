@@ -11,6 +11,7 @@
 #include "platform/FV2DoNotDisturb.h"
 #include "platform/FV2Images.h"
 #include "platform/FV2LoginSession.h"
+#include "platform/FV2PamPassword.h"
 #include "platform/FV2QtStrings.h"
 #include "platform/FV2QtTimerService.h"
 #include "platform/FV2Settings.h"
@@ -44,6 +45,7 @@ private:
     FV2StatusMenu m_menu;
     FV2QtTimerService m_timers;
     FV2SocketServiceLink m_service{m_settings.credentialsToRootOnly};
+    FV2PamPassword m_passwords;
     FV2DesktopDispatch m_dispatch;
     FV2Appearance m_appearance;
     FV2DoNotDisturb m_doNotDisturb;

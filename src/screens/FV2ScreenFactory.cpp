@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/FV2ScreenFactory.h"
 
+#include "screens/EnterPasswordWindowWindowController.h"
 #include "screens/MainWindowWindowController.h"
 
 namespace fv2 {
@@ -10,9 +11,9 @@ std::shared_ptr<FV2MainWindowController> FV2ScreenFactory::makeMainWindow(FV2Win
     return makeController<MainWindowWindowController>(m_appModel, registry);
 }
 
-std::shared_ptr<FV2PasswordWindowController> FV2ScreenFactory::makePasswordWindow(FV2WindowDelegate& /*registry*/,
-                                                                                  bool /*encrypting*/) {
-    return nullptr;
+std::shared_ptr<FV2PasswordWindowController> FV2ScreenFactory::makePasswordWindow(FV2WindowDelegate& registry,
+                                                                                  bool encrypting) {
+    return makeController<EnterPasswordWindowWindowController>(m_appModel, registry, encrypting);
 }
 
 } // namespace fv2

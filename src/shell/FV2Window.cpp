@@ -32,6 +32,7 @@ QAccessibleInterface* accessibleWindow(const QString& className, QObject* object
 
 FV2Window::FV2Window(QSize contentSize)
     : QWidget(nullptr, kTitledAndClosable)
+    , m_contentSize(contentSize)
     , m_frame(new QVBoxLayout(this)) {
     m_frame->setContentsMargins(0, 0, 0, 0);
     m_frame->setSpacing(0);
@@ -40,6 +41,21 @@ FV2Window::FV2Window(QSize contentSize)
     resize(contentSize);
     auto* const close = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_W), this);
     connect(close, &QShortcut::activated, this, [this] { QWidget::close(); });
+}
+
+void FV2Window::hideTitlebarButtons() {
+    m_hasButtons = false;
+    setWindowFlag(Qt::WindowCloseButtonHint, false);
+}
+
+void FV2Window::growWithContent() {
+    m_grows = true;
+    fitContent();
+}
+
+void FV2Window::fitContent() {
+    const int width = std::max(m_contentSize.width(), m_frame->totalMinimumSize().width());
+    setMinimumSize(width, std::max(m_contentSize.height(), m_frame->minimumHeightForWidth(width)));
 }
 
 void FV2Window::setContentView(QWidget* view) {
@@ -54,7 +70,7 @@ void FV2Window::setCloseEnabled(bool enabled) {
     m_closeEnabled = enabled;
     // Setting the widget's own flags would hide it for a moment.
     if (QWindow* const handle = windowHandle())
-        handle->setFlag(Qt::WindowCloseButtonHint, enabled);
+        handle->setFlag(Qt::WindowCloseButtonHint, isCloseEnabled());
 }
 
 void FV2Window::closeWindow() {
@@ -63,8 +79,14 @@ void FV2Window::closeWindow() {
     m_closing = false;
 }
 
+bool FV2Window::event(QEvent* event) {
+    if (m_grows && (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show))
+        fitContent();
+    return QWidget::event(event);
+}
+
 void FV2Window::closeEvent(QCloseEvent* event) {
-    if (!m_closeEnabled && !m_closing) {
+    if (!isCloseEnabled() && !m_closing) {
         event->ignore();
         return;
     }

@@ -20,6 +20,11 @@ public:
     //! `contentSize` is the size at first, in device-independent pixels, and the smallest one.
     explicit FV2Window(QSize contentSize);
 
+    //! Takes every button out of the title bar, before the window is first shown: only closeWindow() closes it then.
+    void hideTitlebarButtons();
+    //! Lets the window be larger than its first size where what is in it needs that, from now on.
+    void growWithContent();
+
     //! Fills the window with the view, which the window then owns.
     void setContentView(QWidget* view);
     //! Puts a strip above the content.
@@ -27,7 +32,7 @@ public:
 
     //! Whether the user can close the window; closeWindow() does in any case.
     void setCloseEnabled(bool enabled);
-    [[nodiscard]] bool isCloseEnabled() const { return m_closeEnabled; }
+    [[nodiscard]] bool isCloseEnabled() const { return m_closeEnabled && m_hasButtons; }
     void closeWindow();
 
     //! Whether the user sees the window as one of the desktop's open ones: shown and not minimised. The window with the
@@ -58,6 +63,7 @@ Q_SIGNALS:
     void shownOrHidden();
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -70,12 +76,16 @@ private:
         std::function<void()> onFirstButton;
     };
 
+    void fitContent();
     void showAtFront();
     void beginNextSheet();
 
+    const QSize m_contentSize;
     QVBoxLayout* m_frame;
     QPointer<FV2AlertSheet> m_sheet;
     std::deque<WaitingSheet> m_waitingSheets;
+    bool m_hasButtons = true;
+    bool m_grows = false;
     bool m_closeEnabled = true;
     bool m_closing = false;
     bool m_painted = false;

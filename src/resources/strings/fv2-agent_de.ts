@@ -169,6 +169,18 @@
         <source>Password:</source>
         <translation>Passwort:</translation>
     </message>
+    <message id="IDUS_PASSWORDDIALOG_CAPS_LOCK">
+        <source>Caps Lock is on.</source>
+        <translation>Die Feststelltaste ist aktiv.</translation>
+    </message>
+    <message id="IDUS_PASSWORDDIALOG_CHECKING">
+        <source>Checking your password…</source>
+        <translation>Ihr Passwort wird geprüft …</translation>
+    </message>
+    <message id="IDUS_PASSWORDDIALOG_REFUSED">
+        <source>Not added: the password would become too long or hold characters that it cannot have.</source>
+        <translation>Nicht übernommen: Das Passwort würde zu lang oder enthielte unzulässige Zeichen.</translation>
+    </message>
     <message id="IDUS_BUTTON_OK">
         <source>OK</source>
         <translation>OK</translation>
@@ -180,6 +192,14 @@
     <message id="IDUS_BUTTON_POSTPONE">
         <source>Later</source>
         <translation>Später</translation>
+    </message>
+    <message id="IDUS_BUTTON_SHOW_PASSWORD">
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message id="IDUS_BUTTON_HIDE_PASSWORD">
+        <source>Hide</source>
+        <translation>Verbergen</translation>
     </message>
     <message id="IDUS_BUTTON_HELP">
         <source>Help</source>

@@ -169,6 +169,18 @@
         <source>Password:</source>
         <translation>Password:</translation>
     </message>
+    <message id="IDUS_PASSWORDDIALOG_CAPS_LOCK">
+        <source>Caps Lock is on.</source>
+        <translation>Caps Lock is on.</translation>
+    </message>
+    <message id="IDUS_PASSWORDDIALOG_CHECKING">
+        <source>Checking your password…</source>
+        <translation>Checking your password…</translation>
+    </message>
+    <message id="IDUS_PASSWORDDIALOG_REFUSED">
+        <source>Not added: the password would become too long or hold characters that it cannot have.</source>
+        <translation>Not added: the password would become too long or hold characters that it cannot have.</translation>
+    </message>
     <message id="IDUS_BUTTON_OK">
         <source>OK</source>
         <translation>OK</translation>
@@ -180,6 +192,14 @@
     <message id="IDUS_BUTTON_POSTPONE">
         <source>Later</source>
         <translation>Later</translation>
+    </message>
+    <message id="IDUS_BUTTON_SHOW_PASSWORD">
+        <source>Show</source>
+        <translation>Show</translation>
+    </message>
+    <message id="IDUS_BUTTON_HIDE_PASSWORD">
+        <source>Hide</source>
+        <translation>Hide</translation>
     </message>
     <message id="IDUS_BUTTON_HELP">
         <source>Help</source>

@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2PamPassword.h"
+
+#include "logging/FV2Logging.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <security/pam_appl.h>
+#include <string.h>
+
+namespace fv2 {
+
+namespace {
+
+constexpr const char* kService = "fv2-agent";
+//! Where PAM itself looks for service files.
+constexpr std::array kSystemFolders{"/etc/pam.d", "/usr/lib/pam.d"};
+
+//! What PAM's modules may ask and be told during one check.
+struct Conversation {
+    const SecretText& password;
+    const StopSignal& hurry;
+    bool answered = false;
+    bool askedForMore = false;
+};
+
+struct FreeResponses {
+    std::size_t count;
+    void operator()(pam_response* responses) const {
+        for (std::size_t i = 0; i < count; ++i)
+            if (char* const text = responses[i].resp) {
+                ::explicit_bzero(text, ::strlen(text));
+                std::free(text);
+            }
+        std::free(responses);
+    }
+};
+
+//! What PAM is given belongs to it: it overwrites and frees the text.
+char* copyForPam(std::string_view text) {
+    auto* const copy = static_cast<char*>(std::calloc(text.size() + 1, 1));
+    if (copy != nullptr)
+        text.copy(copy, text.size());
+    return copy;
+}
+
+bool isPrompt(const pam_message& message) {
+    return message.msg_style != PAM_TEXT_INFO && message.msg_style != PAM_ERROR_MSG;
+}
+
+//! The password for the first hidden prompt; mere messages are passed over, every other question is refused.
+int converse(int count, const pam_message** messages, pam_response** answers, void* data) {
+    auto& conversation = *static_cast<Conversation*>(data);
+    if (count <= 0 || count > PAM_MAX_NUM_MSG)
+        return PAM_CONV_ERR;
+    const auto many = static_cast<std::size_t>(count);
+    std::unique_ptr<pam_response[], FreeResponses> responses(
+        static_cast<pam_response*>(std::calloc(many, sizeof(pam_response))), FreeResponses{many});
+    if (!responses)
+        return PAM_BUF_ERR;
+    for (std::size_t i = 0; i < many; ++i) {
+        if (!isPrompt(*messages[i]))
+            continue;
+        if (messages[i]->msg_style != PAM_PROMPT_ECHO_OFF || conversation.answered) {
+            conversation.askedForMore = true;
+            return PAM_CONV_ERR;
+        }
+        responses[i].resp = copyForPam(conversation.password.text());
+        conversation.answered = true;
+    }
+    *answers = responses.release();
+    return PAM_SUCCESS;
+}
+
+//! Stands in for the wait of PAM's own, which nothing could cut short.
+void waitAfterFailure(int result, unsigned microseconds, void* data) {
+    if (result == PAM_SUCCESS)
+        return;
+    const Deadline end(std::chrono::ceil<std::chrono::milliseconds>(std::chrono::microseconds(microseconds)));
+    static_cast<void>(static_cast<Conversation*>(data)->hurry.waitFor(-1, 0, end));
+}
+
+struct Words {
+    int result;
+    const char* words;
+};
+
+//! Results of both steps; the rest has to do with PAM, not with the account.
+constexpr std::array kWords{
+    Words{PAM_AUTH_ERR, "wrong password"},
+    Words{PAM_USER_UNKNOWN, "account unknown"},
+    Words{PAM_MAXTRIES, "account locked"},
+    Words{PAM_PERM_DENIED, "account locked"},
+    Words{PAM_ACCT_EXPIRED, "account expired"},
+    Words{PAM_NEW_AUTHTOK_REQD, "password expired"},
+    Words{PAM_AUTHTOK_EXPIRED, "password expired"},
+};
+
+std::string wordsFor(int result) {
+    const auto* const found =
+        std::find_if(kWords.begin(), kWords.end(), [result](const Words& each) { return each.result == result; });
+    return found != kWords.end() ? found->words : "PAM not available (module error " + std::to_string(result) + ")";
+}
+
+//! One handle's life.
+class Check {
+public:
+    Check(const std::string& userName, const char* folder, Conversation& conversation)
+        : m_conversation(conversation)
+        , m_functions{converse, &conversation} {
+        m_result = ::pam_start_confdir(kService, userName.c_str(), &m_functions, folder, &m_pam);
+        if (m_result == PAM_SUCCESS) // takes no other kind of pointer
+            m_result = ::pam_set_item(m_pam, PAM_FAIL_DELAY, reinterpret_cast<const void*>(waitAfterFailure));
+    }
+    Check(const Check&) = delete;
+    Check& operator=(const Check&) = delete;
+    ~Check() {
+        if (m_pam != nullptr)
+            ::pam_end(m_pam, m_result);
+    }
+
+    //! Empty when the password was accepted.
+    [[nodiscard]] std::string run() {
+        for (const auto step : {::pam_authenticate, ::pam_acct_mgmt})
+            if (m_result == PAM_SUCCESS)
+                m_result = step(m_pam, PAM_SILENT | PAM_DISALLOW_NULL_AUTHTOK);
+        if (m_conversation.askedForMore)
+            return "PAM asks for more than a password";
+        return m_result == PAM_SUCCESS ? std::string() : wordsFor(m_result);
+    }
+
+private:
+    Conversation& m_conversation;
+    const pam_conv m_functions;
+    pam_handle_t* m_pam = nullptr;
+    int m_result = PAM_SUCCESS;
+};
+
+bool hasServiceFile(const std::filesystem::path& folder) {
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(folder / kService, ignored);
+}
+
+} // namespace
+
+FV2PamPassword::FV2PamPassword(std::filesystem::path folder)
+    : m_folder(std::move(folder)) {
+}
+
+bool FV2PamPassword::verifyPassword(const std::string& userName, const SecretText& password) const {
+    const bool isOwn = hasServiceFile(m_folder);
+    std::string failure;
+    if (password.empty() || password.text().find('\0') != std::string_view::npos) {
+        failure = "no text that can be a password";
+    } else if (!isOwn && std::none_of(kSystemFolders.begin(), kSystemFolders.end(), hasServiceFile)) {
+        failure = "PAM not available (no service file)"; // PAM would silently take the rules of "other"
+    } else {
+        Conversation conversation{password, m_hurry};
+        failure = Check(userName, isOwn ? m_folder.c_str() : nullptr, conversation).run();
+    }
+    if (!failure.empty())
+        log(FV2LoggingLevel::error, {"verifyPassword failed:", failure});
+    return failure.empty();
+}
+
+} // namespace fv2

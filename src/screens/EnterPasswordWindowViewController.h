@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/FV2CapsLock.h"
+#include "shell/FV2ViewController.h"
+#include "shell/FV2WindowDelegate.h"
+#include "toolkit/NxButton.h"
+#include "toolkit/NxSecureTextField.h"
+#include "toolkit/NxTextField.h"
+
+#include <QPointer>
+
+#include <memory>
+#include <string>
+
+namespace fv2 {
+
+//! What is in the password dialog. A password goes to the service only when this computer takes it for the user's. Main
+//! thread only; what comes back after the last owner has let go is dropped.
+class EnterPasswordWindowViewController final
+    : public FV2ViewController,
+      public std::enable_shared_from_this<EnterPasswordWindowViewController> {
+    Q_OBJECT
+public:
+    EnterPasswordWindowViewController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry,
+                                      bool encrypting);
+
+Q_SIGNALS:
+    //! The service has accepted the password.
+    void finished();
+
+protected:
+    void refreshColours(const FV2AppConfigModel& config) override;
+
+private:
+    void viewDidLoad();
+    void addButtons();
+    void controlTextDidChange();
+    void onShowButton();
+    void onOKButton();
+    void onPostponeButton();
+    void onVerified(bool isRight, std::shared_ptr<SecretText> password);
+    void onAnswered(const CommandResult& result);
+    //! After a failure: everything is as at first, and the alert says why.
+    void startAgain(std::uint64_t errorCode, fv2Alert alert);
+    void setWaiting(bool waiting);
+    void updateHint();
+    [[nodiscard]] fv2Window kind() const;
+
+    FV2WindowDelegate& m_registry;
+    const bool encrypting;
+    const std::string m_userName;
+    FV2CapsLock m_capsLock;
+    QPointer<NxTextField> message;
+    QPointer<NxTextField> username;
+    QPointer<NxSecureTextField> secureTextPasswordField;
+    QPointer<NxButton> okButton;
+    QPointer<NxButton> m_postponeButton;
+    QPointer<NxButton> m_showButton;
+    QPointer<NxTextField> m_hint;
+    bool m_waiting = false;
+    bool m_refused = false; //!< the last input was
+};
+
+} // namespace fv2

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "screens/EnterPasswordWindowWindowController.h"
+
+#include "logging/FV2Logging.h"
+#include "screens/LayoutConstants.h"
+#include "toolkit/NxTranslated.h"
+
+namespace fv2 {
+
+namespace {
+
+std::unique_ptr<FV2Window> makeWindow(const std::weak_ptr<FV2AppStateModel>& appModel) {
+    log(FV2LoggingLevel::trace, {"EnterPasswordWindowWindowController.init"});
+    return std::make_unique<FV2Window>(
+        QSize(requiredInteger(appModel, "pwwindowx"), requiredInteger(appModel, "pwwindowy")));
+}
+
+} // namespace
+
+EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
+                                                                         FV2WindowDelegate& registry, bool isEncrypting)
+    : FV2PasswordWindowController(model, makeWindow(model))
+    , titlebarViewController(std::make_unique<FV2WindowTitlebarAccessoryViewController>(model))
+    , viewController(makeController<EnterPasswordWindowViewController>(model, registry, isEncrypting))
+    , encrypting(isEncrypting) {
+    titlebarViewController->attachTo(*this);
+    connect(viewController.get(), &EnterPasswordWindowViewController::finished, this,
+            [this] { window().closeWindow(); });
+    window().hideTitlebarButtons();
+    window().setContentView(viewController->view());
+    window().growWithContent();
+    window().setWindowTitle(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
+    window().center();
+}
+
+void EnterPasswordWindowWindowController::postponeAndClose() {
+    if (const auto model = appModel.lock())
+        model->postponePasswordDialog(encrypting);
+    window().closeWindow();
+}
+
+void EnterPasswordWindowWindowController::windowWillClose() {
+    log(FV2LoggingLevel::trace, {"EnterPasswordWindowWindowController.windowWillClose"});
+    viewController.reset();
+    FV2PasswordWindowController::windowWillClose();
+}
+
+} // namespace fv2
