@@ -1,6 +1,7 @@
 # How every target of the project is compiled, and the three kinds of target it has.
 
 option(FV2_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
+option(FV2_FUZZ "Add the fuzz programs; needs clang++ and its fuzzer among the sanitizers" OFF)
 set(FV2_SANITIZE "" CACHE STRING "Sanitizers to build with: empty, 'address,undefined' or 'thread'")
 
 set(CMAKE_CXX_STANDARD 20)
@@ -22,7 +23,7 @@ if(FV2_SANITIZE)
     add_compile_options(-fsanitize=${FV2_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${FV2_SANITIZE})
     # The optimiser's analyses report paths that only the sanitizers' own checks create.
-    add_compile_options(-Wno-maybe-uninitialized)
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 else()
     add_compile_options(-fstack-protector-strong)
     add_compile_definitions($<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/FV2AlertTable.h"
 
+#include "resources/FV2TagScanner.h"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -15,7 +17,7 @@ const FV2AlertRow* alertRow(fv2Alert alert) {
 
 FV2AlertContent alertContent(const FV2AlertRow& row, std::uint64_t errorCode, const OxStringBundle& strings) {
     const auto translated = [&strings](std::string_view identifier) {
-        return OxTranslatedString::translateOrMarkID(identifier, strings).string();
+        return scanTags(OxTranslatedString::translateOrMarkID(identifier, strings).string()).text;
     };
     FV2AlertContent content{.messageText = translated(row.title),
                             .informativeText = translated(row.text),

@@ -16,8 +16,6 @@ namespace fv2 {
 namespace {
 
 constexpr const char* kService = "fv2-agent";
-//! Where PAM itself looks for service files.
-constexpr std::array kSystemFolders{"/etc/pam.d", "/usr/lib/pam.d"};
 
 //! What PAM's modules may ask and be told during one check.
 struct Conversation {
@@ -71,7 +69,8 @@ int converse(int count, const pam_message** messages, pam_response** answers, vo
         responses[i].resp = copyForPam(conversation.password.text());
         conversation.answered = true;
     }
-    *answers = responses.release();
+    if (answers != nullptr) // modules that only say something may want none
+        *answers = responses.release();
     return PAM_SUCCESS;
 }
 
@@ -90,12 +89,9 @@ struct Words {
 
 //! Results of both steps; the rest has to do with PAM, not with the account.
 constexpr std::array kWords{
-    Words{PAM_AUTH_ERR, "wrong password"},
-    Words{PAM_USER_UNKNOWN, "account unknown"},
-    Words{PAM_MAXTRIES, "account locked"},
-    Words{PAM_PERM_DENIED, "account locked"},
-    Words{PAM_ACCT_EXPIRED, "account expired"},
-    Words{PAM_NEW_AUTHTOK_REQD, "password expired"},
+    Words{PAM_AUTH_ERR, "wrong password"},          Words{PAM_USER_UNKNOWN, "account unknown"},
+    Words{PAM_MAXTRIES, "account locked"},          Words{PAM_PERM_DENIED, "account locked"},
+    Words{PAM_ACCT_EXPIRED, "account expired"},     Words{PAM_NEW_AUTHTOK_REQD, "password expired"},
     Words{PAM_AUTHTOK_EXPIRED, "password expired"},
 };
 
@@ -146,8 +142,9 @@ bool hasServiceFile(const std::filesystem::path& folder) {
 
 } // namespace
 
-FV2PamPassword::FV2PamPassword(std::filesystem::path folder)
-    : m_folder(std::move(folder)) {
+FV2PamPassword::FV2PamPassword(Path folder, std::vector<Path> systemFolders)
+    : m_folder(std::move(folder))
+    , m_systemFolders(std::move(systemFolders)) {
 }
 
 bool FV2PamPassword::verifyPassword(const std::string& userName, const SecretText& password) const {
@@ -155,7 +152,7 @@ bool FV2PamPassword::verifyPassword(const std::string& userName, const SecretTex
     std::string failure;
     if (password.empty() || password.text().find('\0') != std::string_view::npos) {
         failure = "no text that can be a password";
-    } else if (!isOwn && std::none_of(kSystemFolders.begin(), kSystemFolders.end(), hasServiceFile)) {
+    } else if (!isOwn && std::none_of(m_systemFolders.begin(), m_systemFolders.end(), hasServiceFile)) {
         failure = "PAM not available (no service file)"; // PAM would silently take the rules of "other"
     } else {
         Conversation conversation{password, m_hurry};

@@ -6,6 +6,7 @@
 #include "model/FV2Ports.h"
 
 #include <filesystem>
+#include <vector>
 
 namespace fv2 {
 
@@ -13,8 +14,10 @@ namespace fv2 {
 //! thread.
 class FV2PamPassword final : public FV2UserAndPasswordModel {
 public:
-    //! Takes the service file of `folder` if there is one, else the system's.
-    explicit FV2PamPassword(std::filesystem::path folder);
+    using Path = std::filesystem::path;
+
+    //! Takes the service file of `folder` if there is one, else that of one of the folders in which PAM itself looks.
+    explicit FV2PamPassword(Path folder, std::vector<Path> systemFolders = {"/etc/pam.d", "/usr/lib/pam.d"});
 
     [[nodiscard]] bool verifyPassword(const std::string& userName, const SecretText& password) const override;
 
@@ -22,7 +25,8 @@ public:
     void hurry() { m_hurry.raise(); }
 
 private:
-    const std::filesystem::path m_folder;
+    const Path m_folder;
+    const std::vector<Path> m_systemFolders;
     StopSignal m_hurry;
 };
 

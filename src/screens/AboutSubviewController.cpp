@@ -78,13 +78,14 @@ void AboutSubviewController::updateFromModel() {
 
 //! A button that is disabled loses the keyboard; it gets it back if the user has not moved on meanwhile.
 void AboutSubviewController::enableProxySync(bool enabled) {
-    const bool hadFocus = buttonProxySync->hasFocus();
+    const QWidget* const window = buttonProxySync->window();
+    const bool hadFocus = window->focusWidget() == buttonProxySync;
     buttonProxySync->setEnabled(enabled);
     if (!enabled && hadFocus)
-        m_focusAfterSync = buttonProxySync->window()->focusWidget();
+        m_focusAfterSync = window->focusWidget();
     if (!enabled || m_focusAfterSync == nullptr)
         return;
-    if (m_focusAfterSync->hasFocus())
+    if (window->focusWidget() == m_focusAfterSync)
         buttonProxySync->setFocus();
     m_focusAfterSync.clear();
 }

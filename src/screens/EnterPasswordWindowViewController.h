@@ -18,9 +18,8 @@ namespace fv2 {
 
 //! What is in the password dialog. A password goes to the service only when this computer takes it for the user's. Main
 //! thread only; what comes back after the last owner has let go is dropped.
-class EnterPasswordWindowViewController final
-    : public FV2ViewController,
-      public std::enable_shared_from_this<EnterPasswordWindowViewController> {
+class EnterPasswordWindowViewController final : public FV2ViewController,
+                                                public std::enable_shared_from_this<EnterPasswordWindowViewController> {
     Q_OBJECT
 public:
     EnterPasswordWindowViewController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry,

@@ -254,8 +254,7 @@ QRect NxSecureTextField::textPlace() const {
 }
 
 //! Lays the real text out for as long as it is used.
-void NxSecureTextField::withRevealedLine(
-    const std::function<void(const QTextLayout&, const QTextLine&)>& use) const {
+void NxSecureTextField::withRevealedLine(const std::function<void(const QTextLayout&, const QTextLine&)>& use) const {
     const std::string_view utf8 = m_secret.text();
     PassingText shown(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
     for (QChar& c : shown.text())
@@ -302,10 +301,20 @@ void NxSecureTextField::keepCaretInSight() {
 }
 
 void NxSecureTextField::paintEvent(QPaintEvent* event) {
-    if (!m_revealed) {
+    if (m_revealed)
+        paintRevealed();
+    else
         QLineEdit::paintEvent(event);
+    if (hasFocus() || !isEnabled())
         return;
-    }
+    // Styles draw the frame of a dark field so faintly that it is hard to find.
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+}
+
+void NxSecureTextField::paintRevealed() {
     QPainter painter(this);
     QStyleOptionFrame panel;
     initStyleOption(&panel);

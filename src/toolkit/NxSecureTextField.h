@@ -63,6 +63,7 @@ private:
     [[nodiscard]] int revealedPosition(int place) const;
     [[nodiscard]] int placeAt(double x) const;
     void keepCaretInSight();
+    void paintRevealed();
 
     SecretText m_secret{kMostBytes};
     QTimer m_revealEnd{this};

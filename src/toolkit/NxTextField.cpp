@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "toolkit/NxTextField.h"
 
+#include "toolkit/NxHtmlText.h"
+#include "toolkit/NxTextLines.h"
 #include "toolkit/NxTranslated.h"
 
 #include <QEvent>
@@ -19,9 +21,15 @@ namespace {
 constexpr int kComfortableLetters = 60;
 constexpr int kFewestLetters = 6;
 constexpr double kUnlimited = 1 << 20;
+//! Lines of a styled text are at least so many points higher than its letters.
+constexpr double kStyledLineGap = 3;
 
 QSize roundedUp(const QSizeF& size) {
     return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
+}
+
+bool isHtml(const QString& text) {
+    return text.contains(u'<') && text.contains(u'>');
 }
 
 } // namespace
@@ -33,11 +41,21 @@ NxTextField::NxTextField(QWidget* parent)
 
 void NxTextField::setStringValue(const QString& identifier) {
     m_stringValue = identifier;
-    showText(translated(identifier));
+    const QString text = translated(identifier);
+    m_styles.clear();
+    if (!isHtml(text)) {
+        showText(text);
+        return;
+    }
+    NxAttributedString styled = attributedStringFromHtml(text, font(), textColour());
+    styled.change([](NxAttributedString::Attributes& attributes) { attributes.textColor = QColor(); });
+    m_styles = styled.formats();
+    showText(styled.string());
 }
 
 void NxTextField::setText(const QString& text) {
     m_stringValue.clear();
+    m_styles.clear();
     showText(text);
 }
 
@@ -53,6 +71,10 @@ void NxTextField::setTextColor(const QColor& colour) {
     setPalette(changed);
 }
 
+QColor NxTextField::textColour() const {
+    return palette().color(foregroundRole());
+}
+
 void NxTextField::setElided(bool elided) {
     m_elided = elided;
     updateToolTip();
@@ -65,8 +87,19 @@ QString NxTextField::oneLine() const {
 }
 
 QString NxTextField::shownText() const {
-    return m_elided ? fontMetrics().elidedText(oneLine(), Qt::ElideRight, contentsRect().width() - 2 * margin())
-                    : text();
+    if (!m_elided)
+        return text();
+    const int room = contentsRect().width() - 2 * margin();
+    if (m_styles.isEmpty())
+        return fontMetrics().elidedText(oneLine(), Qt::ElideRight, room);
+    // Each style has a width of its own.
+    const QString mark(QChar(0x2026));
+    QTextLayout layout(oneLine(), font(), this);
+    if (layOut(layout, kUnlimited).width() <= room)
+        return oneLine();
+    const int cut =
+        layout.lineAt(0).xToCursor(room - fontMetrics().horizontalAdvance(mark), QTextLine::CursorOnCharacter);
+    return oneLine().left(cut) + mark;
 }
 
 void NxTextField::updateToolTip() {
@@ -81,17 +114,9 @@ QSizeF NxTextField::layOut(QTextLayout& layout, double width) const {
     option.setTextDirection(layoutDirection());
     option.setWrapMode(wraps() ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::ManualWrap);
     layout.setTextOption(option);
-    // Accents of capitals may stand out above what the font says of its lines.
-    const QFontMetrics metrics(layout.font());
-    QSizeF size(0, std::max(0, -metrics.tightBoundingRect(layout.text()).top() - metrics.ascent()));
-    layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        line.setPosition({0, size.height()});
-        size = {std::max(size.width(), line.naturalTextWidth()), size.height() + line.height()};
-    }
-    layout.endLayout();
-    return size;
+    layout.setFormats(m_styles);
+    const double points = QFontInfo(layout.font()).pointSizeF();
+    return layOutLines(layout, width, m_styles.isEmpty() ? 0 : (points + kStyledLineGap) * logicalDpiY() / 72);
 }
 
 QSize NxTextField::sizeOfText(int width, const QFont& font, int* lines) const {
@@ -140,7 +165,7 @@ void NxTextField::paintEvent(QPaintEvent*) {
     else if (!alignment().testFlag(Qt::AlignTop))
         top += (inside.height() - size.height()) / 2;
     QPainter painter(this);
-    painter.setPen(palette().color(foregroundRole()));
+    painter.setPen(textColour());
     layout.draw(&painter, {static_cast<double>(inside.left()), std::floor(top)});
 }
 
@@ -156,8 +181,12 @@ void NxTextField::resizeEvent(QResizeEvent* event) {
 
 void NxTextField::changeEvent(QEvent* event) {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
+    if (event->type() != QEvent::FontChange)
+        return;
+    if (m_styles.isEmpty())
         updateToolTip();
+    else
+        setStringValue(QString(m_stringValue));
 }
 
 } // namespace fv2

@@ -3,13 +3,12 @@
 #pragma once
 
 #include <QLabel>
-
-class QTextLayout;
+#include <QTextLayout>
 
 namespace fv2 {
 
-//! A text to read: always plain, never a link. With word wrap on, words that are longer than a line are broken too, so
-//! that nothing is cut off. Main thread only.
+//! A text to read, never a link. Only the application's own texts may be styled, by way of HTML. With word wrap on,
+//! words that are longer than a line are broken too, so that nothing is cut off. Main thread only.
 class NxTextField : public QLabel {
     Q_OBJECT
     Q_PROPERTY(QString stringValue READ stringValue WRITE setStringValue)
@@ -17,12 +16,13 @@ class NxTextField : public QLabel {
 public:
     explicit NxTextField(QWidget* parent = nullptr);
 
-    //! Shows the application's text of an identifier.
+    //! Shows the application's text of an identifier; one with both "<" and ">" in it is HTML, of which the styles of
+    //! letters are shown.
     void setStringValue(const QString& identifier);
     //! The identifier that is shown; empty after setText().
     [[nodiscard]] QString stringValue() const { return m_stringValue; }
 
-    //! Shows the text as it is.
+    //! Shows the text as it is, whatever is in it.
     void setText(const QString& text);
     void setTextColor(const QColor& colour);
 
@@ -52,9 +52,11 @@ private:
     [[nodiscard]] QString shownText() const;
     [[nodiscard]] QSize withMargins(const QSize& size) const;
     QSizeF layOut(QTextLayout& layout, double width) const;
+    [[nodiscard]] QColor textColour() const;
     void updateToolTip();
 
     QString m_stringValue;
+    QList<QTextLayout::FormatRange> m_styles; //!< of the shown text; empty for a plain one
     bool m_elided = false;
     int m_givenWidth = 0; //!< 0 until it has been laid out for the screen
 };

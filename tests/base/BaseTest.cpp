@@ -3,12 +3,15 @@
 
 // What the rooms above do not prove by using it all the time: descriptors, the queue and the workers are theirs.
 #include "base/CountingSemaphore.h"
+#include "base/SecretText.h"
 #include "base/StopSignal.h"
 #include "support/Process.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <poll.h>
+#include <sys/prctl.h>
 
 using namespace std::chrono_literals;
 
@@ -36,6 +39,63 @@ TEST(Waits, GoOnAfterInterruptionsAndTellWhyTheyEnded) {
     stop.raise();
     for (int again = 0; again < 2; ++again)
         EXPECT_EQ(stop.waitFor(peer.descriptor(), POLLIN, Deadline(5s)), fv2Wait::Stopped) << "goes first and stays";
+}
+
+//! The marks of the memory map that an address lies in, as the kernel shows them.
+std::string memoryMarks(const void* place) {
+    std::ifstream maps("/proc/self/smaps");
+    const auto address = reinterpret_cast<std::uintptr_t>(place);
+    bool inside = false;
+    for (std::string line; std::getline(maps, line);) {
+        std::uintptr_t start = 0;
+        std::uintptr_t end = 0;
+        if (std::sscanf(line.c_str(), "%lx-%lx ", &start, &end) == 2)
+            inside = start <= address && address < end;
+        else if (inside && line.starts_with("VmFlags:"))
+            return line + " ";
+    }
+    return {};
+}
+
+TEST(SecretText, LeavesNothingBehindAndKeepsTheProcessClosedWhileItHoldsAByte) {
+    const auto isOpen = [] { return ::prctl(PR_GET_DUMPABLE) == 1; };
+    ASSERT_TRUE(isOpen());
+    SecretText secret(8);
+    EXPECT_TRUE(isOpen());
+    EXPECT_TRUE(secret.append("abcdef"));
+    const char* const bytes = secret.text().data();
+    for (const char* const mark : {" lo ", " dd ", " wf "})
+        EXPECT_NE(memoryMarks(bytes).find(mark), std::string::npos) << mark << memoryMarks(bytes);
+    struct Case {
+        std::size_t position, count;
+        std::string_view text, expected;
+        bool fits = true;
+    };
+    for (const auto& [position, count, text, expected, fits] : std::vector<Case>{{2, 2, "", "abef"},
+                                                                                 {0, 0, "12", "12abef"},
+                                                                                 {6, 0, "34", "12abef34"},
+                                                                                 {3, 1, "56", "12abef34", false},
+                                                                                 {3, 2, "56", "12a56f34"},
+                                                                                 {7, 100, "xy", "12a56f34", false},
+                                                                                 {100, 1, "", "12a56f34"},
+                                                                                 {1, 100, "z", "1z"}}) {
+        EXPECT_EQ(secret.replace(position, count, text), fits);
+        EXPECT_EQ(secret.text(), expected);
+        EXPECT_EQ(std::string_view(bytes + secret.size(), 8 - secret.size()), std::string(8 - secret.size(), '\0'));
+    }
+    SecretText other = std::move(secret);
+    SecretText second(std::string_view("x"));
+    EXPECT_FALSE(secret.append("x")) << "it has no room any more"; // NOLINT(bugprone-use-after-move)
+    other.wipe();
+    EXPECT_EQ(std::string_view(bytes, 8), std::string(8, '\0'));
+    EXPECT_FALSE(isOpen());
+    second = SecretText(1);
+    EXPECT_TRUE(isOpen());
+    ::prctl(PR_SET_DUMPABLE, 0);
+    second.append("x");
+    second.wipe();
+    EXPECT_FALSE(isOpen()) << "it was closed before";
+    ::prctl(PR_SET_DUMPABLE, 1);
 }
 
 } // namespace fv2::test

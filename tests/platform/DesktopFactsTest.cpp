@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2Launcher.h"
 #include "platform/FV2MachineDescription.h"
+#include "platform/FV2Settings.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -51,6 +52,24 @@ TEST(MachineDescription, IsTheProcessorsNameAndTheWordSize) {
         EXPECT_EQ(error->code, code) << path;
         EXPECT_EQ(error->userInfo.at("path"), path);
     }
+}
+
+TEST(Settings, AreThoseOfTheFirstFolderThatHasThem) {
+    const TemporaryFolder folder;
+    for (const std::string name : {"a", "b"})
+        std::filesystem::create_directories(folder / (name + "/fv2-agent"));
+    ::setenv("XDG_CONFIG_DIRS", (folder / "missing:" + (folder / "a") + ":" + (folder / "b")).c_str(), 1);
+    const auto read = [&folder](const std::string& content) {
+        std::ofstream(folder / "b/fv2-agent/agent.conf") << content;
+        const FV2Settings settings = readSettings();
+        return settings.helpHost + (settings.credentialsToRootOnly ? " root" : "");
+    };
+    EXPECT_EQ(read(""), "help.example.com");
+    EXPECT_EQ(read("[help]\nhost=h.example.org:81\n[credentials]\nrootOnly=true\n"), "h.example.org:81 root");
+    EXPECT_EQ(read("[help]\nhost=\n[credentials]\nrootOnly=0\n"), "");
+    std::ofstream(folder / "a/fv2-agent/agent.conf") << "\n";
+    EXPECT_EQ(read("[help]\nhost=h.example.org\n"), "help.example.com");
+    ::unsetenv("XDG_CONFIG_DIRS");
 }
 
 TEST(Launcher, IsAFileManagerByItsExactName) {

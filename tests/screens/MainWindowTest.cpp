@@ -1,13 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "model/Fakes.h"
-#include "screens/FV2ScreenFactory.h"
 #include "screens/FV2WindowTitlebar.h"
-#include "screens/LeftMenuTableView.h"
-#include "screens/MainWindowWindowController.h"
+#include "screens/Screens.h"
 #include "support/LogScope.h"
-#include "toolkit/NxLeftMenuCellView.h"
-#include "toolkit/NxTextField.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -24,47 +19,7 @@ long openDescriptors() {
     return std::distance(Entries("/proc/self/fd"), Entries());
 }
 
-//! The real screens on a model among fakes.
-class MainWindowTest : public Model {
-protected:
-    void SetUp() override {
-        OxTranslatedString::setApplicationBundle(strings);
-        model->setAppDelegate(interface);
-        model->setWndDelegate(&registry);
-        model->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "An OS", "A CPU",
-                                                                     ProductModel{"Business", "business"}));
-    }
-    void TearDown() override {
-        registry.closeAll();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    void open() { registry.openWindow(fv2Window::Main, true); }
-    void refreshShown(const std::string& answer) {
-        link.status = answer;
-        timers.advance(FV2RefreshGate::spacing);
-        model->syncCommsAsync(false, fv2SyncSource::Moved, false);
-        dispatch.settle();
-    }
-    std::shared_ptr<MainWindowWindowController> main() const {
-        return std::dynamic_pointer_cast<MainWindowWindowController>(registry.registeredController(fv2Window::Main));
-    }
-    FV2Window& window() const { return main()->window(); }
-    MainWindowViewController& pages() const { return *main()->viewController(); }
-    LeftMenuTableView& menu() const { return *window().findChild<LeftMenuTableView*>(QStringLiteral("tableView")); }
-    NxLeftMenuCellView& cell(int row) const {
-        return *qobject_cast<NxLeftMenuCellView*>(menu().itemWidget(menu().item(row)));
-    }
-    static QColor textColour(const NxTextField& field) { return field.palette().color(field.foregroundRole()); }
-    QColor shownAt(const QString& name) const {
-        const auto* const view = window().findChild<QWidget*>(name);
-        return window().grab().toImage().pixelColor(view->mapTo(&window(), QPoint(2, 0)));
-    }
-
-    bool dark = false;
-    FV2ScreenFactory screens{model};
-    FV2WindowDelegate registry{model, screens};
-};
+using MainWindowTest = Screens;
 
 TEST_F(MainWindowTest, HasTheSizesOfTheConfiguration) {
     open();
@@ -253,22 +208,6 @@ TEST_F(MainWindowTest, ColoursFollowSelectionAndAppearance) {
     window().closeWindow();
     open();
     EXPECT_EQ(shownAt(QStringLiteral("backgroundView")), QColor(34, 36, 39)) << "a new window is dark from the start";
-}
-
-TEST_F(MainWindowTest, ShowsTheServicesTextsAsTheyAre) {
-    refreshShown(statusAnswer(6, R"(,"version":"<b>5</b>","uuid":"<img src='/dev/zero'>","sync_last":9)"));
-    open();
-    pages().selectPage(Page::About);
-    const auto line = [this](const QString& name) {
-        return window().findChild<QWidget*>(name)->accessibleName().toStdString();
-    };
-    EXPECT_EQ(line("fieldProductVersion"), "MGUI_PRODUCT_VERSION %1<b>5</b>");
-    EXPECT_EQ(line("fieldUUID"), "Workstation ID:<img src='/dev/zero'>");
-    EXPECT_EQ(line("fieldOperatingSystem"), "MGUI_OPERATING_SYSTEM %1An OS");
-    EXPECT_EQ(line("fieldMachine"), "MGUI_MACHINE %1A CPU");
-    EXPECT_EQ(line("fieldLastORMSync"), "MGUI_LAST_SYNC %1today");
-    for (const auto* const field : window().findChildren<QLabel*>())
-        EXPECT_EQ(field->textFormat(), Qt::PlainText);
 }
 
 TEST_F(MainWindowTest, AnAccessoryGivesAWindowAStripOnTopThatDiesWithEither) {

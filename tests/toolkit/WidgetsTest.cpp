@@ -3,10 +3,13 @@
 #include "resources/NxDesign.h"
 #include "resources/OxTranslatedString.h"
 #include "toolkit/NxButton.h"
+#include "toolkit/NxHtmlText.h"
 #include "toolkit/NxImageView.h"
 #include "toolkit/NxLeftMenuCellView.h"
 #include "toolkit/NxLeftMenuCounter.h"
+#include "toolkit/NxSetAttributedStringLinkColorTransformer.h"
 #include "toolkit/NxStackController.h"
+#include "toolkit/NxTagMapper.h"
 #include "toolkit/NxTextField.h"
 #include "toolkit/NxView.h"
 
@@ -19,7 +22,7 @@
 namespace fv2::test {
 namespace {
 
-//! Texts that must be taken for no markup and no shortcut: "<b>A & b" for "IDUS_A".
+//! Texts that must be taken for no markup and no shortcut: "<b A & b" for "IDUS_A".
 class Texts final : public OxStringBundle {
 public:
     static void use() {
@@ -27,7 +30,7 @@ public:
         OxTranslatedString::setApplicationBundle(texts);
     }
     [[nodiscard]] std::string localizedString(const std::string& identifier) const override {
-        return "<b>" + identifier.substr(identifier.rfind('_') + 1) + " & b";
+        return "<b " + identifier.substr(identifier.rfind('_') + 1) + " & b";
     }
 };
 
@@ -77,7 +80,7 @@ TEST(TextField, ShowsTextsLetterByLetterAndWholeOrTellsThem) {
     Texts::use();
     NxTextField field;
     field.setStringValue(QStringLiteral("IDUS_Wiederherstellungsschlüsselverwaltung"));
-    EXPECT_EQ(field.text(), QStringLiteral("<b>Wiederherstellungsschlüsselverwaltung & b"));
+    EXPECT_EQ(field.text(), QStringLiteral("<b Wiederherstellungsschlüsselverwaltung & b"));
     EXPECT_GE(field.sizeHint().width(), field.fontMetrics().horizontalAdvance(field.text()));
     field.setWordWrap(true);
     const int line = field.fontMetrics().height();
@@ -98,13 +101,56 @@ TEST(TextField, ShowsTextsLetterByLetterAndWholeOrTellsThem) {
     field.setText(QStringLiteral("IDUS_A\nB"));
     EXPECT_EQ(field.text() + field.stringValue(), QStringLiteral("IDUS_A\nB"));
     EXPECT_EQ(field.toolTip(), QString());
+    field.setText(QStringLiteral("<b>x</b>"));
+    EXPECT_EQ(field.text(), QStringLiteral("<b>x</b>")) << "only the application's own texts are HTML";
 
     NxButton button;
     button.setTitle(QStringLiteral("IDUS_A"));
     EXPECT_TRUE(button.shortcut().isEmpty());
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QStringLiteral("<b>A & b"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QStringLiteral("<b A & b"));
     button.setText(QStringLiteral("OK"));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), QStringLiteral("OK"));
+}
+
+TEST(TextField, ShowsTheStylesOfAnApplicationsTextOfHtml) {
+    struct Html final : OxStringBundle {
+        [[nodiscard]] std::string localizedString(const std::string& /*identifier*/) const override {
+            return "all <b>bold words</b><img src='/dev/zero'> <font color='#ff0000'>red</font><br>"
+                   "<a href='file:///dev/zero'>end</a> &amp; so";
+        }
+    };
+    static const Html html;
+    OxTranslatedString::setApplicationBundle(html);
+    NxTextField plain;
+    plain.setText(QStringLiteral("all bold words red\nend & so"));
+    NxTextField field;
+    field.setTextColor(Qt::blue);
+    field.setStringValue(QStringLiteral("IDUS_HTML"));
+    EXPECT_EQ(field.text(), plain.text());
+    EXPECT_GT(field.sizeHint().width(), plain.sizeHint().width());
+    EXPECT_GT(field.sizeHint().height(), plain.sizeHint().height()) << "lines of styled texts are wider apart";
+    field.resize(field.sizeHint());
+    const QImage shown = field.grab().toImage();
+    for (int place = 0; place < shown.width() * shown.height(); ++place) {
+        const QColor colour = shown.pixelColor(place % shown.width(), place / shown.width());
+        ASSERT_LE(colour.red(), colour.blue()) << "in the field's own colour";
+    }
+    const QSize whole = field.sizeHint();
+    QFont larger = field.font();
+    larger.setPointSize(2 * larger.pointSize());
+    field.setFont(larger);
+    EXPECT_GT(field.sizeHint().width(), 3 * whole.width() / 2);
+    field.setElided(true);
+    field.resize(whole);
+    field.grab();
+    EXPECT_FALSE(field.toolTip().isEmpty());
+
+    const auto styled =
+        attributedStringFromHtml(QStringLiteral("a<i>b</i><font color='#ff0000'>c</font>"), QFont(), Qt::blue);
+    EXPECT_FALSE(styled.attributesAt(0).font->italic());
+    EXPECT_TRUE(styled.attributesAt(1).font->italic());
+    EXPECT_EQ(styled.attributesAt(1).textColor, QColor(Qt::blue));
+    EXPECT_EQ(styled.attributesAt(2).textColor, QColor(Qt::red));
 }
 
 TEST(ImageView, PaintsAPictureInItsOwnColourOrATint) {
@@ -126,13 +172,26 @@ TEST(ImageView, PaintsAPictureInItsOwnColourOrATint) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&view)->role(), QAccessible::Graphic);
 }
 
-TEST(LeftMenuCounter, ShowsAndTellsTheNumberInTheColourOfTheStatus) {
-    Texts::use();
+void useDesign() {
     NxDesign::setResource([] {
         return "<plist><dict><key>Colors</key><dict><key>Red</key><array><string>C00000</string></array>"
                "<key>Green</key><array><string>008000</string></array><key>Yellow</key><array><string>FFC000</string>"
-               "</array><key>Blue</key><array><string>0040FF</string></array></dict></dict></plist>";
+               "</array><key>Blue</key><array><string>0040FF</string></array><key>Link</key><array>"
+               "<string>8CC4FF</string><string>0A58A6</string></array></dict></dict></plist>";
     });
+}
+
+TEST(LinkColorTransformer, GivesLinksTheDesignsColourForLightSurfaces) {
+    useDesign();
+    const auto text = prepareAttrStrWithHtml(QStringLiteral("a<A>b</A>"), {}, Qt::red, Qt::blue);
+    const auto coloured = NxSetAttributedStringLinkColorTransformer::transformedValue(text);
+    EXPECT_EQ(coloured.attributesAt(0).textColor, QColor(Qt::red));
+    EXPECT_EQ(coloured.attributesAt(1).textColor, QColor(0x0A, 0x58, 0xA6));
+}
+
+TEST(LeftMenuCounter, ShowsAndTellsTheNumberInTheColourOfTheStatus) {
+    Texts::use();
+    useDesign();
     struct Row : QWidget { // counts the presses that reach it
         void mousePressEvent(QMouseEvent*) override { ++presses; }
         int presses = 0;
@@ -146,11 +205,11 @@ TEST(LeftMenuCounter, ShowsAndTellsTheNumberInTheColourOfTheStatus) {
         const char* description;
     };
     const Case table[] = {
-        {0, 0xff008000, "3, <b>STATE & b <b>OK & b"},
-        {1, 0xffffc000, "3, <b>STATE & b <b>WARNING & b"},
-        {2, 0xffc00000, "3, <b>STATE & b <b>ERROR & b"},
-        {3, 0xff0040ff, "3, <b>STATE & b <b>INFO & b"},
-        {7, 0xff0040ff, "3, <b>STATE & b "},
+        {0, 0xff008000, "3, <b STATE & b <b OK & b"},
+        {1, 0xffffc000, "3, <b STATE & b <b WARNING & b"},
+        {2, 0xffc00000, "3, <b STATE & b <b ERROR & b"},
+        {3, 0xff0040ff, "3, <b STATE & b <b INFO & b"},
+        {7, 0xff0040ff, "3, <b STATE & b "},
     };
     for (const Case& each : table) {
         badge.setNumber(0);

@@ -1,0 +1,282 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "toolkit/NxTextAndLinksView.h"
+
+#include "toolkit/NxTextAndLinksAccessible.h"
+#include "toolkit/NxTextLines.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+#include <cmath>
+
+namespace fv2 {
+
+namespace {
+
+//! The view asks for lines of at most about so many letters.
+constexpr int kComfortableLetters = 60;
+constexpr int kFewestLetters = 6;
+
+} // namespace
+
+NxTextAndLinksView::NxTextAndLinksView(QWidget* parent)
+    : QWidget(parent) {
+    NxTextAndLinksAccessible::install();
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+NxTextAndLinksView::~NxTextAndLinksView() = default;
+
+void NxTextAndLinksView::setHtmlCode(const QString& markup) {
+    // The view's own font is taken when the text is laid out, so that it may change afterwards.
+    setAttrStr(m_text, markup, std::nullopt, m_textColor, m_linkColor);
+    textDidChange();
+}
+
+void NxTextAndLinksView::setHtmlCode(const QString& markup, const std::optional<QFont>& textFont,
+                                     const QColor& fontColor, const QColor& linkColor) {
+    if (textFont)
+        setFont(*textFont);
+    if (fontColor.isValid())
+        m_textColor = fontColor;
+    if (linkColor.isValid())
+        m_linkColor = linkColor;
+    setHtmlCode(markup);
+}
+
+void NxTextAndLinksView::setLinkColor(const QColor& colour) {
+    if (m_linkColor == colour)
+        return;
+    m_linkColor = colour;
+    m_text.changeLinks([&](NxAttributedString::Attributes& attributes) { attributes.textColor = colour; });
+    m_layout.reset();
+    update();
+}
+
+void NxTextAndLinksView::setTextColor(const QColor& colour) {
+    m_textColor = colour;
+    m_text.change([&](NxAttributedString::Attributes& attributes) {
+        if (!attributes.link || !m_linkColor.isValid())
+            attributes.textColor = colour;
+    });
+    m_layout.reset();
+    update();
+}
+
+void NxTextAndLinksView::textDidChange() {
+    m_links = m_text.links();
+    m_focusedLink = 0;
+    m_layout.reset();
+    setFocusPolicy(m_links.empty() ? Qt::NoFocus : Qt::TabFocus);
+    setAccessibleName(string());
+    updateGeometry();
+    update();
+}
+
+QSize NxTextAndLinksView::layOut(QTextLayout& layout, int width) const {
+    QTextOption option(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft));
+    option.setTextDirection(layoutDirection());
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.setFormats(m_text.formats());
+    const QSizeF size = layOutLines(layout, std::max(width - 2 * kPadding, 1));
+    return QSize(static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height())))
+        .grownBy({kPadding, kPadding, kPadding, kPadding});
+}
+
+const QTextLayout& NxTextAndLinksView::shownLayout() const {
+    if (m_layout == nullptr) {
+        m_layout = std::make_unique<QTextLayout>(QString(string()).replace(u'\n', QChar::LineSeparator), font(), this);
+        layOut(*m_layout, width());
+    }
+    return *m_layout;
+}
+
+QSize NxTextAndLinksView::sizeHint() const {
+    QTextLayout layout(QString(string()).replace(u'\n', QChar::LineSeparator), font(), this);
+    return layOut(layout, fontMetrics().averageCharWidth() * kComfortableLetters);
+}
+
+QSize NxTextAndLinksView::minimumSizeHint() const {
+    const int fewLetters = fontMetrics().averageCharWidth() * kFewestLetters + 2 * kPadding;
+    return {std::min(sizeHint().width(), fewLetters), heightForWidth(std::max(width(), fewLetters))};
+}
+
+int NxTextAndLinksView::heightForWidth(int width) const {
+    if (m_layout != nullptr && width == this->width() && m_layout->lineCount() > 0) {
+        const QTextLine last = m_layout->lineAt(m_layout->lineCount() - 1);
+        return static_cast<int>(std::ceil(last.y() + last.height())) + 2 * kPadding;
+    }
+    QTextLayout layout(QString(string()).replace(u'\n', QChar::LineSeparator), font(), this);
+    return layOut(layout, width).height();
+}
+
+std::optional<int> NxTextAndLinksView::characterIndexAt(const QPoint& place) const {
+    const QPointF inText = QPointF(place) - QPointF(kPadding, kPadding);
+    const QTextLayout& layout = shownLayout();
+    for (int number = 0; number < layout.lineCount(); ++number) {
+        const QTextLine line = layout.lineAt(number);
+        if (!line.naturalTextRect().contains(inText))
+            continue;
+        const int index = line.xToCursor(inText.x(), QTextLine::CursorOnCharacter);
+        return index < m_text.length() ? std::optional(index) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+std::vector<QRectF> NxTextAndLinksView::piecesOfLink(std::size_t link) const {
+    const NxAttributedString::LinkRange& range = m_links.at(link);
+    const QTextLayout& layout = shownLayout();
+    std::vector<QRectF> pieces;
+    for (int number = 0; number < layout.lineCount(); ++number) {
+        const QTextLine line = layout.lineAt(number);
+        const int from = std::max(range.start, line.textStart());
+        const int to = std::min(range.end, line.textStart() + line.textLength());
+        if (from >= to)
+            continue;
+        const QRectF text = line.naturalTextRect();
+        const auto [left, right] = std::minmax({line.cursorToX(from), line.cursorToX(to)});
+        const double end = std::min(right, text.right()); // a blank at the end of a line takes no room
+        pieces.emplace_back(left + kPadding, text.top() + kPadding, end - left, text.height());
+    }
+    return pieces;
+}
+
+QRect NxTextAndLinksView::rectOfLink(std::size_t link) const {
+    QRectF all;
+    for (const QRectF& piece : piecesOfLink(link))
+        all |= piece;
+    return all.toAlignedRect();
+}
+
+void NxTextAndLinksView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    shownLayout().draw(&painter, {kPadding, kPadding});
+    const auto focused = focusedLink();
+    if (!focused)
+        return;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    for (const QRectF& piece : piecesOfLink(*focused))
+        painter.drawRoundedRect(piece.adjusted(-2, -1, 2, 1), 4, 4);
+}
+
+void NxTextAndLinksView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (event->size().width() == event->oldSize().width())
+        return;
+    m_layout.reset();
+    updateGeometry(); // the least height is that of the new width
+}
+
+void NxTextAndLinksView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::LayoutDirectionChange)
+        return;
+    m_layout.reset();
+    updateGeometry();
+}
+
+bool NxTextAndLinksView::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto* const help = static_cast<QHelpEvent*>(event);
+    const auto index = characterIndexAt(help->pos());
+    const QString toolTip = index ? m_text.attributesAt(*index).toolTip : QString();
+    if (toolTip.isEmpty())
+        QToolTip::hideText();
+    else // A tooltip takes what looks like markup for markup.
+        QToolTip::showText(help->globalPos(), QStringLiteral("<p>") + toolTip.toHtmlEscaped() + QStringLiteral("</p>"),
+                           this);
+    return true;
+}
+
+void NxTextAndLinksView::updateCursor(const QPoint& place) {
+    const auto index = characterIndexAt(place);
+    const auto shape = index && m_text.attributesAt(*index).pointingHand ? Qt::PointingHandCursor : Qt::ArrowCursor;
+    if (m_currentCursor == shape)
+        return;
+    m_currentCursor = shape;
+    setCursor(shape);
+}
+
+void NxTextAndLinksView::enterEvent(QEnterEvent* event) {
+    setMouseTracking(true);
+    updateCursor(event->position().toPoint());
+}
+
+void NxTextAndLinksView::leaveEvent(QEvent*) {
+    setMouseTracking(false);
+    m_currentCursor = Qt::ArrowCursor;
+    unsetCursor();
+}
+
+void NxTextAndLinksView::mouseMoveEvent(QMouseEvent* event) {
+    updateCursor(event->position().toPoint());
+}
+
+void NxTextAndLinksView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (const auto index = characterIndexAt(event->position().toPoint()))
+        clickedOnLink(*index);
+}
+
+void NxTextAndLinksView::keyPressEvent(QKeyEvent* event) {
+    const bool runs = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    const auto focused = focusedLink();
+    if (runs && focused && !event->isAutoRepeat())
+        runLink(*focused);
+    else
+        QWidget::keyPressEvent(event);
+}
+
+std::optional<std::size_t> NxTextAndLinksView::focusedLink() const {
+    return hasFocus() && m_focusedLink < m_links.size() ? std::optional(m_focusedLink) : std::nullopt;
+}
+
+void NxTextAndLinksView::setFocusedLink(std::size_t link) {
+    m_focusedLink = link;
+    if (hasFocus())
+        focusLink(link);
+    else
+        setFocus(Qt::OtherFocusReason);
+}
+
+void NxTextAndLinksView::focusLink(std::size_t link) {
+    m_focusedLink = link;
+    update();
+    if (!focusedLink())
+        return;
+    NxTextAndLinksAccessible::tellFocus(*this, link);
+    Q_EMIT linkFocused(rectOfLink(link));
+}
+
+void NxTextAndLinksView::focusInEvent(QFocusEvent* event) {
+    if (event->reason() == Qt::TabFocusReason)
+        m_focusedLink = 0;
+    else if (event->reason() == Qt::BacktabFocusReason && !m_links.empty())
+        m_focusedLink = m_links.size() - 1;
+    focusLink(m_focusedLink);
+}
+
+void NxTextAndLinksView::focusOutEvent(QFocusEvent*) {
+    update();
+}
+
+bool NxTextAndLinksView::focusNextPrevChild(bool next) {
+    const auto focused = focusedLink();
+    if (!focused || (next ? *focused + 1 == m_links.size() : *focused == 0))
+        return QWidget::focusNextPrevChild(next);
+    focusLink(next ? *focused + 1 : *focused - 1);
+    return true;
+}
+
+} // namespace fv2

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "toolkit/NxTextLines.h"
+
+#include <QFontMetrics>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace fv2 {
+
+QSizeF layOutLines(QTextLayout& layout, double width, double leastLineHeight) {
+    const QFontMetrics metrics(layout.font());
+    QSizeF size(0, std::max(0, -metrics.tightBoundingRect(layout.text()).top() - metrics.ascent()));
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        const double height = std::max(line.height(), leastLineHeight);
+        line.setPosition({0, size.height() + height - line.height()});
+        size = {std::max(size.width(), line.naturalTextWidth()), size.height() + height};
+    }
+    layout.endLayout();
+    return size;
+}
+
+} // namespace fv2

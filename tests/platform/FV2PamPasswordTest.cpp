@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/FV2PamPassword.h"
+
+#include "platform/FV2AccountName.h"
+#include "support/LogScope.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <pwd.h>
+#include <thread>
+#include <unistd.h>
+
+namespace fv2::test {
+namespace {
+
+//! A service file and one account, anna's.
+struct PamPassword : testing::Test {
+    void useRules(const std::string& rules) const { std::ofstream(folder / "fv2-agent") << rules; }
+    void usePassword(const std::string& password, const std::string& more = "\naccount required pam_permit.so") const {
+        std::ofstream(folder / "accounts") << "anna:" << password << ":fv2-agent\n";
+        useRules("auth required " PAM_MATRIX " passdb=" + folder / "accounts" + more + "\n");
+    }
+    //! What the log says of a check: nothing when it was passed.
+    [[nodiscard]] std::string refusal(std::string_view password) const {
+        const LogScope log{{FV2LoggingLevel::error}};
+        const bool isRight = model.verifyPassword("anna", SecretText(password));
+        const auto lines = log.messages();
+        EXPECT_EQ(isRight, lines.empty());
+        EXPECT_EQ(log.text().find("geheim"), std::string::npos);
+        return lines.empty() ? "" : lines.front().substr(std::string("verifyPassword failed: ").size());
+    }
+
+    const TemporaryFolder folder;
+    FV2PamPassword model{folder.path(), {folder / "system"}};
+};
+
+TEST_F(PamPassword, ReachesPamAsItIs) {
+    for (const std::string& password : {std::string("x"), std::string("süß🔑\t%s \\\"'"), std::string(511, 'm') + "n"}) {
+        usePassword(password);
+        EXPECT_EQ(refusal(password), "");
+        EXPECT_EQ(refusal(password.substr(0, password.size() - 1) + "o"), "wrong password");
+    }
+    useRules("auth required pam_permit.so\naccount required pam_permit.so\n");
+    EXPECT_EQ(refusal("any"), "");
+    for (const std::string_view impossible : {std::string_view(), std::string_view("a\0b", 3)})
+        EXPECT_EQ(refusal(impossible), "no text that can be a password");
+}
+
+TEST_F(PamPassword, TellsInTheLogWhyItWasNotAccepted) {
+    EXPECT_EQ(refusal("geheim"), "PAM not available (no service file)");
+    struct Case {
+        const char* rules; //!< behind the rule that accepts the password, or instead of it
+        const char* refusal;
+    };
+    const Case table[] = {
+        {"\naccount required pam_debug.so acct=acct_expired", "account expired"},
+        {"\naccount required pam_debug.so acct=perm_denied", "account locked"},
+        {"\naccount required pam_debug.so acct=new_authtok_reqd", "password expired"},
+        {" echo", "PAM asks for more than a password"},
+        {" verbose\naccount required pam_permit.so", ""}, // says something besides
+        {"auth required pam_debug.so auth=maxtries", "account locked"},
+        {"auth required pam_debug.so auth=user_unknown", "account unknown"},
+        {"auth required pam_debug.so auth=authinfo_unavail", "PAM not available (module error 9)"},
+        {"auth required pam_no_such_module.so", "PAM not available (module error 28)"},
+    };
+    for (const Case& each : table) {
+        usePassword("geheim", each.rules);
+        if (std::string_view(each.rules).starts_with("auth"))
+            useRules(each.rules);
+        EXPECT_EQ(refusal("geheim"), each.refusal);
+    }
+}
+
+TEST_F(PamPassword, WaitsAsPamWantsUnlessThereIsAHurry) {
+    usePassword("right", "\nauth optional pam_faildelay.so delay=400000");
+    const Deadline least(std::chrono::milliseconds(200));
+    EXPECT_NE(refusal("wrong"), "");
+    EXPECT_TRUE(least.passed());
+    usePassword("right", "\nauth optional pam_faildelay.so delay=600000000");
+    const std::jthread other([this] { model.hurry(); });
+    EXPECT_NE(refusal("wrong"), "");
+    EXPECT_NE(refusal("wrong"), "");
+}
+
+TEST_F(PamPassword, IsCheckedOnSeveralThreadsAtOnce) {
+    usePassword("right");
+    std::atomic<int> accepted = 0;
+    for (std::vector<std::jthread> threads; threads.size() < 8;)
+        threads.emplace_back([this, isRight = threads.size() % 2 == 0, &accepted] {
+            accepted += model.verifyPassword("anna", SecretText(isRight ? "right" : "wrong"));
+        });
+    EXPECT_EQ(accepted, 4);
+}
+
+TEST(AccountName, IsThatOfTheProcessWhateverTheEnvironmentSays) {
+    ::setenv("USER", "somebody", 1);
+    ::setenv("LOGNAME", "somebody", 1);
+    const passwd* const entry = ::getpwuid(::getuid());
+    EXPECT_EQ(accountName(), entry == nullptr ? "" : entry->pw_name);
+}
+
+} // namespace
+} // namespace fv2::test

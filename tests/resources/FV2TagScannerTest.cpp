@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "resources/SlowTagScanner.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+
+namespace fv2::test {
+namespace {
+
+using namespace std::string_literals;
+
+std::string times(std::size_t count, const std::string& text) {
+    std::string all;
+    for (; count > 0; --count)
+        all += text;
+    return all;
+}
+
+//! Each closed tag with its first and last position, newest first: "<B> 0-1, <A> 0-1".
+std::string written(const std::vector<FV2Tag>& tags) {
+    std::string all;
+    for (const FV2Tag& tag : tags)
+        all += (all.empty() ? "" : ", ") + tag.text + " " + std::to_string(tag.start) + "-" +
+               std::to_string(tag.end.value_or(0));
+    return all;
+}
+
+struct Case {
+    std::string markup;
+    std::string text;
+    std::string tags;
+    std::size_t capacity = kTagScannerCapacity;
+};
+
+TEST(TagScanner, TakesOutTagsAndDecodesEntities) {
+    const std::vector<Case> table{
+        {"", "", ""},
+        {"plain", "plain", ""},
+        {"a <B>b</B> c", "a b c", "<B> 2-3"},
+        {"a\0<B>b</B>"s, "a", ""},
+        // Where a tag begins and ends.
+        {"a<b<c>", "a<b<c>", ""},
+        {"a<b<c>d</c>", "a<bd", "<c> 3-4"},
+        {"a > b <B>c</B>", "a > b c", "<B> 6-7"},
+        {"a < b", "a < b", ""},
+        {"a > b", "a > b", ""},
+        {"<<B>>x</B>>", "<>x>", "<B> 1-3"},
+        {"<>x</>", "x", "<> 0-1"},
+        {"<B>x<", "<B>x<", ""},
+        {"<A x=\"&lt;\">y</A>", "y", "<A x=\"&lt;\"> 0-1"},
+        // Closing tags: the newest that begins so, closed already or not; none leaves no trace.
+        {"x</B>", "x", ""},
+        {"<B></B>x", "x", "<B> 0-0"},
+        {"<BUTTON>x</B>", "x", "<BUTTON> 0-1"},
+        {"<B>x<BR>y</B>", "<B>xy", "<BR> 4-5"},
+        {"<B>x</b>", "<B>x", ""},
+        {"<B>x</BR>", "<B>x", ""},
+        {"<B>x</ B>", "<B>x", ""},
+        {"<B>x</B>y</B>", "xy", "<B> 0-2"},
+        {"<B>x<B>y</B>z</B>", "<B>xyz", "<B> 4-6"},
+        {"<I>x<B>y</B></I>", "xy", "<B> 1-2, <I> 0-2"},
+        {"<A one>x<A two>y</A one>z</A>", "xyz", "<A two> 1-3, <A one> 0-2"},
+        {"<I>a<B>b</>c</>", "<I>abc", "<B> 4-6"},
+        {"<I>" + times(20, "<A>") + "x</I>" + times(20, "<U></A>"),
+         "x" + times(19, "<U>") + "<U" + times(19, "<A>") + ">", "<A> 0-1, <I> 0-1"},
+        // Unclosed tags go back: newest first, each moved right by the bytes of those before it.
+        {"<BR>", "<BR>", ""},
+        {"a<BR>b", "a<BR>b", ""},
+        {"<X><Y>", "<Y><X>", ""},
+        {"a<X>b<Y>c", "ab<Y<X>>c", ""},
+        {"a<X>b<LONG>", "ab<LONG<X>>", ""},
+        {"<X>a<B>b</B>", "<X>ab", "<B> 4-5"},
+        {"<B>a<X>b</B>", "a<X>b", "<B> 0-2"},
+        {"<X><B>b</B>", "<X>b", "<B> 0-1"},
+        {"<\u00fc>a<B>b</B>", "<\u00fc>ab", "<B> 4-5"},
+        // Characters, not bytes; also of what is cut or no UTF-8.
+        {"\u00fc\U0001F512<B>\u00e9</B>", "\u00fc\U0001F512\u00e9", "<B> 2-3"},
+        {"\x80\xC3<B>\xA9\xFF</B>", "\x80\xC3\xA9\xFF", "<B> 1-2"},
+        // Entities; an "&" that begins none leaves the byte that the piece had there.
+        {"x &lt; y", "x < y", ""},
+        {"&amp;", "&", ""},
+        {"&lt;&gt;&amp;&quot;&apos;", "<>&\"'", ""},
+        {"&lt;B&gt;x&lt;/B&gt;", "<B>x</B>", ""},
+        {"&amp;lt;", "&lt;", ""},
+        {"a &x b", "a &x b", ""},
+        {"& &&lt", "& &&lt", ""},
+        {"&LT; &nbsp; &#60;", "&LT; &nbsp; &#60;", ""},
+        {"&lt;&x", "<lx", ""},
+        {"ab&amp;c&d", "ab&cmd", ""},
+        {"&lt;<B>&</B>", "<&", "<B> 1-2"},
+        {"&quot;&\u00fc&", "\"q\u00fct", ""},
+        // Limits, and what is left after a failure.
+        {times(4094, "x"), times(4094, "x"), ""},
+        {times(4095, "x"), "", ""},
+        {"<B>a</B>" + times(4095, "x"), "a", ""},
+        {"<B>a</B>" + times(1023, "&lt;") + "xx", "a" + times(1023, "<") + "xx", "<B> 0-1"},
+        {"<B>a</B>" + times(1023, "&lt;") + "xxx", "a", ""},
+        {"a<A" + times(4091, "x") + ">b</A>", "ab", "<A" + times(4091, "x") + "> 1-2"},
+        {"a<A" + times(4092, "x") + ">b</A>", "a", ""},
+        {"a</" + times(4092, "x") + ">b", "a", ""},
+        {"a<B>b</B>", "", "", 0},
+        {"a<B>b</B>", "", "", 1},
+        {"a<B>b</B>", "a", "", 2},
+        {"a<B>b</B>", "ab", "<B> 1-2", 3},
+        {"&lt;&gt;", "<>", "", 3},
+        {"a<B>", "a", "", 4},
+        {"a<B>", "a<B>", "", 5},
+        {"<B>b</B><X><Y>", "b<Y>", "", 7},
+        {times(16, times(4094, "x") + "</B>") + times(30, "x"), times(16 * 4094 + 30, "x"), ""},
+        {times(16, times(4094, "x") + "</B>") + times(31, "x"), times(16 * 4094, "x"), ""},
+    };
+    EXPECT_GE(table.size(), 60U);
+    for (const Case& each : table) {
+        const FV2ScannedText scanned = scanTags(each.markup, each.capacity);
+        SCOPED_TRACE(each.markup.substr(0, 60));
+        EXPECT_EQ(scanned.text, each.text);
+        EXPECT_EQ(written(scanned.tags), each.tags);
+        EXPECT_EQ(scanned, scanTagsSlowly(each.markup, each.capacity));
+    }
+}
+
+TEST(TagScanner, AgreesWithItsSlowTwinOnRandomTexts) {
+    const std::array<std::string, 24> words{"<",   ">",   "/",    "B",   "A",      "</",       "<B>",        "</B>",
+                                            "<A>", "</A", "<BR>", "<I",  "&",      "&lt;",     "&amp;",      ";",
+                                            "lt",  "\"",  "x",    "yz ", "\u00fc", "\x9F\x98", "\U0001F512", "</>"};
+    std::mt19937 random(20261123); // NOLINT: the same texts in every run
+    const auto below = [&random](std::size_t limit) { return random() % limit; };
+    std::size_t withTags = 0;
+    for (int round = 0; round < 100000; ++round) {
+        std::string markup;
+        for (std::size_t length = below(round % 100 == 0 ? 300 : 30); length > 0; --length)
+            markup += words.at(below(words.size()));
+        const std::size_t capacity = round % 3 == 0 ? below(40) : kTagScannerCapacity;
+        const FV2ScannedText scanned = scanTags(markup, capacity);
+        withTags += scanned.tags.empty() ? 0U : 1U;
+        ASSERT_EQ(scanned, scanTagsSlowly(markup, capacity)) << markup << " in " << capacity;
+    }
+    EXPECT_GT(withTags, 20000U) << "the texts are worth their time";
+}
+
+} // namespace
+} // namespace fv2::test

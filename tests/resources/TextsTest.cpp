@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "resources/FV2HelpAddress.h"
+#include "resources/FormatText.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace fv2::test {
+namespace {
+
+TEST(FormatText, PutsTheArgumentsInOnceAndLeavesEverythingElse) {
+    struct Case {
+        std::string_view text;
+        std::string_view expected;
+    };
+    // %1 is a text that looks like marks itself, %2 is empty, there is no %3.
+    const std::vector<Case> table{
+        {"", ""},
+        {"plain", "plain"},
+        {"%1", "%2%1%"},
+        {"[%1 %1]", "[%2%1% %2%1%]"},
+        {"%2%1", "%2%1%"},
+        {"%1%", "%2%1%%"},
+        {"%%1", "%%2%1%"},
+        {"%10", "%2%1%0"},
+        {"%3 %9 %0 %a %L1 %-1 100% % 1 %", "%3 %9 %0 %a %L1 %-1 100% % 1 %"},
+        {"\u00fc%1\u00fc", "\u00fc%2%1%\u00fc"},
+    };
+    for (const Case& each : table)
+        EXPECT_EQ(formatText(each.text, {"%2%1%", ""}), each.expected) << each.text;
+    EXPECT_EQ(formatText("%9%1", {"a", "b", "c", "d", "e", "f", "g", "h", "i"}), "ia");
+    EXPECT_EQ(formatText("%1", {}), "%1");
+}
+
+TEST(HelpAddress, IsAWebPageOnAHostInTheUsersLanguageOrNothing) {
+    const std::pair<const char*, const char*> languages[] = {
+        {"en", "1033"},    {"de", "1031"},    {"es", "3082"},    {"es-419", "13322"}, {"es_419", "13322"},
+        {"fr-CA", "3084"}, {"pt-BR", "1046"}, {"hr-HR", "1050"}, {"it", "1040"},      {"ja", "1041"},
+        {"nb", "1044"},    {"pl", "1045"},    {"ru", "1049"},    {"sk", "1051"},      {"zh-Hant", "1028"},
+        {"nl", "1033"},    {"", "1033"}};
+    for (const auto& [localization, code] : languages)
+        EXPECT_EQ(helpAddress("h.example.org", localization),
+                  std::string("http://h.example.org/getHelp?product=orm_client&version=5&lang=") + code +
+                      "&topic=index");
+    for (const char* const host : {"localhost:8080", "192.0.2.7", "A-1.example"})
+        EXPECT_EQ(helpAddress(host, "en").find(std::string("http://") + host + "/getHelp?"), 0U) << host;
+    for (const char* const host :
+         {"", "a b", "a/b", "user@a", "a:", "a:b", ":80", "a:1:2", "-a", "a?b", "[::1]", "ä", "a:123456"})
+        EXPECT_EQ(helpAddress(host, "en"), "") << host;
+}
+
+} // namespace
+} // namespace fv2::test

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/Fakes.h"
+#include "screens/FV2ScreenFactory.h"
+#include "screens/LeftMenuTableView.h"
+#include "screens/MainWindowWindowController.h"
+#include "toolkit/NxLeftMenuCellView.h"
+#include "toolkit/NxTextField.h"
+
+#include <QApplication>
+
+namespace fv2::test {
+
+//! The real screens on a model among fakes.
+class Screens : public Model {
+protected:
+    void SetUp() override {
+        OxTranslatedString::setApplicationBundle(strings);
+        model->setAppDelegate(interface);
+        model->setWndDelegate(&registry);
+        model->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "An OS", "A CPU",
+                                                                     ProductModel{"Business", "business"}));
+    }
+    void TearDown() override {
+        registry.closeAll();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void open() { registry.openWindow(fv2Window::Main, true); }
+    void refreshShown(const std::string& answer) {
+        link.status = answer;
+        timers.advance(FV2RefreshGate::spacing);
+        model->syncCommsAsync(false, fv2SyncSource::Moved, false);
+        dispatch.settle();
+    }
+    std::shared_ptr<MainWindowWindowController> main() const {
+        return std::dynamic_pointer_cast<MainWindowWindowController>(registry.registeredController(fv2Window::Main));
+    }
+    FV2Window& window() const { return main()->window(); }
+    MainWindowViewController& pages() const { return *main()->viewController(); }
+    LeftMenuTableView& menu() const { return *window().findChild<LeftMenuTableView*>(QStringLiteral("tableView")); }
+    NxLeftMenuCellView& cell(int row) const {
+        return *qobject_cast<NxLeftMenuCellView*>(menu().itemWidget(menu().item(row)));
+    }
+    static QColor textColour(const NxTextField& field) { return field.palette().color(field.foregroundRole()); }
+    QColor shownAt(const QString& name) const {
+        const auto* const view = window().findChild<QWidget*>(name);
+        return window().grab().toImage().pixelColor(view->mapTo(&window(), QPoint(2, 0)));
+    }
+
+    bool dark = false;
+    FV2ScreenFactory screens{model};
+    FV2WindowDelegate registry{model, screens};
+};
+
+} // namespace fv2::test
