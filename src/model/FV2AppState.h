@@ -19,6 +19,8 @@ struct FV2StatusMesssageListItem {
     fv2StatusStateType statusType = fv2StatusStateType::Green;
     fv2AppCommand command = fv2AppCommand::NoAction;
     bool fromAIS = false; //!< from the states table, not the synchronisation message
+
+    friend bool operator==(const FV2StatusMesssageListItem&, const FV2StatusMesssageListItem&) = default;
 };
 
 //! Everything the agent knows about the service and the user's situation. Main thread only. The interpreter writes what

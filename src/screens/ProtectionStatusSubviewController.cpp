@@ -37,6 +37,8 @@ ProtectionStatusSubviewController::ProtectionStatusSubviewController(const std::
     statusLineView = outlets.statusLineView;
     statusLineIcon = outlets.statusLineIcon;
     statusLineText = outlets.statusLineText;
+    statusMessagesTableView = outlets.statusMessagesTableView;
+    tableViewDelegate = std::make_unique<StatusMessagesTableDelegate>(model, *statusMessagesTableView);
     initsubview();
 }
 
@@ -51,6 +53,7 @@ void ProtectionStatusSubviewController::updateFromModel() {
     view()->setAccessibleName(statusLineText->text());
     if (model->appConfigModel() != nullptr)
         refreshColours(*model->appConfigModel());
+    tableViewDelegate->updateFromModel(*statusMessagesTableView);
     log(FV2LoggingLevel::trace, {"ProtectionStatusSubviewController.updateFromModel out"});
 }
 
@@ -65,6 +68,7 @@ void ProtectionStatusSubviewController::refreshColours(const FV2AppConfigModel& 
     statusLineView->setBackgroundColor(background);
     statusLineText->setTextColor(foreground);
     statusLineIcon->setTintColor(foreground);
+    statusMessagesTableView->setSeparatorColour(toQColor(config.colours().colourSeperator));
 }
 
 } // namespace fv2

@@ -2,15 +2,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "screens/StatusMessagesTableDelegate.h"
 #include "shell/FV2ViewController.h"
 #include "toolkit/NxImageView.h"
 #include "toolkit/NxTextField.h"
 
 #include <QPointer>
 
+#include <memory>
+
 namespace fv2 {
 
-//! The first page: the overall state as a coloured line with icon and title. Main thread only.
+//! The first page: the overall state as a coloured line with icon and title, below it a row for each message. Main
+//! thread only.
 class ProtectionStatusSubviewController final : public FV2ViewController {
     Q_OBJECT
 public:
@@ -25,6 +29,8 @@ private:
     QPointer<NxView> statusLineView;
     QPointer<NxImageView> statusLineIcon;
     QPointer<NxTextField> statusLineText;
+    QPointer<StatusMessagesTableView> statusMessagesTableView;
+    std::unique_ptr<StatusMessagesTableDelegate> tableViewDelegate;
 };
 
 } // namespace fv2

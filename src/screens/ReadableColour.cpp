@@ -6,8 +6,8 @@
 
 namespace fv2 {
 
-QColor readableOn(const QColor& background) {
-    return contrastOf(Qt::white, background) >= 3 ? QColor(Qt::white) : QColor(27, 29, 32);
+QColor readableOn(const QColor& background, double leastContrast) {
+    return contrastOf(Qt::white, background) >= leastContrast ? QColor(Qt::white) : QColor(27, 29, 32);
 }
 
 } // namespace fv2

@@ -6,8 +6,11 @@
 
 namespace fv2 {
 
-//! White for large text where it can be read on the background (contrast of at least 3:1 as WCAG 2 computes it),
-//! otherwise a near black.
-[[nodiscard]] QColor readableOn(const QColor& background);
+//! How well text can be told from what is behind it, as WCAG 2 asks for.
+inline constexpr double kContrastOfLargeText = 3;
+inline constexpr double kContrastOfText = 4.5;
+
+//! White where its contrast to the background is at least so much, otherwise a near black.
+[[nodiscard]] QColor readableOn(const QColor& background, double leastContrast = kContrastOfLargeText);
 
 } // namespace fv2

@@ -27,10 +27,10 @@ std::optional<QString> toolTipOf(const QString& tag) {
 void addTrait(NxAttributedString& text, int start, int end, bool NxAttributedString::Attributes::*trait) {
     if (start >= end || start >= text.length())
         return;
-    const auto [bold, italic] = [&at = text.attributesAt(start)] { return std::pair(at.bold, at.italic); }();
+    const NxAttributedString::Attributes first = text.attributesAt(start);
     text.change(start, end, [&](NxAttributedString::Attributes& each) {
-        each.bold |= bold;
-        each.italic |= italic;
+        each.bold |= first.bold;
+        each.italic |= first.italic;
         each.*trait = true;
     });
 }

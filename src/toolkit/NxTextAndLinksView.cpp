@@ -20,6 +20,8 @@ namespace {
 //! The view asks for lines of at most about so many letters.
 constexpr int kComfortableLetters = 60;
 constexpr int kFewestLetters = 6;
+//! Of the font's own; leaves room for the focus mark between two lines.
+constexpr double kLineHeight = 1.2;
 
 } // namespace
 
@@ -85,7 +87,7 @@ QSize NxTextAndLinksView::layOut(QTextLayout& layout, int width) const {
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
     layout.setFormats(m_text.formats());
-    const QSizeF size = layOutLines(layout, std::max(width - 2 * kPadding, 1));
+    const QSizeF size = layOutLines(layout, std::max(width - 2 * kPadding, 1), kLineHeight * fontMetrics().height());
     return QSize(static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height())))
         .grownBy({kPadding, kPadding, kPadding, kPadding});
 }
@@ -155,17 +157,21 @@ QRect NxTextAndLinksView::rectOfLink(std::size_t link) const {
     return all.toAlignedRect();
 }
 
+QVariant NxTextAndLinksView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    const auto focused = focusedLink();
+    return query == Qt::ImCursorRectangle && focused ? rectOfLink(*focused) : QWidget::inputMethodQuery(query);
+}
+
 void NxTextAndLinksView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    if (const auto focused = focusedLink()) { // below the text, whose letters may touch the mark
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        for (const QRectF& piece : piecesOfLink(*focused))
+            painter.drawRoundedRect(piece.adjusted(-2, -1, 2, 1), 4, 4);
+    }
     painter.setPen(palette().color(foregroundRole()));
     shownLayout().draw(&painter, {kPadding, kPadding});
-    const auto focused = focusedLink();
-    if (!focused)
-        return;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    for (const QRectF& piece : piecesOfLink(*focused))
-        painter.drawRoundedRect(piece.adjusted(-2, -1, 2, 1), 4, 4);
 }
 
 void NxTextAndLinksView::resizeEvent(QResizeEvent* event) {

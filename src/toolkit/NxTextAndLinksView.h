@@ -42,6 +42,7 @@ public:
 
     //! The character under a place of the view; none beside the text.
     [[nodiscard]] std::optional<int> characterIndexAt(const QPoint& place) const;
+    [[nodiscard]] bool hasLinkAt(int index) const { return m_text.attributesAt(index).link.has_value(); }
     //! Around all pieces of a link, in the view's coordinates.
     [[nodiscard]] QRect rectOfLink(std::size_t link) const;
     //! The link that has the keyboard; none while the view has not got it.
@@ -50,6 +51,8 @@ public:
     //! Runs a link as a click on it does. The view may be on its way out afterwards.
     void runLink(std::size_t link) { clickedOnLink(m_links.at(link).start); }
 
+    //! Scroll areas bring what it says is the cursor into view: the link that has the keyboard.
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }

@@ -96,7 +96,7 @@ struct ScriptedLink final : FV2ServiceLink {
 };
 
 //! Tray item, application delegate and windows in one; notes in words what is asked of it.
-struct FakeInterface final : FV2StatusItem, FV2ApplicationDelegate, FV2WindowRegistry {
+struct FakeInterface : FV2StatusItem, FV2ApplicationDelegate, FV2WindowRegistry {
     void show(std::string_view image, fv2StatusStateType /*overallState*/) override { icons.emplace_back(image); }
     FV2StatusItem& menuBarStatusItem() override { return *this; }
     void menuShowMainWindow() override { calls += "show main window; "; }

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "toolkit/NxView.h"
+
+#include <QScrollArea>
+
+#include <vector>
+
+namespace fv2 {
+
+class StatusMessagesTableView;
+
+//! What the table asks for its rows.
+class StatusMessagesTableSource {
+public:
+    virtual ~StatusMessagesTableSource() = default;
+    virtual int numberOfRows(const StatusMessagesTableView& table) = 0;
+    //! None leaves the row empty.
+    virtual QWidget* viewForRow(const StatusMessagesTableView& table, int row) = 0;
+    //! In device-independent pixels; asked after the row's view has got its width.
+    virtual double heightOfRow(const StatusMessagesTableView& table, int row) = 0;
+    virtual void didAddRowView(const StatusMessagesTableView& table, QWidget& rowView, int row) = 0;
+};
+
+//! One column of rows, each as high as it likes, a thin line below each; scrolls when they take more than there is.
+//! Main thread only.
+class StatusMessagesTableView final : public QScrollArea {
+    Q_OBJECT
+public:
+    explicit StatusMessagesTableView(QWidget* parent = nullptr);
+
+    //! Who is asked how many rows there are and what is in them, and who for their heights; both borrowed, they outlive
+    //! the table's last reload. Each is a reload.
+    void setDataSource(StatusMessagesTableSource& source);
+    void setDelegate(StatusMessagesTableSource& delegate);
+
+    //! Makes all rows anew. The place that is scrolled to stays; the old rows live on, unseen, until the event loop's
+    //! next turn.
+    void reloadData();
+
+    void setSeparatorColour(const QColor& colour) { m_rows->setBackgroundColor(colour); }
+    //! Scrolls as little as is needed to show a place of a view in a row.
+    void scrollTo(const QWidget& view, const QRect& place);
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void layOutRows();
+
+    StatusMessagesTableSource* m_source = nullptr;
+    StatusMessagesTableSource* m_delegate = nullptr;
+    NxView* m_rows;
+    NxView* m_focusMark;
+    std::vector<QWidget*> m_rowViews;
+};
+
+} // namespace fv2

@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "model/Fakes.h"
+#include "screens/ProtectionStatusSubviewController.h"
+#include "support/LogScope.h"
+#include "toolkit/NxQtColor.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QScrollBar>
+#include <QTest>
+#include <QVBoxLayout>
+#include <gtest/gtest.h>
+
+namespace fv2::test {
+namespace {
+
+using Messages = std::vector<FV2StatusMesssageListItem>;
+
+FV2StatusMesssageListItem message(const std::string& title, fv2AppCommand command = fv2AppCommand::EnterEncPassword,
+                                  fv2StatusStateType status = fv2StatusStateType::Red) {
+    return {"", title, "It is so. <A TYPE=\"COMMAND\" TITLE\">Change it</A>, or <B>leave</B> it.", status, command};
+}
+
+//! The real page on a model among fakes, alone in a window.
+class StatusMessages : public Model {
+protected:
+    void SetUp() override {
+        OxTranslatedString::setApplicationBundle(strings);
+        shared->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "", "", ProductModel()));
+        page = std::make_unique<ProtectionStatusSubviewController>(shared);
+        (new QVBoxLayout(&window))->addWidget(page->view());
+        window.resize(480, 474);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    //! The model makes its list of what the service says, which is never more than three messages.
+    void show(const Messages& messages) {
+        const_cast<FV2AppState&>(shared->state()).statusMessageList = messages;
+        page->updateFromModel();
+    }
+    StatusMessagesTableView& table() const { return *window.findChild<StatusMessagesTableView*>(); }
+    //! From top to bottom, without those that wait for their end.
+    std::vector<StatusMessageItemSubview*> rows() const {
+        std::vector<StatusMessageItemSubview*> all;
+        std::ranges::copy_if(window.findChildren<StatusMessageItemSubview*>(), std::back_inserter(all),
+                             [](const QWidget* each) { return each->isVisible(); });
+        return all;
+    }
+    StatusMessageItemTextAndLink& text(std::size_t row) const {
+        return *rows().at(row)->findChild<StatusMessageItemTextAndLink*>();
+    }
+    NxTextField& title(std::size_t row) const { return *rows().at(row)->findChild<NxTextField*>(); }
+    bool isLinkInView(std::size_t row) const {
+        const QRect goal = text(row).rectOfLink(0);
+        const QPoint place = text(row).mapTo(table().viewport(), goal.topLeft());
+        return table().viewport()->rect().contains(QRect(place, goal.size()));
+    }
+    static void settle() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (int round = 0; round < 5; ++round)
+            QCoreApplication::processEvents();
+    }
+
+    bool dark = false;
+    std::shared_ptr<FV2AppStateModel> shared = make(dispatch, link);
+    QWidget window;
+    std::unique_ptr<ProtectionStatusSubviewController> page;
+};
+
+TEST_F(StatusMessages, HaveReadableRowsAsHighAsTheirTextsAtEveryWidthAndFontSize) {
+    Messages messages{message("A"), message("B", {}, fv2StatusStateType::Yellow), message("C", {}, {})};
+    for (int count = 0; count < 30; ++count)
+        messages[1].Text += "Wiederherstellungsschl\u00fcssel ";
+    show(messages);
+    EXPECT_EQ(rows().at(1)->accessibleName(),
+              "B, MGUI_LEFT_MENU_COUNTER_STATE %1 MGUI_LEFT_MENU_COUNTER_STATE_WARNING %1");
+    const QFont before = QApplication::font();
+    for (const int points : {9, 20, 11})
+        for (const int width : {480, 900, 300}) {
+            QApplication::setFont(QFont(before.family(), points));
+            window.resize(width, 474);
+            settle();
+            SCOPED_TRACE(std::to_string(points) + " pt, " + std::to_string(window.width()));
+            int bottom = 0;
+            for (std::size_t row = 0; row < 3; ++row) {
+                const auto* const view = rows().at(row);
+                EXPECT_EQ(view->parentWidget()->geometry(), QRect({0, bottom}, view->size()));
+                EXPECT_EQ(view->width(), table().viewport()->width());
+                EXPECT_EQ(view->height(), view->heightForWidth(view->width()));
+                EXPECT_GE(text(row).height(), text(row).heightForWidth(text(row).width()));
+                EXPECT_EQ(title(row).font().pointSize(), points + 1);
+                EXPECT_EQ(text(row).font().pointSize(), points);
+                bottom += view->height() + 1;
+            }
+            EXPECT_GT(rows().at(1)->height(), rows().at(0)->height());
+            EXPECT_EQ(table().verticalScrollBar()->maximum(), std::max(0, bottom - table().viewport()->height()));
+        }
+    QApplication::setFont(before);
+    for (const bool isDark : {false, true}) {
+        dark = isDark;
+        window.setPalette(QPalette(isDark ? Qt::black : Qt::white));
+        for (std::size_t row = 0; row < 3; ++row)
+            for (const QColor& ink : {text(row).linkColor(), title(row).palette().color(QPalette::WindowText)})
+                EXPECT_GE(contrastOf(ink, rows().at(row)->backgroundColor()), 4.5) << isDark;
+    }
+}
+
+TEST_F(StatusMessages, ComeInTheStatedSteps) {
+    const LogScope log{FV2LoggingLevel::trace};
+    const ProtectionStatusSubviewController another(shared);
+    show({message("A"), message("B")});
+    std::string said;
+    for (const std::string& line : log.messages())
+        if (line.starts_with("StatusMessagesTable") || line.starts_with("ProtectionStatus"))
+            said += line.substr(0, line.find('<')) + "\n";
+    EXPECT_EQ(said, "ProtectionStatusSubviewController.init\n"
+                    "StatusMessagesTableDelegate - numberOfRows NOT READY\n"
+                    "ProtectionStatusSubviewController.updateFromModel in\n"
+                    "StatusMessagesTableDelegate.updateFromModel\n"
+                    "StatusMessagesTableViewDelegate.removeAllStatusMessagedTableViewItems for \n"
+                    "StatusMessagesTableDelegate -> Creating status message item 0\n"
+                    "StatusMessagesTableDelegate -> Creating status message item 1\n"
+                    "StatusMessagesTableDelegate - numberOfRows 2\n"
+                    "ProtectionStatusSubviewController.updateFromModel out\n");
+    show({});
+    EXPECT_TRUE(rows().empty());
+}
+
+TEST_F(StatusMessages, KeepRowsFocusAndPlaceWhereTheyAre) {
+    Messages many;
+    for (int count = 0; count < 200; ++count)
+        many.push_back(message("Message " + std::to_string(count)));
+    show(many);
+    const auto before = std::chrono::steady_clock::now();
+    many[0].Text = "other";
+    show(many);
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(1)) << "under 50 ms in a release";
+    settle();
+    text(150).setFocusedLink(0);
+    EXPECT_TRUE(isLinkInView(150));
+    const int place = table().verticalScrollBar()->value();
+    const auto all = rows();
+    show(many);
+    EXPECT_EQ(rows(), all) << "nothing is new";
+    EXPECT_EQ(text(150).focusedLink(), 0U);
+
+    many.erase(many.begin());
+    many[149].Text = "Now. <A>x</A>";
+    show(many);
+    settle();
+    EXPECT_EQ(text(149).focusedLink(), 0U);
+    EXPECT_TRUE(isLinkInView(149));
+    EXPECT_LT(std::abs(place - table().verticalScrollBar()->value()), 2 * rows().at(0)->height());
+    QTest::keyClick(&text(149), Qt::Key_PageDown);
+    EXPECT_FALSE(isLinkInView(149));
+    many.erase(many.begin() + 149);
+    show(many);
+    EXPECT_TRUE(table().hasFocus());
+}
+
+//! A click may change the messages, and with them all rows, before it is over.
+TEST_F(StatusMessages, RunTheirCommandOnceByEachWay) {
+    struct Rebuilding final : FakeInterface {
+        void openWindow(fv2Window kind, bool userInitiated) override {
+            FakeInterface::openWindow(kind, userInitiated);
+            rebuild();
+        }
+        std::function<void()> rebuild;
+    } windows;
+    shared->setWndDelegate(&windows);
+    int changes = 0;
+    windows.rebuild = [&] { show({message("A", {}), message("B" + std::to_string(++changes))}); };
+    windows.rebuild();
+    const auto click = [this](QPoint place) { QTest::mouseClick(&text(1), Qt::LeftButton, {}, place); };
+    const auto press = [this](std::size_t row) {
+        QAccessibleInterface* const found = QAccessible::queryAccessibleInterface(&text(row))->child(0);
+        found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    };
+    const auto did = [&](const auto& something) {
+        something();
+        settle();
+        return std::exchange(windows.calls, {});
+    };
+    const std::string opened = "open 2 for user; ";
+    EXPECT_EQ(did([&] { click(text(1).rectOfLink(0).center()); }), opened);
+    EXPECT_EQ(did([&] { click({5, text(1).rectOfLink(0).center().y()}); }), "") << "a word beside the link";
+    text(1).setFocusedLink(0);
+    EXPECT_EQ(did([&] { QTest::keyClick(&text(1), Qt::Key_Return); }), opened);
+    EXPECT_EQ(did([&] { press(1); }), opened);
+    EXPECT_EQ(did([&] { press(0); }), "") << "a message without a command";
+    EXPECT_EQ(changes, 4);
+}
+
+} // namespace
+} // namespace fv2::test
