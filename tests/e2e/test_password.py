@@ -11,7 +11,6 @@ from agent import BUILD, end, notify, start_agent, start_service
 from desktop import Desktop
 from mocks import Notifications
 from password_dialog import PasswordDialog
-from screen_reader import ScreenReader
 from waiting import wait_until
 
 #: Of a service that wants the password in a state, prepares in a second, works through two others.
@@ -30,19 +29,18 @@ def scenario(desktop, wants, prepares, works, done):
 
 
 class PasswordTest(unittest.TestCase):
-    def start(self, *lines, who=listed_account, accessible=False, options=(), before=lambda desktop: None):
+    def start(self, *lines, who=listed_account, options=(), before=lambda desktop: None):
         self.doCleanups()  # what an earlier case has left
         self.account = self.enterContext(who())
-        self.desktop = self.enterContext(Desktop(window_manager=True, account=self.account, accessible=accessible))
+        self.desktop = self.enterContext(Desktop(window_manager=True, accessible=True, account=self.account))
         before(self.desktop)
         self.service = start_service(self.desktop, *lines)
         self.agent = start_agent(self.desktop, *options)
         self.dialog = PasswordDialog(self.desktop, self.agent)
 
     def alert_says(self, title, text=""):
-        reader = ScreenReader(self.desktop).application(self.agent.pid)
         self.dialog.alert()
-        self.assertIn(text, reader.find("dialog", title).description())
+        self.assertIn(text, self.dialog.elements().find("dialog", title).description())
         self.dialog.answer()
 
     def credentials(self):
@@ -51,7 +49,7 @@ class PasswordTest(unittest.TestCase):
     def test_the_right_password_starts_the_work_and_a_wrong_one_does_not(self):
         for direction, states in DIRECTIONS.items():
             with self.subTest(direction):
-                self.start(who=account, accessible=True)
+                self.start(who=account)
                 self.service.send(f"scenario {scenario(self.desktop, *states)}")
                 self.dialog.enter("x" + self.account.password)
                 self.alert_says(BAD_PASSWORD)
@@ -71,10 +69,10 @@ class PasswordTest(unittest.TestCase):
             with self.subTest(policy):
                 self.start(f"policy postpone {policy}", f"state {state}")
                 for keys in (("Escape",), ("Tab", "space")):
-                    self.dialog.postpone()
+                    self.dialog.press("Later")
                     self.dialog.answer(*keys)
                     self.dialog.window()
-                self.dialog.postpone()
+                self.dialog.press("Later")
                 self.dialog.answer()
                 self.dialog.wait_until_gone()
                 for line in ("notify", "progress 1", "notify"):
@@ -90,7 +88,7 @@ class PasswordTest(unittest.TestCase):
                 self.assertEqual(self.credentials(), [])
 
     def test_what_goes_wrong_with_the_service_is_said_and_the_dialog_stays(self):
-        self.start("state 3", accessible=True)
+        self.start("state 3")
         for line, alert, text in (("credentials refuse 7", FAIL_PASSWORD, "(0x7)"), ("fault close", BAD_COMMS, "")):
             self.dialog.type(self.account.password)
             self.service.send(line)
@@ -111,12 +109,12 @@ class PasswordTest(unittest.TestCase):
         self.dialog.wait_until_gone()
 
     def test_a_silent_service_can_be_waited_for_and_left(self):
-        self.start("state 3", accessible=True)
+        self.start("state 3")
         self.dialog.type(self.account.password)
         self.service.send("fault silent")
         self.service.expect("^fault silent")
         self.desktop.screen.press("Return")
-        window = ScreenReader(self.desktop).application(self.agent.pid)
+        window = self.dialog.elements()
         window.find(name="Checking your password…", states=["showing"])
         self.service.expect("connection meets fault silent")
         for button in window.find_all("push button"):

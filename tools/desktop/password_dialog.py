@@ -2,6 +2,11 @@
 # SPDX-License-Identifier: Apache-2.0
 """The agent's password dialog and its alerts, used by keyboard as somebody would who sits in front."""
 
+import contextlib
+
+from Xlib.error import XError
+
+from screen_reader import ScreenReader
 from waiting import wait_until
 
 #: Narrower than this is the dialog, wider the main window; both have the same title.
@@ -12,14 +17,15 @@ class PasswordDialog:
     """Of one running agent in a Desktop(window_manager=True), open or not."""
 
     def __init__(self, desktop, agent):
-        self._screen, self._pid = desktop.screen, agent.pid
+        self._desktop, self._screen, self._pid = desktop, desktop.screen, agent.pid
+        self._elements = None
 
     def windows(self):
-        return [window for window in self._screen.windows(self._pid)
-                if "DIALOG" not in window.types() and window.managed() and window.geometry().width < NARROW]
+        return self._fitting(lambda window: "DIALOG" not in window.types() and window.managed()
+                             and window.geometry().width < NARROW)
 
     def alerts(self):
-        return [window for window in self._screen.windows(self._pid) if "DIALOG" in window.types()]
+        return self._fitting(lambda window: "DIALOG" in window.types())
 
     def window(self, seconds=10.0):
         """Waits for it and gives it the keyboard, as a click into it would."""
@@ -38,11 +44,16 @@ class PasswordDialog:
         self.type(password)
         self._screen.press("Return")
 
-    def postpone(self):
-        """Chooses the button beside OK, and returns its question's window."""
+    def press(self, button):
+        """Presses a button by its name; in a Desktop(accessible=True)."""
         self.window()
-        self._screen.press("shift+Tab", "space")
-        return self.alert()
+        self.elements().find("push button", button, ["showing", "enabled"]).do("Press")
+
+    def elements(self):
+        """What a screen reader finds in the agent's windows."""
+        if self._elements is None:
+            self._elements = ScreenReader(self._desktop).application(self._pid)
+        return self._elements
 
     def alert(self, seconds=15.0):
         """Waits for an alert, which has the keyboard with the dialog."""
@@ -58,3 +69,11 @@ class PasswordDialog:
 
     def wait_until_gone(self, seconds=10.0):
         wait_until(lambda: not self.windows(), "the password dialog to close", seconds)
+
+    def _fitting(self, fits):
+        found = []
+        for window in self._screen.windows(self._pid):
+            with contextlib.suppress(XError):  # closed meanwhile
+                if fits(window):
+                    found.append(window)
+        return found
