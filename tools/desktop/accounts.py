@@ -76,14 +76,12 @@ def account(password=None):
 
 
 def installed(program, desktop):
-    """A copy of the agent that the desktop's user can run, with the rules beside it that its account goes by."""
+    """A copy of a program that the desktop's user can run, with the rules beside it that its account goes by."""
     folder = desktop.folder / "installed"
-    rules = folder / "pam.d"
-    if not folder.exists():
-        rules.mkdir(parents=True)
+    rules = folder / "pam.d/fv2-agent"
+    if not rules.exists():
+        rules.parent.mkdir(parents=True)
+        rules.write_text(desktop.account.rules or (program.parent / "pam.d/fv2-agent").read_text(), encoding="utf-8")
+    if not (folder / program.name).exists():
         shutil.copy(program, folder)
-        if desktop.account.rules:
-            (rules / "fv2-agent").write_text(desktop.account.rules, encoding="utf-8")
-        else:
-            shutil.copy(program.parent / "pam.d/fv2-agent", rules)
     return folder / program.name
