@@ -5,6 +5,7 @@
 #include "logging/FV2Logging.h"
 #include "screens/ReadableColour.h"
 #include "toolkit/NxQtColor.h"
+#include "toolkit/NxTranslated.h"
 #include "ui_ProtectionStatusSubview.h"
 
 #include <array>
@@ -38,6 +39,7 @@ ProtectionStatusSubviewController::ProtectionStatusSubviewController(const std::
     statusLineIcon = outlets.statusLineIcon;
     statusLineText = outlets.statusLineText;
     statusMessagesTableView = outlets.statusMessagesTableView;
+    statusMessagesTableView->setAccessibleName(translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS")));
     tableViewDelegate = std::make_unique<StatusMessagesTableDelegate>(model, *statusMessagesTableView);
     initsubview();
 }

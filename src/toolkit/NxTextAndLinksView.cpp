@@ -20,6 +20,7 @@ namespace {
 //! The view asks for lines of at most about so many letters.
 constexpr int kComfortableLetters = 60;
 constexpr int kFewestLetters = 6;
+constexpr std::size_t kRememberedWidths = 8;
 //! Of the font's own; leaves room for the focus mark between two lines.
 constexpr double kLineHeight = 1.2;
 
@@ -57,8 +58,7 @@ void NxTextAndLinksView::setLinkColor(const QColor& colour) {
         return;
     m_linkColor = colour;
     m_text.changeLinks([&](NxAttributedString::Attributes& attributes) { attributes.textColor = colour; });
-    m_layout.reset();
-    update();
+    forgetLayout();
 }
 
 void NxTextAndLinksView::setTextColor(const QColor& colour) {
@@ -67,42 +67,56 @@ void NxTextAndLinksView::setTextColor(const QColor& colour) {
         if (!attributes.link || !m_linkColor.isValid())
             attributes.textColor = colour;
     });
-    m_layout.reset();
-    update();
+    forgetLayout();
 }
 
 void NxTextAndLinksView::textDidChange() {
     m_links = m_text.links();
     m_focusedLink = 0;
-    m_layout.reset();
+    forgetLayout();
     setFocusPolicy(m_links.empty() ? Qt::NoFocus : Qt::TabFocus);
     setAccessibleName(string());
     updateGeometry();
+}
+
+void NxTextAndLinksView::forgetLayout() {
+    m_laid.reset();
     update();
 }
 
-QSize NxTextAndLinksView::layOut(QTextLayout& layout, int width) const {
-    QTextOption option(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft));
-    option.setTextDirection(layoutDirection());
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    layout.setFormats(m_text.formats());
-    const QSizeF size = layOutLines(layout, std::max(width - 2 * kPadding, 1), kLineHeight * fontMetrics().height());
-    return QSize(static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height())))
-        .grownBy({kPadding, kPadding, kPadding, kPadding});
+const QTextLayout& NxTextAndLinksView::layoutAt(int width) const {
+    if (m_laid == nullptr) {
+        m_laid = std::make_unique<Laid>(QString(string()).replace(u'\n', QChar::LineSeparator), font(), this);
+        QTextLayout& layout = m_laid->layout;
+        QTextOption option(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft));
+        option.setTextDirection(layoutDirection());
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout.setTextOption(option);
+        layout.setFormats(m_text.formats());
+        layout.setCacheEnabled(true);
+        m_laid->overhang = overhangOf(layout);
+    }
+    if (m_laid->width != width) {
+        const QSizeF size = layOutLines(m_laid->layout, std::max(width - 2 * kPadding, 1), m_laid->overhang,
+                                        kLineHeight * fontMetrics().height());
+        if (m_laid->sizes.size() >= kRememberedWidths)
+            m_laid->sizes.clear();
+        m_laid->sizes[width] =
+            QSize(static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height())))
+                .grownBy({kPadding, kPadding, kPadding, kPadding});
+        m_laid->width = width;
+    }
+    return m_laid->layout;
 }
 
-const QTextLayout& NxTextAndLinksView::shownLayout() const {
-    if (m_layout == nullptr) {
-        m_layout = std::make_unique<QTextLayout>(QString(string()).replace(u'\n', QChar::LineSeparator), font(), this);
-        layOut(*m_layout, width());
-    }
-    return *m_layout;
+QSize NxTextAndLinksView::sizeAt(int width) const {
+    if (m_laid == nullptr || !m_laid->sizes.contains(width))
+        layoutAt(width);
+    return m_laid->sizes.at(width);
 }
 
 QSize NxTextAndLinksView::sizeHint() const {
-    QTextLayout layout(QString(string()).replace(u'\n', QChar::LineSeparator), font(), this);
-    return layOut(layout, fontMetrics().averageCharWidth() * kComfortableLetters);
+    return sizeAt(fontMetrics().averageCharWidth() * kComfortableLetters);
 }
 
 QSize NxTextAndLinksView::minimumSizeHint() const {
@@ -111,17 +125,12 @@ QSize NxTextAndLinksView::minimumSizeHint() const {
 }
 
 int NxTextAndLinksView::heightForWidth(int width) const {
-    if (m_layout != nullptr && width == this->width() && m_layout->lineCount() > 0) {
-        const QTextLine last = m_layout->lineAt(m_layout->lineCount() - 1);
-        return static_cast<int>(std::ceil(last.y() + last.height())) + 2 * kPadding;
-    }
-    QTextLayout layout(QString(string()).replace(u'\n', QChar::LineSeparator), font(), this);
-    return layOut(layout, width).height();
+    return sizeAt(width).height();
 }
 
 std::optional<int> NxTextAndLinksView::characterIndexAt(const QPoint& place) const {
     const QPointF inText = QPointF(place) - QPointF(kPadding, kPadding);
-    const QTextLayout& layout = shownLayout();
+    const QTextLayout& layout = layoutAt(width());
     for (int number = 0; number < layout.lineCount(); ++number) {
         const QTextLine line = layout.lineAt(number);
         if (!line.naturalTextRect().contains(inText))
@@ -134,7 +143,7 @@ std::optional<int> NxTextAndLinksView::characterIndexAt(const QPoint& place) con
 
 std::vector<QRectF> NxTextAndLinksView::piecesOfLink(std::size_t link) const {
     const NxAttributedString::LinkRange& range = m_links.at(link);
-    const QTextLayout& layout = shownLayout();
+    const QTextLayout& layout = layoutAt(width());
     std::vector<QRectF> pieces;
     for (int number = 0; number < layout.lineCount(); ++number) {
         const QTextLine line = layout.lineAt(number);
@@ -171,14 +180,13 @@ void NxTextAndLinksView::paintEvent(QPaintEvent*) {
             painter.drawRoundedRect(piece.adjusted(-2, -1, 2, 1), 4, 4);
     }
     painter.setPen(palette().color(foregroundRole()));
-    shownLayout().draw(&painter, {kPadding, kPadding});
+    layoutAt(width()).draw(&painter, {kPadding, kPadding});
 }
 
 void NxTextAndLinksView::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (event->size().width() == event->oldSize().width())
         return;
-    m_layout.reset();
     updateGeometry(); // the least height is that of the new width
 }
 
@@ -186,7 +194,7 @@ void NxTextAndLinksView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::FontChange && event->type() != QEvent::LayoutDirectionChange)
         return;
-    m_layout.reset();
+    forgetLayout();
     updateGeometry();
 }
 

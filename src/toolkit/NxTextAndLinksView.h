@@ -7,6 +7,7 @@
 #include <QTextLayout>
 #include <QWidget>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -85,8 +86,9 @@ private:
     void updateCursor(const QPoint& place);
     void focusLink(std::size_t link);
     [[nodiscard]] std::vector<QRectF> piecesOfLink(std::size_t link) const;
-    QSize layOut(QTextLayout& layout, int width) const;
-    [[nodiscard]] const QTextLayout& shownLayout() const;
+    void forgetLayout();
+    const QTextLayout& layoutAt(int width) const;
+    [[nodiscard]] QSize sizeAt(int width) const;
 
     NxAttributedString m_text;
     std::vector<NxAttributedString::LinkRange> m_links;
@@ -94,7 +96,18 @@ private:
     QColor m_linkColor;
     Qt::CursorShape m_currentCursor = Qt::ArrowCursor;
     std::size_t m_focusedLink = 0;
-    mutable std::unique_ptr<QTextLayout> m_layout; //!< at the present width; none while out of date
+
+    // Forming letters costs far more than breaking lines, and layouts ask for the same few widths again and again.
+    struct Laid {
+        Laid(const QString& text, const QFont& font, const QPaintDevice* device)
+            : layout(text, font, device) {}
+
+        QTextLayout layout;
+        double overhang = 0;
+        int width = -1; //!< of the view
+        std::map<int, QSize> sizes;
+    };
+    mutable std::unique_ptr<Laid> m_laid;
 };
 
 } // namespace fv2

@@ -21,6 +21,7 @@ namespace {
 constexpr int kComfortableLetters = 60;
 constexpr int kFewestLetters = 6;
 constexpr double kUnlimited = 1 << 20;
+constexpr std::size_t kRememberedWidths = 8;
 //! Lines of a styled text are at least so many points higher than its letters.
 constexpr double kStyledLineGap = 3;
 
@@ -60,6 +61,7 @@ void NxTextField::setText(const QString& text) {
 }
 
 void NxTextField::showText(const QString& text) {
+    m_sizes.clear();
     QLabel::setText(text);
     updateToolTip();
     Q_EMIT textChanged();
@@ -116,7 +118,8 @@ QSizeF NxTextField::layOut(QTextLayout& layout, double width) const {
     layout.setTextOption(option);
     layout.setFormats(m_styles);
     const double points = QFontInfo(layout.font()).pointSizeF();
-    return layOutLines(layout, width, m_styles.isEmpty() ? 0 : (points + kStyledLineGap) * logicalDpiY() / 72);
+    return layOutLines(layout, width, overhangOf(layout),
+                       m_styles.isEmpty() ? 0 : (points + kStyledLineGap) * logicalDpiY() / 72);
 }
 
 QSize NxTextField::sizeOfText(int width, const QFont& font, int* lines) const {
@@ -127,6 +130,16 @@ QSize NxTextField::sizeOfText(int width, const QFont& font, int* lines) const {
     return roundedUp(size);
 }
 
+//! In the field's own font.
+QSize NxTextField::ownSize(int width) const {
+    if (m_sizes.size() > kRememberedWidths)
+        m_sizes.clear();
+    const auto [known, isNew] = m_sizes.try_emplace({width, wraps()});
+    if (isNew)
+        known->second = sizeOfText(width, font());
+    return known->second;
+}
+
 QSize NxTextField::withMargins(const QSize& size) const {
     const QMargins outer = contentsMargins();
     return size.grownBy(outer + margin());
@@ -134,14 +147,14 @@ QSize NxTextField::withMargins(const QSize& size) const {
 
 QSize NxTextField::sizeHint() const {
     const int widest = wraps() ? fontMetrics().averageCharWidth() * kComfortableLetters : static_cast<int>(kUnlimited);
-    return withMargins(sizeOfText(widest, font()));
+    return withMargins(ownSize(widest));
 }
 
 QSize NxTextField::minimumSizeHint() const {
     if (!wraps() && !m_elided)
         return sizeHint();
     const int fewLetters = fontMetrics().averageCharWidth() * kFewestLetters;
-    const QSize whole = sizeOfText(static_cast<int>(kUnlimited), font());
+    const QSize whole = ownSize(static_cast<int>(kUnlimited));
     const int height = withMargins({0, fontMetrics().height()}).height();
     // Layouts ask for the height of a width too late to keep a window from being too low for it.
     return {withMargins({std::min(whole.width(), fewLetters), 0}).width(),
@@ -152,7 +165,7 @@ int NxTextField::heightForWidth(int width) const {
     if (!wraps())
         return -1;
     const int inside = width - withMargins({0, 0}).width();
-    return withMargins(sizeOfText(std::max(inside, 1), font())).height();
+    return withMargins(ownSize(std::max(inside, 1))).height();
 }
 
 void NxTextField::paintEvent(QPaintEvent*) {
@@ -180,6 +193,7 @@ void NxTextField::resizeEvent(QResizeEvent* event) {
 }
 
 void NxTextField::changeEvent(QEvent* event) {
+    m_sizes.clear();
     QLabel::changeEvent(event);
     if (event->type() != QEvent::FontChange)
         return;

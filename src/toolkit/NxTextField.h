@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QTextLayout>
 
+#include <map>
+
 namespace fv2 {
 
 //! A text to read, never a link. Only the application's own texts may be styled, by way of HTML. With word wrap on,
@@ -50,6 +52,7 @@ private:
     [[nodiscard]] bool wraps() const { return wordWrap() && !m_elided; }
     [[nodiscard]] QString oneLine() const;
     [[nodiscard]] QString shownText() const;
+    [[nodiscard]] QSize ownSize(int width) const;
     [[nodiscard]] QSize withMargins(const QSize& size) const;
     QSizeF layOut(QTextLayout& layout, double width) const;
     [[nodiscard]] QColor textColour() const;
@@ -58,7 +61,8 @@ private:
     QString m_stringValue;
     QList<QTextLayout::FormatRange> m_styles; //!< of the shown text; empty for a plain one
     bool m_elided = false;
-    int m_givenWidth = 0; //!< 0 until it has been laid out for the screen
+    mutable std::map<std::pair<int, bool>, QSize> m_sizes; //!< by width and whether it wraps: layouts ask often
+    int m_givenWidth = 0;                                  //!< 0 until it has been laid out for the screen
 };
 
 } // namespace fv2

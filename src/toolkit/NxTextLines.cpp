@@ -9,9 +9,13 @@
 
 namespace fv2 {
 
-QSizeF layOutLines(QTextLayout& layout, double width, double leastLineHeight) {
+double overhangOf(const QTextLayout& layout) {
     const QFontMetrics metrics(layout.font());
-    QSizeF size(0, std::max(0, -metrics.tightBoundingRect(layout.text()).top() - metrics.ascent()));
+    return std::max(0, -metrics.tightBoundingRect(layout.text()).top() - metrics.ascent());
+}
+
+QSizeF layOutLines(QTextLayout& layout, double width, double overhang, double leastLineHeight) {
+    QSizeF size(0, overhang);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);

@@ -8,8 +8,11 @@ class QTextLayout;
 
 namespace fv2 {
 
-//! Lays out all lines of a text below one another, no wider than given, and tells the size that they take. The first
-//! one leaves room for accents of capitals that stand out above what the font says of its lines. Main thread only.
-QSizeF layOutLines(QTextLayout& layout, double width, double leastLineHeight = 0);
+//! How far accents of a text's capitals stand out above what its font says of its lines, in pixels.
+[[nodiscard]] double overhangOf(const QTextLayout& layout);
+
+//! Lays out all lines of a text below one another, no wider than given and below the overhang, and tells the size that
+//! they take. Main thread only.
+QSizeF layOutLines(QTextLayout& layout, double width, double overhang, double leastLineHeight = 0);
 
 } // namespace fv2

@@ -10,12 +10,14 @@ from screen_reader import ScreenReader
 from waiting import wait_until
 
 TEXTS = {
-    "en": {"rows": ["Protection status", "About"], "about": "About this program", "states": (
-        (1, "1, status: warning", "Please read the messages"), (3, "2, status: problem", "Your attention is needed"),
-        (6, "", "No problems reported"))},
-    "de": {"rows": ["Schutzstatus", "Über"], "about": "Über dieses Programm", "states": (
-        (1, "1, Status: Warnung", "Bitte beachten Sie die Hinweise"),
-        (3, "2, Status: Problem", "Ihre Aufmerksamkeit ist gefragt"), (6, "", "Keine Probleme gemeldet"))},
+    "en": {
+        "rows": ["Protection status", "About"], "about": "About this program", "link": "Try again", "states": (
+            (1, "1, status: warning", "Please read the messages"), (3, "2, status: problem", "Your attention is needed"),
+            (6, "", "No problems reported"))},
+    "de": {
+        "rows": ["Schutzstatus", "Über"], "about": "Über dieses Programm", "link": "Versuchen Sie es erneut", "states": (
+            (1, "1, Status: Warnung", "Bitte beachten Sie die Hinweise"),
+            (3, "2, Status: Problem", "Ihre Aufmerksamkeit ist gefragt"), (6, "", "Keine Probleme gemeldet"))},
 }
 
 
@@ -45,6 +47,12 @@ class ScreenReaderTest(unittest.TestCase):
                 window.find("filler", title, ["showing"])
                 nameless = [element.role() for element in window.find_all(states=["focusable"]) if not element.name()]
                 self.assertEqual(nameless, [])
+                service.send("sync fail")
+                link = window.find("link", texts["link"], ["focusable", "showing"])
+                desktop.screen.press("Tab")
+                wait_until(lambda: "focused" in link.states(), "the keyboard to come to the link")
+                link.do("Press")
+                service.expect("^sync of uid .*: accepted")
                 self.assertIn(window.role(), ("frame", "window"))
 
 
