@@ -21,11 +21,11 @@ class PasswordDialog:
         self._elements = None
 
     def windows(self):
-        return self._fitting(lambda window: "DIALOG" not in window.types() and window.managed()
+        return self._fitting(lambda window: "MODAL" not in window.states() and window.managed()
                              and window.geometry().width < NARROW)
 
     def alerts(self):
-        return self._fitting(lambda window: "DIALOG" in window.types())
+        return self._fitting(lambda window: "MODAL" in window.states())
 
     def window(self, seconds=10.0):
         """Waits for it and gives it the keyboard, as a click into it would."""

@@ -7,6 +7,7 @@ import contextlib
 import re
 import threading
 import time
+from pathlib import Path
 
 import dbus
 import dbus.bus
@@ -45,14 +46,19 @@ def seconds_of(ask, *arguments):
     return time.monotonic() - started
 
 
+def starved_seconds(pid):
+    """How long the main thread of a process has been ready to run without a processor to run on, so far."""
+    return int(Path(f"/proc/{pid}/task/{pid}/schedstat").read_text(encoding="utf-8").split()[1]) / 1e9
+
+
 class Heartbeat:
     """Asks a tray item for its title, over and over, in a `with` block: Qt answers that on the program's main thread.
-    `longest` is the longest time that an answer took, in seconds; `longest_of_bus` is the same of the bus itself, which
-    tells how busy the machine is."""
+    `longest` is the longest time that an answer took, in seconds, without what a busy machine made the thread wait;
+    `longest_of_bus` is the same of the bus itself."""
 
-    def __init__(self, desktop, item):
+    def __init__(self, desktop, item, program):
         self.longest, self.longest_of_bus, self.beats = 0.0, 0.0, 0
-        self._address, self._item = desktop.env["DBUS_SESSION_BUS_ADDRESS"], item
+        self._address, self._item, self._pid = desktop.env["DBUS_SESSION_BUS_ADDRESS"], item, program.pid
         self._done = threading.Event()
         self._thread = threading.Thread(target=self._beat, name="heartbeat", daemon=True)
         self._failure = None
@@ -73,9 +79,11 @@ class Heartbeat:
         try:
             while not self._done.wait(BEAT_SECONDS):
                 self.longest_of_bus = max(self.longest_of_bus, seconds_of(bus.get_name_owner, "org.freedesktop.DBus"))
-                self.longest = max(self.longest, seconds_of(item.title))
+                starved = starved_seconds(self._pid)
+                took = seconds_of(item.title)
+                self.longest = max(self.longest, took - (starved_seconds(self._pid) - starved))
                 self.beats += 1
-        except dbus.DBusException as failure:
+        except (dbus.DBusException, OSError) as failure:
             self._failure = failure
         finally:
             bus.close()
