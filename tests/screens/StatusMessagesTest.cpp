@@ -27,8 +27,8 @@ class StatusMessages : public Model {
 protected:
     void SetUp() override {
         OxTranslatedString::setApplicationBundle(strings);
-        shared->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "", "", ProductModel()));
-        page = std::make_unique<ProtectionStatusSubviewController>(shared);
+        model->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "", "", ProductModel()));
+        page = std::make_unique<ProtectionStatusSubviewController>(model);
         (new QVBoxLayout(&window))->addWidget(page->view());
         window.resize(480, 474);
         window.show();
@@ -37,7 +37,7 @@ protected:
 
     //! The model makes its list of what the service says, which is never more than three messages.
     void show(const Messages& messages) {
-        const_cast<FV2AppState&>(shared->state()).statusMessageList = messages;
+        const_cast<FV2AppState&>(model->state()).statusMessageList = messages;
         page->updateFromModel();
     }
     StatusMessagesTableView& table() const { return *window.findChild<StatusMessagesTableView*>(); }
@@ -64,7 +64,6 @@ protected:
     }
 
     bool dark = false;
-    std::shared_ptr<FV2AppStateModel> shared = make(dispatch, link);
     QWidget window;
     std::unique_ptr<ProtectionStatusSubviewController> page;
 };
@@ -109,7 +108,7 @@ TEST_F(StatusMessages, HaveReadableRowsAsHighAsTheirTextsAtEveryWidthAndFontSize
 
 TEST_F(StatusMessages, ComeInTheStatedSteps) {
     const LogScope log{FV2LoggingLevel::trace};
-    const ProtectionStatusSubviewController another(shared);
+    const ProtectionStatusSubviewController another(model);
     show({message("A"), message("B")});
     std::string said;
     for (const std::string& line : log.messages())
@@ -169,7 +168,7 @@ TEST_F(StatusMessages, RunTheirCommandOnceByEachWay) {
         }
         std::function<void()> rebuild;
     } windows;
-    shared->setWndDelegate(&windows);
+    model->setWndDelegate(&windows);
     int changes = 0;
     windows.rebuild = [&] { show({message("A", {}), message("B" + std::to_string(++changes))}); };
     windows.rebuild();
