@@ -77,6 +77,7 @@ void FV2AlertSheet::addButtons(QGridLayout& grid) {
 
 void FV2AlertSheet::beginModal() {
     setAttribute(Qt::WA_ShowWithoutActivating, !parentWidget()->isActiveWindow());
+    adjustSize(); // before there is a window: one that takes its size while it is shown may be left with another
     open();
 }
 

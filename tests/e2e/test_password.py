@@ -39,7 +39,7 @@ class PasswordTest(unittest.TestCase):
         self.dialog = PasswordDialog(self.desktop, self.agent)
 
     def alert_says(self, title, text=""):
-        self.dialog.alert()
+        self.assertGreater(self.dialog.alert().geometry().width, 300)
         self.assertIn(text, self.dialog.elements().find("dialog", title).description())
         self.dialog.answer()
 
