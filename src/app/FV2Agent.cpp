@@ -4,6 +4,7 @@
 
 #include "comms/FV2AppSocketComms.h"
 #include "logging/FV2Logging.h"
+#include "platform/FV2AccountName.h"
 #include "platform/FV2ComputerName.h"
 #include "platform/FV2Launcher.h"
 #include "platform/FV2MachineDescription.h"
@@ -48,7 +49,7 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
     , m_menu(m_strings)
     , m_passwords(besideProgram("pam.d"))
     , m_appModel(makeModel())
-    , m_screens(m_appModel)
+    , m_screens(m_appModel, accountName())
     , m_wndDelegate(m_appModel, m_screens)
     , m_delegate({.appModel = *m_appModel,
                   .wndDelegate = m_wndDelegate,

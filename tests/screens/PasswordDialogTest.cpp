@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/FV2AccountName.h"
 #include "screens/Screens.h"
 #include "support/LogScope.h"
 #include "support/QtLoop.h"
@@ -60,7 +59,7 @@ TEST_F(PasswordDialog, AsksForThePasswordOfTheOneWhoIsLoggedIn) {
         open(encrypting);
         EXPECT_EQ(window().height(), 300);
         EXPECT_EQ(text("message"), encrypting ? "PASSWORDDIALOG_MESSAGE_ENC %1" : "PASSWORDDIALOG_MESSAGE_DEC %1");
-        EXPECT_EQ(text("username"), accountName());
+        EXPECT_EQ(text("username"), "anna");
         EXPECT_TRUE(field().hasFocus() && ok().isDefault() && !ok().isEnabled());
         const auto* const told = QAccessible::queryAccessibleInterface(&field());
         EXPECT_EQ(told->text(QAccessible::Name), "PASSWORDDIALOG_PASSWORD %1");
@@ -91,8 +90,8 @@ TEST_F(PasswordDialog, HandsARightPasswordToTheServiceAndCloses) {
     EXPECT_EQ(handedOver(), 0) << "nothing waits on the main thread";
     dispatch.settle();
     EXPECT_EQ(link.asked.back(),
-              R"({"command":"set_user_credentials","uid":501,"token":"t1","parameters":{"username":")" + accountName() +
-                  R"(","password":"right"}})");
+              R"({"command":"set_user_credentials","uid":501,"token":"t1","parameters":{"username":"anna",)"
+              R"("password":"right"}})");
     EXPECT_FALSE(registry.isOpen(kind));
     letDie();
     EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1) << "the password is still somewhere";
@@ -140,6 +139,21 @@ TEST_F(PasswordDialog, SendsNothingOnceItHasGone) {
         letDie();
         EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1);
     }
+}
+
+TEST_F(PasswordDialog, ForgetsWhatWasTypedWhenItIsHiddenButNotWhatIsBeingChecked) {
+    open();
+    QTest::keyClicks(&field(), "right");
+    registry.hideApplicationWindows();
+    EXPECT_TRUE(field().secret().empty());
+    EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1);
+    registry.showAll();
+    EXPECT_FALSE(ok().isEnabled());
+    enter("right");
+    registry.hideApplicationWindows();
+    link.answerToOthers = R"({"result":true})";
+    dispatch.settle();
+    EXPECT_EQ(handedOver(), 1);
 }
 
 TEST_F(PasswordDialog, IsPostponedOnceThatIsConfirmed) {
