@@ -4,6 +4,7 @@
 
 #include "comms/FV2AppSocketComms.h"
 #include "logging/FV2Logging.h"
+#include "platform/FV2AccountName.h"
 #include "platform/FV2ComputerName.h"
 #include "platform/FV2Launcher.h"
 #include "platform/FV2MachineDescription.h"
@@ -14,6 +15,7 @@
 
 #include <QFile>
 
+#include <cstdlib>
 #include <filesystem>
 #include <unistd.h>
 #include <variant>
@@ -25,6 +27,8 @@ namespace {
 std::string text(std::string_view identifier) {
     return OxTranslatedString::translateOrMarkID(identifier).string();
 }
+
+constexpr std::chrono::seconds kLongestEnd{1};
 
 std::string designPropertyList() {
     QFile file(QStringLiteral(":/design/design.plist"));
@@ -45,7 +49,7 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
     , m_menu(m_strings)
     , m_passwords(besideProgram("pam.d"))
     , m_appModel(makeModel())
-    , m_screens(m_appModel)
+    , m_screens(m_appModel, accountName())
     , m_wndDelegate(m_appModel, m_screens)
     , m_delegate({.appModel = *m_appModel,
                   .wndDelegate = m_wndDelegate,
@@ -119,7 +123,11 @@ int FV2Agent::run(bool showWindow) {
     m_delegate.applicationDidFinishLaunching(showWindow || launchedByFileManager());
     const int status = m_application.exec();
     m_passwords.hurry();
-    m_dispatch.finish();
+    // Exchanges have been cut short; a module of PAM may block for as long as it likes.
+    if (!m_dispatch.finish(Deadline(kLongestEnd))) {
+        log(FV2LoggingLevel::error, {"The password check does not end; ending without it"});
+        std::_Exit(status);
+    }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // windows that were closed last
     return status;
 }

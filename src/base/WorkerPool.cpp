@@ -18,8 +18,11 @@ void WorkerPool::work() {
     std::unique_lock lock(m_mutex);
     for (;;) {
         m_changed.wait(lock, [this] { return m_finishing || !m_jobs.empty(); });
-        if (m_jobs.empty())
+        if (m_jobs.empty()) {
+            ++m_ended;
+            m_changed.notify_all();
             return;
+        }
         {
             const std::function<void()> job = std::move(m_jobs.front());
             m_jobs.pop_front();
@@ -30,16 +33,34 @@ void WorkerPool::work() {
     }
 }
 
-void WorkerPool::finish() {
-    std::vector<std::thread> threads;
+WorkerPool::~WorkerPool() {
+    takeNoMore();
+    join();
+}
+
+bool WorkerPool::finish(const Deadline& deadline) {
+    takeNoMore();
     {
-        const std::lock_guard lock(m_mutex);
-        m_finishing = true;
-        threads.swap(m_threads);
+        std::unique_lock lock(m_mutex);
+        const std::chrono::milliseconds left(deadline.pollTimeout());
+        if (!m_changed.wait_for(lock, left, [this] { return m_ended == m_threads.size(); }))
+            return false;
     }
+    join();
+    return true;
+}
+
+void WorkerPool::takeNoMore() {
+    const std::lock_guard lock(m_mutex);
+    m_finishing = true;
     m_changed.notify_all();
-    for (std::thread& thread : threads)
+}
+
+void WorkerPool::join() {
+    for (std::thread& thread : m_threads) // nobody adds one any more
         thread.join();
+    m_threads.clear();
+    m_ended = 0;
 }
 
 } // namespace fv2

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/Deadline.h"
+
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -16,24 +18,29 @@ class WorkerPool {
 public:
     explicit WorkerPool(std::size_t threadCount)
         : m_threadCount(threadCount) {}
-    ~WorkerPool() { finish(); }
+    //! Waits for all jobs.
+    ~WorkerPool();
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
 
     //! Any thread. A job that comes after finish() is dropped.
     void post(std::function<void()> job);
 
-    //! Runs the jobs that wait, then ends and joins all threads. Blocks for as long as that takes.
-    void finish();
+    //! Runs the jobs that wait, then ends and joins all threads. False when that takes too long: some threads still
+    //! run.
+    bool finish(const Deadline& deadline);
 
 private:
     void work();
+    void takeNoMore();
+    void join();
 
     const std::size_t m_threadCount;
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<std::function<void()>> m_jobs;
     bool m_finishing = false;
+    std::size_t m_ended = 0;
     std::vector<std::thread> m_threads;
 };
 

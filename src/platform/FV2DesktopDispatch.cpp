@@ -18,9 +18,9 @@ FV2DesktopDispatch::FV2DesktopDispatch()
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { m_mainQueue.drain(); });
 }
 
-void FV2DesktopDispatch::finish() {
+bool FV2DesktopDispatch::finish(const Deadline& deadline) {
     m_notifier.setEnabled(false);
-    m_workers.finish();
+    return m_workers.finish(deadline);
 }
 
 } // namespace fv2

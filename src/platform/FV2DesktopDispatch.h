@@ -19,8 +19,9 @@ public:
     void toMain(std::function<void()> job) override { m_mainQueue.post(std::move(job)); }
     void toWorker(std::function<void()> job) override { m_workers.post(std::move(job)); }
 
-    //! Runs what the workers still have to do and ends them; results for the main thread are no longer delivered.
-    void finish();
+    //! Runs what the workers still have to do and ends them; results for the main thread are no longer delivered. False
+    //! when some still work after that time.
+    [[nodiscard]] bool finish(const Deadline& deadline);
 
 private:
     MainQueue m_mainQueue;

@@ -82,20 +82,24 @@ void waitAfterFailure(int result, unsigned microseconds, void* data) {
     static_cast<void>(static_cast<Conversation*>(data)->hurry.waitFor(-1, 0, end));
 }
 
+constexpr const char* kNotAllowed = "account may not log in now";
+
 struct Words {
     int result;
     const char* words;
 };
 
-//! Results of both steps; the rest has to do with PAM, not with the account.
+//! The rest has to do with PAM, not with the account.
 constexpr std::array kWords{
     Words{PAM_AUTH_ERR, "wrong password"},          Words{PAM_USER_UNKNOWN, "account unknown"},
-    Words{PAM_MAXTRIES, "account locked"},          Words{PAM_PERM_DENIED, "account locked"},
+    Words{PAM_MAXTRIES, "account locked"},          Words{PAM_PERM_DENIED, kNotAllowed},
     Words{PAM_ACCT_EXPIRED, "account expired"},     Words{PAM_NEW_AUTHTOK_REQD, "password expired"},
     Words{PAM_AUTHTOK_EXPIRED, "password expired"},
 };
 
-std::string wordsFor(int result) {
+std::string wordsFor(int result, bool passwordWasRight) {
+    if (passwordWasRight && result == PAM_AUTH_ERR)
+        return kNotAllowed;
     const auto* const found =
         std::find_if(kWords.begin(), kWords.end(), [result](const Words& each) { return each.result == result; });
     return found != kWords.end() ? found->words : "PAM not available (module error " + std::to_string(result) + ")";
@@ -120,12 +124,17 @@ public:
 
     //! Empty when the password was accepted.
     [[nodiscard]] std::string run() {
-        for (const auto step : {::pam_authenticate, ::pam_acct_mgmt})
-            if (m_result == PAM_SUCCESS)
-                m_result = step(m_pam, PAM_SILENT | PAM_DISALLOW_NULL_AUTHTOK);
+        constexpr int flags = PAM_SILENT | PAM_DISALLOW_NULL_AUTHTOK;
+        if (m_result == PAM_SUCCESS)
+            m_result = ::pam_authenticate(m_pam, flags);
+        const bool passwordWasRight = m_result == PAM_SUCCESS && m_conversation.answered;
+        if (passwordWasRight)
+            m_result = ::pam_acct_mgmt(m_pam, flags);
         if (m_conversation.askedForMore)
             return "PAM asks for more than a password";
-        return m_result == PAM_SUCCESS ? std::string() : wordsFor(m_result);
+        if (m_result != PAM_SUCCESS)
+            return wordsFor(m_result, passwordWasRight);
+        return passwordWasRight ? std::string() : "PAM does not ask for the password"; // another factor sufficed
     }
 
 private:
@@ -150,7 +159,9 @@ FV2PamPassword::FV2PamPassword(Path folder, std::vector<Path> systemFolders)
 bool FV2PamPassword::verifyPassword(const std::string& userName, const SecretText& password) const {
     const bool isOwn = hasServiceFile(m_folder);
     std::string failure;
-    if (password.empty() || password.text().find('\0') != std::string_view::npos) {
+    if (m_hurry.isRaised()) {
+        failure = "the agent ends";
+    } else if (password.empty() || password.text().find('\0') != std::string_view::npos) {
         failure = "no text that can be a password";
     } else if (!isOwn && std::none_of(m_systemFolders.begin(), m_systemFolders.end(), hasServiceFile)) {
         failure = "PAM not available (no service file)"; // PAM would silently take the rules of "other"

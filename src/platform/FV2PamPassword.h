@@ -21,7 +21,7 @@ public:
 
     [[nodiscard]] bool verifyPassword(const std::string& userName, const SecretText& password) const override;
 
-    //! Leaves out, from now on, the seconds of waiting that PAM puts behind a wrong password.
+    //! Leaves out, from now on, the seconds of waiting that PAM puts behind a wrong password, and all further checks.
     void hurry() { m_hurry.raise(); }
 
 private:

@@ -12,8 +12,8 @@ struct FV2Settings {
     bool credentialsToRootOnly = false;        //!< a service that runs as the user gets no password
 };
 
-//! Reads "fv2-agent/agent.conf" in the first of the system's folders for settings (XDG_CONFIG_DIRS, /etc/xdg without
-//! it) that has it; what is not said there keeps its default.
+//! Reads "fv2-agent/agent.conf" in the first of the system's folders for settings (XDG_CONFIG_DIRS, then /etc/xdg) that
+//! has it; what is not said there keeps its default. A file that can't be read counts as the stricter choice.
 [[nodiscard]] FV2Settings readSettings();
 
 } // namespace fv2

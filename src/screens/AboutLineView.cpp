@@ -4,6 +4,7 @@
 
 #include "toolkit/NxTranslated.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 
@@ -42,7 +43,7 @@ void AboutLineView::setCopyable(bool copyable) {
     m_copyableValue->setReadOnly(true);
     m_copyableValue->setFrame(false);
     m_copyableValue->setTextMargins(-kInsideLineEdit, 0, -kInsideLineEdit, 0); // as the other lines' values
-    m_copyableValue->setFixedHeight(m_label->sizeHint().height());
+    fitCopyableValue();
     m_copyableValue->setContextMenuPolicy(Qt::CustomContextMenu);
     QPalette onPage;
     onPage.setColor(QPalette::Base, Qt::transparent);
@@ -50,6 +51,16 @@ void AboutLineView::setCopyable(bool copyable) {
     m_label->setBuddy(m_copyableValue);
     layout()->addWidget(m_copyableValue);
     connect(m_copyableValue, &QWidget::customContextMenuRequested, this, &AboutLineView::showCopyMenu);
+}
+
+void AboutLineView::fitCopyableValue() {
+    m_copyableValue->setFixedHeight(m_label->sizeHint().height());
+}
+
+void AboutLineView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && isCopyable())
+        fitCopyableValue();
 }
 
 void AboutLineView::showCopyMenu(const QPoint& place) {

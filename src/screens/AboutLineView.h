@@ -29,7 +29,11 @@ public:
     [[nodiscard]] int labelWidth() const { return m_label->sizeHint().width(); }
     void setLabelWidth(int width) { m_label->setFixedWidth(width); }
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void fitCopyableValue();
     void showCopyMenu(const QPoint& place);
 
     NxTextField* m_label;

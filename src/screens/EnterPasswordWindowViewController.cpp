@@ -3,7 +3,6 @@
 #include "screens/EnterPasswordWindowViewController.h"
 
 #include "logging/FV2Logging.h"
-#include "platform/FV2AccountName.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
 #include "ui_EnterPassword.h"
@@ -25,11 +24,12 @@ std::string_view typedForLog([[maybe_unused]] const SecretText& typed) {
 } // namespace
 
 EnterPasswordWindowViewController::EnterPasswordWindowViewController(const std::weak_ptr<FV2AppStateModel>& model,
-                                                                     FV2WindowDelegate& registry, bool isEncrypting)
+                                                                     FV2WindowDelegate& registry, std::string userName,
+                                                                     bool isEncrypting)
     : FV2ViewController(model, new FV2View)
     , m_registry(registry)
     , encrypting(isEncrypting)
-    , m_userName(accountName())
+    , m_userName(std::move(userName))
     , m_capsLock(nullptr) {
     Ui::EnterPassword outlets;
     outlets.setupUi(static_cast<FV2View*>(view()));
@@ -101,9 +101,22 @@ void EnterPasswordWindowViewController::controlTextDidChange() {
     const SecretText& typed = secureTextPasswordField->secret();
     log(FV2LoggingLevel::trace, {"chg -> Password is =", typedForLog(typed)});
     m_refused = false;
-    okButton->setEnabled(!typed.empty());
-    m_showButton->setEnabled(!typed.empty());
+    updateButtons();
     updateHint();
+}
+
+void EnterPasswordWindowViewController::updateButtons() {
+    const bool isTyped = !m_waiting && !secureTextPasswordField->secret().empty();
+    okButton->setEnabled(isTyped);
+    m_showButton->setEnabled(isTyped);
+}
+
+void EnterPasswordWindowViewController::forget() {
+    if (m_waiting)
+        return;
+    const QSignalBlocker nobodyTypes(secureTextPasswordField);
+    secureTextPasswordField->clear();
+    updateButtons();
 }
 
 void EnterPasswordWindowViewController::onShowButton() {
@@ -145,8 +158,8 @@ void EnterPasswordWindowViewController::onAnswered(const CommandResult& result) 
 }
 
 void EnterPasswordWindowViewController::startAgain(std::uint64_t errorCode, fv2Alert alert) {
-    secureTextPasswordField->clear();
     setWaiting(false);
+    forget();
     if (const auto model = appModel.lock())
         model->doAlert(kind(), errorCode, alert);
 }
@@ -164,11 +177,9 @@ void EnterPasswordWindowViewController::setWaiting(bool waiting) {
     m_hint->setFocusPolicy(waiting ? Qt::TabFocus : Qt::NoFocus);
     if (waiting)
         m_hint->setFocus();
-    const bool isTyped = !secureTextPasswordField->secret().empty();
     secureTextPasswordField->setEnabled(!waiting);
     m_postponeButton->setEnabled(!waiting);
-    okButton->setEnabled(!waiting && isTyped);
-    m_showButton->setEnabled(!waiting && isTyped);
+    updateButtons();
     if (!waiting)
         secureTextPasswordField->setFocus();
 }

@@ -23,7 +23,10 @@ class EnterPasswordWindowViewController final : public FV2ViewController,
     Q_OBJECT
 public:
     EnterPasswordWindowViewController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry,
-                                      bool encrypting);
+                                      std::string userName, bool encrypting);
+
+    //! Empties the field, unless its password is being checked.
+    void forget();
 
 Q_SIGNALS:
     //! The service has accepted the password.
@@ -36,6 +39,7 @@ private:
     void viewDidLoad();
     void addButtons();
     void controlTextDidChange();
+    void updateButtons();
     void onShowButton();
     void onOKButton();
     void onPostponeButton();

@@ -19,14 +19,19 @@ std::unique_ptr<FV2Window> makeWindow(const std::weak_ptr<FV2AppStateModel>& app
 } // namespace
 
 EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
-                                                                         FV2WindowDelegate& registry, bool isEncrypting)
+                                                                         FV2WindowDelegate& registry,
+                                                                         const std::string& userName, bool isEncrypting)
     : FV2PasswordWindowController(model, makeWindow(model))
     , titlebarViewController(std::make_unique<FV2WindowTitlebarAccessoryViewController>(model))
-    , viewController(makeController<EnterPasswordWindowViewController>(model, registry, isEncrypting))
+    , viewController(makeController<EnterPasswordWindowViewController>(model, registry, userName, isEncrypting))
     , encrypting(isEncrypting) {
     titlebarViewController->attachTo(*this);
     connect(viewController.get(), &EnterPasswordWindowViewController::finished, this,
             [this] { window().closeWindow(); });
+    connect(&window(), &FV2Window::shownOrHidden, viewController.get(), [this, dialog = viewController.get()] {
+        if (!window().isVisible())
+            dialog->forget();
+    });
     window().hideTitlebarButtons();
     window().setContentView(viewController->view());
     window().growWithContent();

@@ -17,7 +17,7 @@ class EnterPasswordWindowWindowController final : public FV2PasswordWindowContro
 public:
     //! The configuration must have the window's sizes.
     EnterPasswordWindowWindowController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry,
-                                        bool encrypting);
+                                        const std::string& userName, bool encrypting);
 
     void postponeAndClose() override;
 

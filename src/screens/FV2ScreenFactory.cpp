@@ -13,7 +13,7 @@ std::shared_ptr<FV2MainWindowController> FV2ScreenFactory::makeMainWindow(FV2Win
 
 std::shared_ptr<FV2PasswordWindowController> FV2ScreenFactory::makePasswordWindow(FV2WindowDelegate& registry,
                                                                                   bool encrypting) {
-    return makeController<EnterPasswordWindowWindowController>(m_appModel, registry, encrypting);
+    return makeController<EnterPasswordWindowWindowController>(m_appModel, registry, m_userName, encrypting);
 }
 
 } // namespace fv2

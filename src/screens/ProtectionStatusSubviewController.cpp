@@ -70,7 +70,6 @@ void ProtectionStatusSubviewController::refreshColours(const FV2AppConfigModel& 
     statusLineView->setBackgroundColor(background);
     statusLineText->setTextColor(foreground);
     statusLineIcon->setTintColor(foreground);
-    statusMessagesTableView->setSeparatorColour(toQColor(config.colours().colourSeperator));
 }
 
 } // namespace fv2

@@ -11,20 +11,19 @@ namespace fv2 {
 
 namespace {
 
-constexpr int kSeparator = 1;
 constexpr int kScrollMargin = 12;
 
 } // namespace
 
 StatusMessagesTableView::StatusMessagesTableView(QWidget* parent)
     : QScrollArea(parent)
-    , m_rows(new NxView)
+    , m_rows(new QWidget)
     , m_focusMark(new NxView(this)) {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     setWidget(m_rows);
-    // The page's own background shows.
+    // The page's own background shows below and between the rows.
     viewport()->setAutoFillBackground(false);
     m_rows->setAutoFillBackground(false);
     m_focusMark->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -74,7 +73,7 @@ void StatusMessagesTableView::layOutRows() {
             height = static_cast<int>(std::ceil(m_delegate->heightOfRow(*this, row)));
         }
         m_rowViews[static_cast<std::size_t>(row)]->setGeometry(0, bottom, width, height);
-        bottom += height + kSeparator;
+        bottom += height + kRowGap;
     }
     setFocusPolicy(bottom > viewport()->height() ? Qt::TabFocus : Qt::NoFocus);
     // Last, as it may bring or take the scroll bar, and with it another width.

@@ -24,11 +24,14 @@ public:
     virtual void didAddRowView(const StatusMessagesTableView& table, QWidget& rowView, int row) = 0;
 };
 
-//! One column of rows, each as high as it likes, a thin line below each; scrolls when they take more than there is.
+//! One column of rows, each as high as it likes, a narrow gap below each; scrolls when they take more than there is.
 //! Main thread only.
 class StatusMessagesTableView final : public QScrollArea {
     Q_OBJECT
 public:
+    //! Between rows of the same colour a line of the configured grey could not be seen.
+    static constexpr int kRowGap = 3;
+
     explicit StatusMessagesTableView(QWidget* parent = nullptr);
 
     //! Who is asked how many rows there are and what is in them, and who for their heights; both borrowed, they outlive
@@ -40,7 +43,6 @@ public:
     //! next turn.
     void reloadData();
 
-    void setSeparatorColour(const QColor& colour) { m_rows->setBackgroundColor(colour); }
     //! Scrolls as little as is needed to show a place of a view in a row.
     void scrollTo(const QWidget& view, const QRect& place);
 
@@ -56,7 +58,7 @@ private:
 
     StatusMessagesTableSource* m_source = nullptr;
     StatusMessagesTableSource* m_delegate = nullptr;
-    NxView* m_rows;
+    QWidget* m_rows;
     NxView* m_focusMark;
     std::vector<QWidget*> m_rowViews;
 };

@@ -12,8 +12,8 @@ class QGridLayout;
 
 namespace fv2 {
 
-//! One alert over a window: picture, title, text, buttons. It blocks that window and nothing else; there is no loop of
-//! its own. Dies when it has been answered, or with its window. Main thread only.
+//! One alert over a window: picture, title, text, buttons. It blocks that window and those behind it; there is no loop
+//! of its own. Dies when it has been answered, or with its window. Main thread only.
 class FV2AlertSheet final : public QDialog {
     Q_OBJECT
 public:

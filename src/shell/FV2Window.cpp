@@ -137,6 +137,12 @@ void FV2Window::orderFrontRegardless() {
     showAtFront();
 }
 
+void FV2Window::orderOut() {
+    if (m_sheet != nullptr)
+        m_sheet->close();
+    hide();
+}
+
 void FV2Window::center() {
     const QRect free = screen()->availableGeometry();
     move(free.center() - QPoint(width() / 2, height() / 2));

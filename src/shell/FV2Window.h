@@ -43,7 +43,8 @@ public:
     void makeKeyAndOrderFront();
     //! Shows the window without taking the keyboard from where it is.
     void orderFrontRegardless();
-    void orderOut() { hide(); }
+    //! Hides the window; an alert over it goes unanswered.
+    void orderOut();
     //! In the middle of the screen. Where a desktop places windows by itself, as under Wayland, it decides.
     void center();
 
@@ -80,12 +81,12 @@ private:
     void showAtFront();
     void beginNextSheet();
 
+    bool m_grows = false; //!< first: the layout, as it is made, sends an event
     const QSize m_contentSize;
     QVBoxLayout* m_frame;
     QPointer<FV2AlertSheet> m_sheet;
     std::deque<WaitingSheet> m_waitingSheets;
     bool m_hasButtons = true;
-    bool m_grows = false;
     bool m_closeEnabled = true;
     bool m_closing = false;
     bool m_painted = false;

@@ -187,9 +187,6 @@ void FV2WindowDelegate::hideApplicationWindows() {
         close(fv2Window::Main);
         return;
     }
-    if (const FV2Window* const last = wndList.windowAt(wndList.count()))
-        if (FV2AlertSheet* const sheet = last->attachedSheet())
-            sheet->close();
     wndList.orderOutAll();
 }
 
@@ -224,8 +221,9 @@ void FV2WindowDelegate::selectProtectionStatusPage() {
 }
 
 void FV2WindowDelegate::showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) {
-    if (const auto controller = registeredController(kind))
-        controller->window().beginSheet(content, std::move(onFirstButton));
+    FV2Window* const front = wndList.windowAt(wndList.count());
+    if (front != nullptr && isOpen(kind))
+        front->beginSheet(content, std::move(onFirstButton));
 }
 
 void FV2WindowDelegate::confirmPostponement(fv2Window kind) {

@@ -53,6 +53,7 @@ public:
     [[nodiscard]] std::string mainWindowDescription() const override;
     void updateMainWindow() override;
     void selectProtectionStatusPage() override;
+    //! On the front window: an alert on the one behind would block both, and nobody would see why.
     void showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) override;
     void confirmPostponement(fv2Window kind) override;
 

@@ -7,8 +7,6 @@
 #include <QPointer>
 #include <QWindow>
 
-#include <memory>
-
 namespace fv2 {
 
 namespace {
@@ -107,10 +105,9 @@ int NxTextAndLinksAccessible::childCount() const {
 QAccessibleInterface* NxTextAndLinksAccessible::child(int index) const {
     if (index < 0 || index >= childCount())
         return nullptr;
-    while (m_links.size() <= static_cast<std::size_t>(index)) {
-        auto link = std::make_unique<AccessibleLink>(&view(), m_links.size());
-        m_links.push_back(QAccessible::registerAccessibleInterface(link.release()));
-    }
+    while (m_links.size() <= static_cast<std::size_t>(index))
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): Qt keeps it until the destructor
+        m_links.push_back(QAccessible::registerAccessibleInterface(new AccessibleLink(&view(), m_links.size())));
     return QAccessible::accessibleInterface(m_links.at(static_cast<std::size_t>(index)));
 }
 

@@ -103,7 +103,7 @@ TEST_F(Model, EndsAStormInTheLastStateAndStopsInTheMiddleOfTheNextLeavingNothing
             return stopping = true;
         });
         model->syncCommsAsync(true, fv2SyncSource::User, true);
-        threads.workers.finish(); // and what comes of it waits for the main thread
+        EXPECT_TRUE(threads.workers.finish(Deadline(30s))); // and what comes of it waits for the main thread
         interface.icons.clear();
         model.reset();
         threads.main.drain();

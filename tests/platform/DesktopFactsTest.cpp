@@ -67,6 +67,7 @@ TEST(Settings, AreThoseOfTheFirstFolderThatHasThem) {
     EXPECT_EQ(read(""), "help.example.com");
     EXPECT_EQ(read("[help]\nhost=h.example.org:81\n[credentials]\nrootOnly=true\n"), "h.example.org:81 root");
     EXPECT_EQ(read("[help]\nhost=\n[credentials]\nrootOnly=0\n"), "");
+    EXPECT_EQ(read("[help\nhost="), "help.example.com root") << "broken";
     std::ofstream(folder / "a/fv2-agent/agent.conf") << "\n";
     EXPECT_EQ(read("[help]\nhost=h.example.org\n"), "help.example.com");
     ::unsetenv("XDG_CONFIG_DIRS");

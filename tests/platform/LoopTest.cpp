@@ -12,6 +12,7 @@ namespace fv2::test {
 namespace {
 
 using std::chrono::milliseconds;
+using std::chrono::seconds;
 
 TEST(TimerService, CallsOnceAndNotBeforeItsTime) {
     FV2QtTimerService timers;
@@ -101,8 +102,9 @@ TEST(DesktopDispatch, LeavesTheLoopItsTimeWhileEveryWorkerHangsAndJobsPostJobs) 
     QTimer::singleShot(1, [&timerRan] { timerRan = true; });
     EXPECT_TRUE(runLoopUntil([&timerRan] { return timerRan; }));
     EXPECT_TRUE(runLoopUntil([&begun] { return begun >= 4; })) << "jobs that hang must leave room for others";
+    EXPECT_FALSE(dispatch.finish(Deadline(milliseconds(10)))) << "nothing can end them";
     release.set_value();
-    dispatch.finish();
+    EXPECT_TRUE(dispatch.finish(Deadline(seconds(10))));
     EXPECT_EQ(begun, 20) << "finish() runs what waits";
 }
 
@@ -124,7 +126,7 @@ TEST(DesktopDispatch, DeliversNothingOnceTheOwnerIsGoneOrItHasFinished) {
     owner = std::make_shared<const char>();
     dispatch.run(
         owner, [] { return 100; }, done);
-    dispatch.finish();
+    EXPECT_TRUE(dispatch.finish(Deadline(seconds(10))));
     dispatch.run(
         owner, [] { return 1000; }, done);
     runLoopFor(milliseconds(30));

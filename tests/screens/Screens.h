@@ -51,7 +51,7 @@ protected:
     }
 
     bool dark = false;
-    FV2ScreenFactory screens{model};
+    FV2ScreenFactory screens{model, "anna"};
     FV2WindowDelegate registry{model, screens};
 };
 

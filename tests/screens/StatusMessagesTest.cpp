@@ -91,7 +91,7 @@ TEST_F(StatusMessages, HaveReadableRowsAsHighAsTheirTextsAtEveryWidthAndFontSize
                 EXPECT_GE(text(row).height(), text(row).heightForWidth(text(row).width()));
                 EXPECT_EQ(title(row).font().pointSize(), points + 1);
                 EXPECT_EQ(text(row).font().pointSize(), points);
-                bottom += view->height() + 1;
+                bottom += view->height() + StatusMessagesTableView::kRowGap;
             }
             EXPECT_GT(rows().at(1)->height(), rows().at(0)->height());
             EXPECT_EQ(table().verticalScrollBar()->maximum(), std::max(0, bottom - table().viewport()->height()));

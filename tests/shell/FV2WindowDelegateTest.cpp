@@ -194,7 +194,9 @@ TEST_F(WindowDelegateTest, HidesAndShowsTheSameWindowsAndClosesTheMainWindowWhen
 
     reopen({kMain, kDec});
     const FV2Window* const main = window(kMain);
-    registry.showAlert(kDec, {"title", "text", {"OK"}}, [] {});
+    registry.showAlert(kMain, {"title", "text", {"OK"}}, [] {});
+    EXPECT_EQ(window(kMain)->attachedSheet(), nullptr);
+    EXPECT_NE(window(kDec)->attachedSheet(), nullptr) << "where the user can see what blocks both";
     registry.hideApplicationWindows();
     runLoopFor(std::chrono::milliseconds(10));
     EXPECT_EQ(window(kDec)->attachedSheet(), nullptr);
