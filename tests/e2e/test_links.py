@@ -3,6 +3,7 @@
 """The links in the window's messages, and that nothing the user does ever waits for the service."""
 
 import re
+import signal
 import time
 import unittest
 
@@ -99,6 +100,13 @@ class LinksTest(unittest.TestCase):
         self.assertGreater(waited, 45, "five attempts of ten seconds")
         self.assertLess(heart.longest, 0.1)
         self.assertEqual(end(self.agent), 0)
+
+    def test_the_heartbeat_tells_when_the_agent_stands_still(self):
+        with Heartbeat(self.desktop, self.desktop.tray_item(), self.agent) as heart:
+            self.agent.signal(signal.SIGSTOP)
+            time.sleep(0.5)
+            self.agent.signal(signal.SIGCONT)
+            wait_until(lambda: heart.longest > 0.4, "the pause to be noticed")
 
 
 if __name__ == "__main__":
