@@ -9,7 +9,6 @@
 #include <QCloseEvent>
 #include <QScreen>
 #include <QShortcut>
-#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -165,7 +164,7 @@ void FV2Window::beginNextSheet() {
     m_waitingSheets.pop_front();
     m_sheet = new FV2AlertSheet(this, next.content, next.onFirstButton);
     // In a turn of its own: whoever closes a sheet may be about to hide this window as well.
-    connect(m_sheet, &QObject::destroyed, this, [this] { QTimer::singleShot(0, this, &FV2Window::beginNextSheet); });
+    connect(m_sheet, &QObject::destroyed, this, &FV2Window::beginNextSheet, Qt::QueuedConnection);
     m_sheet->beginModal();
 }
 

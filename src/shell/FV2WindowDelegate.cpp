@@ -183,7 +183,7 @@ void FV2WindowDelegate::close(fv2Window kind) {
 }
 
 void FV2WindowDelegate::hideApplicationWindows() {
-    if (wndList.count() == 1 && isAnyWindowMain()) {
+    if (wndList.count() == 1 && isOpen(fv2Window::Main) && isAnyWindowMain()) {
         close(fv2Window::Main);
         return;
     }
