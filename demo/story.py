@@ -10,7 +10,6 @@ from pathlib import Path
 from xml.etree import ElementTree
 
 from password_dialog import PasswordDialog
-from waiting import wait_until
 
 ROOT = Path(__file__).resolve().parent.parent
 

@@ -7,7 +7,7 @@ import time
 import unittest
 
 from accounts import account, listed_account
-from agent import BUILD, end, notify, start_agent, start_service
+from agent import end, start_agent, start_service
 from desktop import Desktop
 from mocks import Notifications
 from password_dialog import PasswordDialog

@@ -14,6 +14,25 @@ import dbus.bus
 
 from tray import TrayItem
 
+#: Tries to read a process as debuggers and dumpers do, and says what each attempt met.
+READER = """
+import ctypes, sys
+pid, libc = int(sys.argv[1]), ctypes.CDLL(None, use_errno=True)
+class Span(ctypes.Structure):
+    _fields_ = [("start", ctypes.c_void_p), ("size", ctypes.c_size_t)]
+here = ctypes.create_string_buffer(8)
+local, remote = Span(ctypes.addressof(here), 8), Span(int(sys.argv[2], 16), 8)
+got = libc.process_vm_readv(pid, ctypes.byref(local), 1, ctypes.byref(remote), 1, 0)
+answers = ["read" if got == 8 else ctypes.get_errno()]
+for name in ("maps", "environ", "mem"):
+    try:
+        open(f"/proc/{pid}/{name}", "rb").close()
+        answers.append("read")
+    except OSError as error:
+        answers.append(error.errno)
+print("met:", *answers, sep=",")
+"""
+
 #: Read at once; a text that lies across two pieces is found as well.
 PIECE = 1 << 22
 BEAT_SECONDS = 0.02
@@ -38,6 +57,21 @@ def copies_in_memory(pid, *texts):
         wanted = re.compile(b"|".join(re.escape(text.encode(encoding)) for text in texts))
         counts[encoding] = sum(match.start() < PIECE for piece in memory_of(pid) for match in wanted.finditer(piece))
     return counts
+
+
+class ReadingAttempts:
+    """What another process of a desktop's user meets that tries to read a process: its memory directly, then the files
+    maps, environ and mem of /proc."""
+
+    def __init__(self, desktop, pid):
+        self._desktop, self._pid = desktop, pid
+        with open(f"/proc/{pid}/maps", encoding="utf-8") as maps:
+            self._place = maps.read().partition("-")[0]
+
+    def results(self):
+        """For each attempt "read" or the number of its error."""
+        reader = self._desktop.start(["/usr/bin/python3", "-c", READER, self._pid, self._place], name="reader")
+        return [word if word == "read" else int(word) for word in reader.expect("^met:,(.*)").group(1).split(",")]
 
 
 def seconds_of(ask, *arguments):
