@@ -64,8 +64,11 @@ TEST(SecretText, LeavesNothingBehindAndKeepsTheProcessClosedWhileItHoldsAByte) {
     EXPECT_TRUE(isOpen());
     EXPECT_TRUE(secret.append("abcdef"));
     const char* const bytes = secret.text().data();
-    for (const char* const mark : {" lo ", " dd ", " wf "})
+    for (const char* const mark : {" dd ", " wf "})
         EXPECT_NE(memoryMarks(bytes).find(mark), std::string::npos) << mark << memoryMarks(bytes);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // under which nothing can be locked
+    EXPECT_NE(memoryMarks(bytes).find(" lo "), std::string::npos);
+#endif
     struct Case {
         std::size_t position, count;
         std::string_view text, expected;
