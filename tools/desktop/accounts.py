@@ -43,8 +43,9 @@ def real_account(password=None):
     """A new user of this computer, who is gone after the block, or when this process has ended in any way. Needs root."""
     name = "fv2-" + secrets.token_hex(6)
     password = password or secrets.token_urlsafe(12)
-    remover = subprocess.Popen(["sh", "-c", 'cat; userdel --force "$0" 2>&1', name], start_new_session=True,
-                               stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+    # Whom it tells of trouble may be the one who was killed.
+    remover = subprocess.Popen(["sh", "-c", 'trap "" PIPE; cat; userdel --force "$0" 2>&1', name],
+                               start_new_session=True, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
     try:
         subprocess.run(["useradd", "--no-create-home", "--home-dir", "/nonexistent", "--shell", "/usr/sbin/nologin",
                         name], check=True, timeout=30)
