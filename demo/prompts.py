@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The fv2-agent authors
 # SPDX-License-Identifier: Apache-2.0
-"""Takes a picture of the password dialog in each of its conditions and of every alert, in both appearances and languages.
+"""Takes a picture of the password dialog in each of its conditions and of every alert, light and dark, in each language.
 
 usage: prompts.py <folder of the two programs> <folder for the pictures>"""
 

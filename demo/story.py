@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The fv2-agent authors
 # SPDX-License-Identifier: Apache-2.0
-"""What the walk shows, step by step: somebody's disk is encrypted, from the first prompt to a synchronisation that fails
-and is tried again."""
+"""What the walk shows, step by step: somebody's disk is encrypted, from the first prompt to a synchronisation that
+fails and is tried again."""
 
 import json
 from collections.abc import Callable

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """What the window's two pages do for the one who uses them, and that nothing there ever waits for the service."""
 
+import functools
 import re
 import signal
 import subprocess
@@ -81,8 +82,9 @@ class AboutTest(OpenWindow):
 
         def by_mouse():
             screen.click(*field.middle(), button=3)
-            menu = wait_until(lambda: [window for window in screen.windows(self.agent.pid) if not window.managed()], "menu")
-            menu[0].click(menu[0].geometry().width // 2, menu[0].geometry().height // 2)
+            windows = functools.partial(screen.windows, self.agent.pid)
+            menu = wait_until(lambda: [window for window in windows() if not window.managed()], "the menu")[0]
+            menu.click(menu.geometry().width // 2, menu.geometry().height // 2)
 
         for copy in (by_keyboard, by_mouse):
             subprocess.run(["xclip", "-selection", "clipboard"], input=b"before", env=self.desktop.env, timeout=20)
@@ -168,7 +170,7 @@ class MessagesTest(OpenWindow):
             self.page.find(name="Checking your password…", states=["showing"])
             self.dialog.alert(70)
             waited = time.monotonic() - started
-        print(f"longest wait for the main thread: {heart.longest * 1000:.0f} ms in {heart.beats} beats over {waited:.0f}"
+        print(f"longest wait for the main thread: {heart.longest * 1000:.0f} ms in {heart.beats} beats, {waited:.0f}"
               f" s; for the bus itself: {heart.longest_of_bus * 1000:.0f} ms")
         self.assertGreater(waited, 45, "five attempts of ten seconds")
         self.assertLess(heart.longest, 0.1)

@@ -40,7 +40,7 @@ class Account:
 
 @contextlib.contextmanager
 def real_account(password=None):
-    """A new user of this computer, who is gone after the block, or when this process has ended in any way. Needs root."""
+    """A new user of this computer, who is gone after the block, or when this process has ended somehow. Needs root."""
     name = "fv2-" + secrets.token_hex(6)
     password = password or secrets.token_urlsafe(12)
     # Whom it tells of trouble may be the one who was killed.
