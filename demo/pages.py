@@ -21,7 +21,7 @@ APPEARANCES = {"light": (2, (255, 255, 255)), "dark": (1, (34, 36, 39))}
 SCALES = (1, 1.5, 2)
 LANGUAGES = ("en", "de")
 #: What the service says, by the traffic light that follows from it.
-STATES = {"green": "state 6", "yellow": "state 1", "red": "state 12"}
+STATES = {"green": ["state 6"], "yellow": ["state 5", "progress 42"], "red": ["state 3", "sync fail"]}
 PAGES = {"status": "ctrl+1", "about": "ctrl+2"}
 #: A place on both pages where there is nothing but their background; of the window at 100 %.
 BACKGROUND = (680, 440)
@@ -44,9 +44,11 @@ def session(build, pictures, appearance, scale, language):
         window = desktop.screen.window(agent.pid)
         place = [round(scale * length) for length in BACKGROUND]
         wait_until(lambda: window.colour(*place) == background, f"a {appearance} window")
-        for state, line in STATES.items():
-            service.send(line)
-            agent.expect("updateModelSempahore - signal")
+        agent.expect("updateFromModel syncSource == Startup")
+        for state, lines in STATES.items():
+            for line in lines:
+                service.send(line)
+                agent.expect("updateModelSempahore - signal")
             for page, key in PAGES.items():
                 desktop.screen.press(key)
                 time.sleep(0.3)  # what has been decided still has to be painted

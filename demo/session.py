@@ -13,6 +13,8 @@ from pathlib import Path
 
 WELCOME = """
 Look for the agent's icon in your tray: it follows the disk that the demo service plays, which is to be encrypted.
+You will be asked for the password that you log in with. This computer checks it, and then it goes to the demo service
+only, which neither keeps nor prints it, and encrypts nothing. Whatever else you type is answered as a wrong password.
 Lines typed here go to the service: `next` for the next step, `state 6` for an encrypted disk, `sync start` for a
 synchronisation, `help` for the rest. Ctrl+C ends both programs.
 """

@@ -60,7 +60,7 @@ void FV2AlertSheet::addTexts(QGridLayout& grid) {
 }
 
 void FV2AlertSheet::addButtons(QGridLayout& grid) {
-    auto* const box = new QDialogButtonBox;
+    auto* const box = new QDialogButtonBox(this); // a button learns in the sheet that it is the default one
     for (std::size_t position = 0; position < m_content.buttons.size(); ++position) {
         auto* const button = new NxButton;
         button->setText(QString::fromStdString(m_content.buttons[position]));
@@ -77,6 +77,7 @@ void FV2AlertSheet::addButtons(QGridLayout& grid) {
 
 void FV2AlertSheet::beginModal() {
     setAttribute(Qt::WA_ShowWithoutActivating, !parentWidget()->isActiveWindow());
+    adjustSize(); // before there is a window: one that takes its size while it is shown may be left with another
     open();
 }
 

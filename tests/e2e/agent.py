@@ -7,11 +7,13 @@ import signal
 import socket
 from pathlib import Path
 
+from accounts import installed
 from waiting import wait_until
 
 BUILD = Path(os.environ.get("FV2_BUILD", Path(__file__).resolve().parents[2] / "build/release"))
 SERVICE_SOCKET = "/tmp/orm_ui.sock"
-AGENT_SOCKET = f"/tmp/ormfv2_ui_{os.getuid()}.sock"
+AGENT_SOCKETS = "/tmp/ormfv2_ui_{}.sock"
+AGENT_SOCKET = AGENT_SOCKETS.format(os.getuid())
 UNDERSTOOD = b'"{ "result": 0 }"'
 NOT_UNDERSTOOD = b'"{ "result": 1 }"'
 
@@ -22,16 +24,26 @@ STATE_COLOURS = {
 }
 
 
-def start_agent(desktop, levels="all", **env):
+def program(desktop, name):
+    """The program of that name where the desktop's user can run it."""
+    return installed(BUILD / name, desktop) if desktop.account else BUILD / name
+
+
+def start_agent(desktop, *options, levels="all", **env):
     """Starts the agent and returns once it listens on its own socket."""
-    agent = desktop.start([BUILD / "fv2-agent"], {"FV2_LOG_LEVELS": levels, **env})
-    wait_until(lambda: not agent.running() or listens(), "the agent's socket")
+    agent = desktop.start([program(desktop, "fv2-agent"), *options], {"FV2_LOG_LEVELS": levels, **env})
+    path = AGENT_SOCKETS.format(desktop.uid)
+    wait_until(lambda: not agent.running() or listens(path), "the agent's socket")
     return agent
 
 
-def start_service(desktop, *options):
-    service = desktop.start([BUILD / "fv2-demo-service", *options])
+def start_service(desktop, *lines):
+    """Starts the service, as root if we are root, and has it told some lines before the agent asks."""
+    service = desktop.start([BUILD / "fv2-demo-service"], as_us=True)
     service.expect("^listening on ")
+    for line in (*lines, "next"):
+        service.send(line)
+    service.expect("^no scenario plays")  # what is said to the last line
     return service
 
 
@@ -46,9 +58,9 @@ def connected(path=AGENT_SOCKET):
     return peer
 
 
-def listens():
+def listens(path=AGENT_SOCKET):
     try:
-        connected().close()
+        connected(path).close()
         return True
     except OSError:
         return False

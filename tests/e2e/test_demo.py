@@ -26,10 +26,13 @@ class DemoTest(unittest.TestCase):
         command = [sys.executable, "-B", WALK, build, self.folder / "pictures", "--panel", panel]
         return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=120)
 
-    def test_the_walk_shows_every_icon_and_leaves_its_pictures(self):
+    def test_the_walk_tells_the_whole_story_and_leaves_its_pictures(self):
         done = self.walk(BUILD, "dark")
         self.assertEqual(done.returncode, 0, done.stdout)
         pictures = {file.name for file in (self.folder / "pictures").iterdir()}
+        story = ("unencrypted", "password", "wrong", "later", "right", "preparing", "encrypting", "encrypted",
+                 "sync-failed", "syncing", "about")
+        self.assertLessEqual({f"dark-{number:02}-{name}.png" for number, name in enumerate(story, 1)}, pictures)
         for colour in ("green", "yellow", "red", "blue"):
             self.assertIn(f"tray-dark-{colour}.png", pictures)
             self.assertIn(f"{colour} icon", done.stdout)

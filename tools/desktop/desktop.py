@@ -43,6 +43,7 @@ BUS_CONFIG = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Config
     <allow send_destination="*" eavesdrop="true"/>
     <allow eavesdrop="true"/>
     <allow own="*"/>
+    <allow user="root"/>
   </policy>
 </busconfig>
 """
@@ -96,14 +97,17 @@ class Desktop:
     """One desktop; see the head of this file. panel is "light", "dark" or None for a session without any tray.
 
     window_manager: windows have frames and one of them the keyboard. accessible: programs started in it speak to screen
-    readers. system_bus: there is one, empty, and system_bus is connected to it."""
+    readers. system_bus: there is one, empty, and system_bus is connected to it. account: whose desktop it is; ours
+    without one."""
 
     SIZE = (1280, 800)
     PANEL = (1280, PANEL_HEIGHT, 0, 0)
     TRAY = (200, PANEL_HEIGHT, 1080, 0)
 
     def __init__(self, panel="light", logs_folder=True, env=None, window_manager=False, accessible=False,
-                 system_bus=False):
+                 system_bus=False, account=None):
+        self.account = account
+        self.uid = account.uid if account else os.getuid()
         self._panel = panel
         self._window_manager = window_manager
         self._accessible = accessible
@@ -140,9 +144,10 @@ class Desktop:
         """Has something called before everything that was started by now is stopped."""
         self._closing.callback(callback)
 
-    def start(self, command, env=None, name=None):
-        """Starts a program in this desktop; it is stopped with the desktop at the latest."""
-        program = Program(command, {**self.env, **(env or {})}, name)
+    def start(self, command, env=None, name=None, as_us=False):
+        """Starts a program in this desktop; it is stopped with the desktop at the latest. as_us: as who runs this, even
+        if the desktop is somebody else's."""
+        program = Program(command, {**self.env, **(env or {})}, name, None if as_us else self.account)
         self._closing.callback(program.stop)
         return program
 
@@ -188,6 +193,9 @@ class Desktop:
             folder.mkdir(mode=0o700)
         if self._logs_folder:
             (self.home / "logs").mkdir()
+        if self.account:
+            for folder in (self.folder, *self.folder.rglob("*")):
+                os.chown(folder, self.uid, self.account.gid)
         # Made from nothing, so that it is the same on every machine.
         self.env = {
             "PATH": os.environ.get("PATH", "/usr/bin:/bin"),

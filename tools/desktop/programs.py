@@ -17,16 +17,18 @@ class Program:
     """One running child. Its standard output and error are collected together, line by line.
 
     setpriv makes the kernel end the child when this process dies without a chance to clean up; the child leads its own
-    process group, so that Ctrl+C reaches us alone and stopping it takes along what it started."""
+    process group, so that Ctrl+C reaches us alone and stopping it takes along what it started. It runs as us, or as the
+    user of an account."""
 
-    def __init__(self, command, env, name=None):
+    def __init__(self, command, env, name=None, account=None):
         self.name = name or Path(command[0]).name
         self.lines = []
         self._seen = 0
         self._ended = False
         self._changed = threading.Condition()
+        become = account.become() if account else []
         self._process = subprocess.Popen(
-            ["setpriv", "--pdeathsig", "KILL", "--", *map(str, command)],
+            ["setpriv", *become, "--pdeathsig", "KILL", "--", *map(str, command)],
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
             text=True, errors="replace", bufsize=1, env=env, cwd=env.get("HOME"), start_new_session=True)
         self._reader = threading.Thread(target=self._collect, name=f"reader of {self.name}", daemon=True)

@@ -11,10 +11,12 @@ import re
 import dbus
 import dbus.bus
 
-from waiting import wait_until
+from waiting import NotInTime, wait_until
 
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 ACTION = "org.a11y.atspi.Action"
+COMPONENT = "org.a11y.atspi.Component"
+TEXT = "org.a11y.atspi.Text"
 PROPERTIES = "org.freedesktop.DBus.Properties"
 REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
 
@@ -64,6 +66,12 @@ class Element:
         self.path = path
         self._object = bus.get_object(owner, path, introspect=False)
 
+    def __eq__(self, other):
+        return isinstance(other, Element) and (self._owner, self.path) == (other._owner, other.path)
+
+    def __hash__(self):
+        return hash((self._owner, self.path))
+
     def pid(self):
         bus = self._bus.get_object("org.freedesktop.DBus", "/org/freedesktop/DBus", introspect=False)
         return int(bus.GetConnectionUnixProcessID(self._owner, dbus_interface="org.freedesktop.DBus"))
@@ -87,6 +95,15 @@ class Element:
         answer = self._object.GetChildren(dbus_interface=ACCESSIBLE)
         return [Element(self._bus, str(owner), str(path)) for owner, path in answer]
 
+    def text(self):
+        """What is read out of it character by character; an element without such a text answers with an error."""
+        return str(self._object.GetText(dbus.Int32(0), dbus.Int32(-1), dbus_interface=TEXT))
+
+    def middle(self):
+        """The place on the screen where somebody would click it."""
+        x, y, width, height = self._object.GetExtents(dbus.UInt32(0), dbus_interface=COMPONENT)
+        return int(x) + int(width) // 2, int(y) + int(height) // 2
+
     def actions(self):
         """Names of what can be done with it."""
         return [str(name) for name, _, _ in self._object.GetActions(dbus_interface=ACTION)]
@@ -97,6 +114,16 @@ class Element:
         if action not in actions:
             raise AssertionError(f"{self.role()} '{self.name()}' has no action '{action}', only {actions}")
         self._object.DoAction(dbus.Int32(actions.index(action)), dbus_interface=ACTION)
+
+    def tab_to(self, element, screen):
+        """Presses Tab until an element below this one has the keyboard."""
+        for _ in range(30):
+            before = self._focused()
+            if element in before:
+                return
+            screen.press("Tab")
+            wait_until(lambda: self._focused() != before, "Tab to lead elsewhere")
+        raise NotInTime(f"Tab does not lead to the {element.role()} '{element.name()}'")
 
     def all(self):
         """The element and everything below it, from top to bottom."""
@@ -119,6 +146,11 @@ class Element:
                 return self.find_all(role, name, states)
 
         return wait_until(found, what, seconds)[0]
+
+    def _focused(self):
+        with contextlib.suppress(dbus.DBusException):
+            return set(self.find_all(states=["focused", "showing"]))
+        return set()
 
     def _property(self, name):
         return self._object.Get(ACCESSIBLE, name, dbus_interface=PROPERTIES)

@@ -11,6 +11,7 @@ from Xlib.display import Display
 from Xlib.error import XError
 from Xlib.protocol.event import ClientMessage
 
+from keyboard import Keyboard
 from waiting import wait_until
 
 #: What the window manager takes for the wish of a pager, which does what the user says; not of a program.
@@ -34,6 +35,7 @@ class Screen:
         self.env = env
         self.display = Display(env["DISPLAY"])
         self.root = self.display.screen().root
+        self.keyboard = Keyboard(self.display)
 
     def close(self):
         self.display.close()

@@ -1,0 +1,144 @@
+# SPDX-FileCopyrightText: 2026 The fv2-agent authors
+# SPDX-License-Identifier: Apache-2.0
+"""The service wants the user's password: the dialog, its alerts, and what can go wrong on the way."""
+
+import json
+import time
+import unittest
+
+from accounts import account, listed_account
+from agent import end, start_agent, start_service
+from desktop import Desktop
+from mocks import Notifications
+from password_dialog import PasswordDialog
+from waiting import wait_until
+
+#: Of a service that wants the password in a state, prepares in a second, works through two others.
+DIRECTIONS = {"encrypt": (3, 4, 5, 6), "decrypt": (7, 8, 9, 10)}
+BAD_PASSWORD, BAD_COMMS = "The password was not accepted", "The encryption service is not answering"
+FAIL_PASSWORD = "Your password could not be used"
+
+
+def scenario(desktop, wants, prepares, works, done):
+    """A file with a disk that gets ready quickly, and stays at 100 percent until the line `next`."""
+    steps = [{"set": [f"state {wants}"], "until": "credentials"}, {"set": [f"state {prepares}"], "for": 0.5},
+             {"set": [f"state {works}"], "ramp": [0, 100], "for": 1}, {"until": "next"}, {"set": [f"state {done}"]}]
+    file = desktop.folder / "quick.json"
+    file.write_text(json.dumps({"about": "quick", "set": ["policy postpone none"], "steps": steps}), encoding="utf-8")
+    return file
+
+
+class PasswordTest(unittest.TestCase):
+    def start(self, *lines, who=listed_account, options=(), before=lambda desktop: None):
+        self.doCleanups()  # what an earlier case has left
+        self.account = self.enterContext(who())
+        self.desktop = self.enterContext(Desktop(window_manager=True, accessible=True, account=self.account))
+        before(self.desktop)
+        self.service = start_service(self.desktop, *lines)
+        self.agent = start_agent(self.desktop, *options)
+        self.dialog = PasswordDialog(self.desktop, self.agent)
+
+    def alert_says(self, title, text=""):
+        self.assertGreater(self.dialog.alert().geometry().width, 300)
+        self.assertIn(text, self.dialog.elements().find("dialog", title).description())
+        self.dialog.answer()
+
+    def credentials(self):
+        return [line for line in self.service.lines if line.startswith("credentials of")]
+
+    def test_the_right_password_starts_the_work_and_a_wrong_one_does_not(self):
+        for direction, states in DIRECTIONS.items():
+            with self.subTest(direction):
+                self.start(who=account)
+                self.service.send(f"scenario {scenario(self.desktop, *states)}")
+                self.dialog.enter("x" + self.account.password)
+                self.alert_says(BAD_PASSWORD)
+                self.agent.expect("wrong password")
+                self.assertEqual(self.credentials(), [], "a wrong password must not leave the agent")
+                self.dialog.enter(self.account.password)
+                self.dialog.wait_until_gone()
+                self.service.expect("step 4 of 5", 20)
+                self.desktop.tray_item().choose("Open window")
+                wait_until(lambda: any("100%" in element.name() for element in self.dialog.elements().all()), "100%")
+                self.assertEqual(self.credentials(), [f"credentials of uid {self.desktop.uid}: accepted"])
+                self.service.send("next")
+                wait_until(lambda: self.desktop.tray_item().icon_colour() == "green", "a green icon")
+                self.assertEqual(self.dialog.windows(), [])
+                self.assertEqual(end(self.agent), 0)
+
+    def test_later_is_asked_about_and_does_as_was_answered(self):
+        for policy, state in (("0", 3), ("none", 7)):
+            with self.subTest(policy):
+                self.start(f"policy postpone {policy}", f"state {state}")
+                for keys in (("Escape",), ("Tab", "space")):
+                    self.dialog.press("Later")
+                    self.dialog.answer(*keys)
+                    self.dialog.window()
+                self.dialog.press("Later")
+                self.dialog.answer()
+                self.dialog.wait_until_gone()
+                for line in ("notify", "progress 1", "notify"):
+                    self.service.send(line)
+                    self.service.expect("^status for uid")
+                    time.sleep(1)
+                    self.assertEqual(self.dialog.windows(), [])
+                # What was postponed is asked for again once it was not wanted for a while.
+                self.service.send("state 1")
+                self.service.expect("^status for uid")
+                self.service.send(f"state {state}")
+                self.dialog.window()
+                self.assertEqual(self.credentials(), [])
+
+    def test_what_goes_wrong_with_the_service_is_said_and_the_dialog_stays(self):
+        self.start("state 3")
+        for line, alert, text in (("credentials refuse 7", FAIL_PASSWORD, "(0x7)"), ("fault close", BAD_COMMS, "")):
+            self.dialog.type(self.account.password)
+            self.service.send(line)
+            self.service.expect("^" + line)
+            before = len(self.service.lines)
+            self.desktop.screen.press("Return")
+            self.alert_says(alert, text)
+            met = [line for line in self.service.lines[before:] if line.startswith("connection meets")]
+            self.assertEqual(len(met), 5 if line == "fault close" else 0)
+            self.service.send("fault none")
+        self.dialog.type(self.account.password)
+        self.service.stop()
+        self.desktop.screen.press("Return")
+        self.alert_says(BAD_COMMS)
+        self.service = start_service(self.desktop, "state 3")
+        self.dialog.enter(self.account.password)
+        self.service.expect("^credentials of uid .*: accepted")
+        self.dialog.wait_until_gone()
+
+    def test_a_silent_service_can_be_waited_for_and_left(self):
+        self.start("state 3")
+        self.dialog.type(self.account.password)
+        self.service.send("fault silent")
+        self.service.expect("^fault silent")
+        self.desktop.screen.press("Return")
+        window = self.dialog.elements()
+        window.find(name="Checking your password…", states=["showing"])
+        self.service.expect("connection meets fault silent")
+        for button in window.find_all("push button"):
+            self.assertNotIn("enabled", button.states())
+        self.assertEqual(self.dialog.alerts(), [])
+        self.assertEqual(end(self.agent), 0)
+
+    def test_no_dialog_comes_where_it_would_disturb(self):
+        def do_not_disturb(desktop):
+            self.alerts = Notifications(desktop, inhibited=True)
+
+        for what, options, before in (("the user is not to be disturbed", (), do_not_disturb),
+                                      ("the window is open", ["--show-window"], lambda desktop: None)):
+            with self.subTest(what):
+                self.start("state 1", options=options, before=before)
+                self.agent.expect("updateFromModel syncSource == Startup")
+                for state in (3, 1, 7):
+                    self.service.send(f"state {state}")
+                    self.service.expect("^status for uid")
+                time.sleep(1)
+                self.assertEqual(self.dialog.windows(), [])
+
+
+if __name__ == "__main__":
+    unittest.main()

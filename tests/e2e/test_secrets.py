@@ -1,0 +1,140 @@
+# SPDX-FileCopyrightText: 2026 The fv2-agent authors
+# SPDX-License-Identifier: Apache-2.0
+"""What becomes of a typed password: it arrives unchanged, and nobody else finds it.
+
+FV2_ROUNDS says how often it is typed before it is looked for in the agent's memory."""
+
+import errno
+import itertools
+import os
+import resource
+import signal
+import unittest
+from pathlib import Path
+
+from accounts import account, real_account
+from agent import program, start_agent, start_service
+from desktop import Desktop
+from password_dialog import PasswordDialog
+from recording_service import RecordingService
+from waiting import wait_until
+from watching import ReadingAttempts, copies_in_memory
+
+ROUNDS = int(os.environ.get("FV2_ROUNDS", "6"))
+UNUSUAL = {
+    "quotes, backslashes, controls of JSON": ' "q" \'s\' \\n\\u0041 {"password"=""} $(id) %s ',
+    "umlauts, emoji, marks that stand over letters": "Äöüß€ñ 😀👍🏽 e\u0301",
+    "long": "pAss wörd-" * 46,
+}
+
+
+class SecretsTest(unittest.TestCase):
+    def start(self, who, service=True):
+        self.doCleanups()  # what an earlier case has left
+        self.account = self.enterContext(who)
+        self.desktop = self.enterContext(Desktop(window_manager=True, account=self.account))
+        self.service = start_service(self.desktop, "state 3") if service else self.enterContext(RecordingService())
+        self.agent = start_agent(self.desktop)
+        self.dialog = PasswordDialog(self.desktop, self.agent)
+
+    def test_an_unusual_password_reaches_pam_and_service_unchanged(self):
+        for what, password in UNUSUAL.items():
+            with self.subTest(what):
+                if os.getuid() != 0:
+                    password = password.strip()  # a list of passwords knows no blanks around one
+                self.start(account(password), service=False)
+                self.dialog.enter(password)
+                self.dialog.wait_until_gone()
+                self.assertEqual(self.service.credentials, [{"username": self.account.name, "password": password}])
+
+    def test_a_typed_password_is_written_nowhere(self):
+        self.start(account())
+        self.dialog.enter(self.account.password)
+        self.service.expect("^credentials of .* accepted")
+        self.dialog.wait_until_gone()
+        self.agent.expect("windowWillClose")
+        files = [file for file in self.desktop.home.rglob("*") if file.is_file()]
+        texts = {file: file.read_bytes() for file in (*files, *(Path(f"/proc/{self.agent.pid}", name)
+                                                               for name in ("cmdline", "environ")))}
+        texts["output"] = "\n".join([*self.agent.lines, *self.service.lines]).encode()
+        for place in ("output", self.desktop.home / "logs/mac-fv2-ui.log"):
+            self.assertIn(b"chg -> Password is = ***", texts[place])
+        self.assertEqual([place for place, text in texts.items() if self.account.password.encode() in text], [])
+
+    def test_no_other_process_of_the_user_can_look_while_it_is_typed(self):
+        self.start(account())
+        self.dialog.window()
+        attempts = ReadingAttempts(self.desktop, self.agent.pid)
+        self.assertEqual(attempts.results(), ["read"] * 4, "without a password")
+        self.dialog.type("a")
+        wait_until(lambda: attempts.results() == [errno.EPERM] + [errno.EACCES] * 3, "all to be refused")
+        self.desktop.screen.press("BackSpace")
+        wait_until(lambda: attempts.results() == ["read"] * 4, "the process to be as before")
+
+    @unittest.skipIf(Path("/proc/sys/kernel/core_pattern").read_text()[0] in "|/", "no core dumps in working folders")
+    def test_no_core_dump_is_left_while_it_is_typed(self):
+        soft, hard = resource.getrlimit(resource.RLIMIT_CORE)
+        resource.setrlimit(resource.RLIMIT_CORE, (hard, hard))
+        try:
+            for typed, number in itertools.product(("", "secret"), (signal.SIGSEGV, signal.SIGABRT)):
+                with self.subTest(typed=typed, number=number):
+                    self.start(account())
+                    self.dialog.type(typed)
+                    wait_until(lambda: sum("chg -> Password" in line for line in self.agent.lines) == len(typed), "it")
+                    self.agent.signal(number)
+                    self.assertEqual(self.agent.wait(30), -number)
+                    cores = [file.name for file in self.desktop.home.iterdir() if file.name.startswith("core")]
+                    self.assertEqual(len(cores), 0 if typed else 1, cores)
+        finally:
+            resource.setrlimit(resource.RLIMIT_CORE, (soft, hard))
+
+    def test_none_is_left_in_memory_after_some_rounds(self):
+        self.start(account())
+        wrong = "not-the-password-" + self.account.password[::-1]
+        if os.getuid() == 0:  # nobody else may look now
+            self.dialog.type(self.account.password)
+            wait_until(lambda: copies_in_memory(self.agent.pid, self.account.password) == {"utf-8": 1, "utf-16-le": 0},
+                       "the one copy that is needed")
+            self.desktop.screen.press("ctrl+a", "BackSpace")
+        for number in range(ROUNDS):
+            for state in (1, 3):
+                self.service.send(f"state {state}")
+                self.service.expect("^status for uid")
+            self.dialog.enter(wrong if number % 2 else self.account.password)
+            if number % 2:
+                self.dialog.answer()
+                self.dialog.window()
+            else:
+                self.service.expect("^credentials of .* accepted")
+                self.dialog.wait_until_gone()
+        found = {"wrong": copies_in_memory(self.agent.pid, wrong)}
+        if not self.account.rules:  # the list of a listed account is read by PAM, into the agent's memory
+            found["right"] = copies_in_memory(self.agent.pid, self.account.password)
+        print(f"copies in memory after {ROUNDS} rounds:", found)
+        self.assertEqual(list(found.values()), [{"utf-8": 0, "utf-16-le": 0}] * len(found))
+
+    @unittest.skipUnless(os.getuid() == 0, "needs a service of another user")
+    def test_a_service_of_the_user_gets_no_password_where_the_administrator_says_so(self):
+        for root_only in (True, False):
+            with self.subTest(root_only), real_account() as user, Desktop(window_manager=True, account=user) as desktop:
+                settings = desktop.folder / "xdg/fv2-agent/agent.conf"
+                settings.parent.mkdir(parents=True)
+                settings.write_text(f"[credentials]\nrootOnly={str(root_only).lower()}\n", encoding="utf-8")
+                service = desktop.start([program(desktop, "fv2-demo-service")])
+                service.send("state 3")
+                service.expect("^state 3")
+                agent = start_agent(desktop, XDG_CONFIG_DIRS=str(settings.parents[1]))
+                dialog = PasswordDialog(desktop, agent)
+                dialog.enter(user.password)
+                if root_only:
+                    dialog.answer()
+                    agent.expect(f"refused a stranger at /tmp/orm_ui.sock, uid:{user.uid}")
+                    self.assertTrue(dialog.windows())
+                else:
+                    dialog.wait_until_gone()
+                sent = [line for line in service.lines if line.startswith("credentials of")]
+                self.assertEqual(len(sent), 0 if root_only else 1, service.lines)
+
+
+if __name__ == "__main__":
+    unittest.main()
