@@ -290,8 +290,12 @@ void NxTextAndLinksView::giveFocusBack(std::size_t link) {
 void NxTextAndLinksView::moveFocusMark(std::size_t link) {
     m_focusedLink = link;
     update();
-    if (focusedLink())
-        NxTextAndLinksAccessible::tellFocus(*this, link);
+    tellFocus();
+}
+
+void NxTextAndLinksView::tellFocus() {
+    if (const auto focused = focusedLink())
+        NxTextAndLinksAccessible::tellFocus(*this, *focused);
 }
 
 void NxTextAndLinksView::focusInEvent(QFocusEvent* event) {
@@ -303,7 +307,7 @@ void NxTextAndLinksView::focusInEvent(QFocusEvent* event) {
         m_focusedLink = m_links.size() - 1;
     update();
     // Qt tells screen readers of the view once this is over; the last word is the link's.
-    QTimer::singleShot(0, this, [this] { moveFocusMark(m_focusedLink); });
+    QTimer::singleShot(0, this, &NxTextAndLinksView::tellFocus);
     if ((forward || backward) && focusedLink())
         Q_EMIT linkFocused(rectOfLink(m_focusedLink));
 }

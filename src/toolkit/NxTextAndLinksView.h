@@ -94,6 +94,7 @@ private:
     void textDidChange();
     void updateCursor(const QPoint& place);
     void moveFocusMark(std::size_t link);
+    void tellFocus();
     [[nodiscard]] std::vector<QRectF> piecesOfLink(std::size_t link) const;
     void forgetLayout();
     const QTextLayout& layoutAt(int width) const;
