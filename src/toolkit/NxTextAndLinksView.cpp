@@ -9,7 +9,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QTimer>
 #include <QToolTip>
 
 #include <cmath>
@@ -33,6 +32,9 @@ NxTextAndLinksView::NxTextAndLinksView(QWidget* parent)
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
+    m_focusTelling.setSingleShot(true);
+    m_focusTelling.setInterval(0);
+    connect(&m_focusTelling, &QTimer::timeout, this, &NxTextAndLinksView::tellFocus);
 }
 
 NxTextAndLinksView::~NxTextAndLinksView() = default;
@@ -290,8 +292,12 @@ void NxTextAndLinksView::giveFocusBack(std::size_t link) {
 void NxTextAndLinksView::moveFocusMark(std::size_t link) {
     m_focusedLink = link;
     update();
-    if (focusedLink())
-        NxTextAndLinksAccessible::tellFocus(*this, link);
+    tellFocus();
+}
+
+void NxTextAndLinksView::tellFocus() {
+    if (const auto focused = focusedLink())
+        NxTextAndLinksAccessible::tellFocus(*this, *focused);
 }
 
 void NxTextAndLinksView::focusInEvent(QFocusEvent* event) {
@@ -303,7 +309,7 @@ void NxTextAndLinksView::focusInEvent(QFocusEvent* event) {
         m_focusedLink = m_links.size() - 1;
     update();
     // Qt tells screen readers of the view once this is over; the last word is the link's.
-    QTimer::singleShot(0, this, [this] { moveFocusMark(m_focusedLink); });
+    m_focusTelling.start();
     if ((forward || backward) && focusedLink())
         Q_EMIT linkFocused(rectOfLink(m_focusedLink));
 }

@@ -5,6 +5,7 @@
 #include "toolkit/NxTagMapper.h"
 
 #include <QTextLayout>
+#include <QTimer>
 #include <QWidget>
 
 #include <map>
@@ -94,6 +95,7 @@ private:
     void textDidChange();
     void updateCursor(const QPoint& place);
     void moveFocusMark(std::size_t link);
+    void tellFocus();
     [[nodiscard]] std::vector<QRectF> piecesOfLink(std::size_t link) const;
     void forgetLayout();
     const QTextLayout& layoutAt(int width) const;
@@ -106,6 +108,7 @@ private:
     QColor m_focusMarkColor;
     Qt::CursorShape m_currentCursor = Qt::ArrowCursor;
     std::size_t m_focusedLink = 0;
+    QTimer m_focusTelling; //!< puts it off to the event loop's next turn
 
     // Forming letters costs far more than breaking lines, and layouts ask for the same few widths again and again.
     struct Laid {
