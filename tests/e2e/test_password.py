@@ -59,7 +59,7 @@ class PasswordTest(unittest.TestCase):
                 self.dialog.wait_until_gone()
                 self.service.expect("step 4 of 5", 20)
                 self.desktop.tray_item().choose("Open window")
-                wait_until(lambda: any("100%" in element.name() for element in self.dialog.elements().all()), "100%")
+                wait_until(lambda: self.dialog.elements().says("100%"), "all to be encrypted")
                 self.assertEqual(self.credentials(), [f"credentials of uid {self.desktop.uid}: accepted"])
                 self.service.send("next")
                 wait_until(lambda: self.desktop.tray_item().icon_colour() == "green", "a green icon")

@@ -128,29 +128,36 @@ class Element:
     def all(self):
         """The element and everything below it, from top to bottom."""
         yield self
-        for child in self.children():
-            yield from child.all()
+        with contextlib.suppress(dbus.DBusException):  # gone meanwhile
+            for child in self.children():
+                yield from child.all()
 
     def find_all(self, role=None, name=None, states=()):
         """What of it and below has that role and name and at least those states."""
-        return [element for element in self.all()
-                if role in (None, element.role()) and name in (None, element.name())
-                and set(states) <= element.states()]
+        found = []
+        for element in self.all():
+            with contextlib.suppress(dbus.DBusException):  # gone meanwhile
+                if role in (None, element.role()) and name in (None, element.name()):
+                    if set(states) <= element.states():
+                        found.append(element)
+        return found
+
+    def says(self, text):
+        """Whether the name of anything of it or below holds a text."""
+        for element in self.all():
+            with contextlib.suppress(dbus.DBusException):  # gone meanwhile
+                if text in element.name():
+                    return True
+        return False
 
     def find(self, role=None, name=None, states=(), seconds=10.0):
         """Waits for the first one; see find_all."""
         what = f"{role or 'anything'} called {name!r} with {set(states) or 'any state'}"
 
-        def found():
-            with contextlib.suppress(dbus.DBusException):  # an element that went while we looked around
-                return self.find_all(role, name, states)
-
-        return wait_until(found, what, seconds)[0]
+        return wait_until(lambda: self.find_all(role, name, states), what, seconds)[0]
 
     def _focused(self):
-        with contextlib.suppress(dbus.DBusException):
-            return set(self.find_all(states=["focused", "showing"]))
-        return set()
+        return set(self.find_all(states=["focused", "showing"]))
 
     def _property(self, name):
         return self._object.Get(ACCESSIBLE, name, dbus_interface=PROPERTIES)
