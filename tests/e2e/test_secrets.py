@@ -95,6 +95,7 @@ class SecretsTest(unittest.TestCase):
             self.dialog.type(self.account.password)
             wait_until(lambda: copies_in_memory(self.agent.pid, self.account.password) == {"utf-8": 1, "utf-16-le": 0},
                        "the one copy that is needed")
+            self.assertIn("VmLck:\t       4 kB", Path(f"/proc/{self.agent.pid}/status").read_text())
             self.desktop.screen.press("ctrl+a", "BackSpace")
         for number in range(ROUNDS):
             for state in (1, 3):
