@@ -110,20 +110,6 @@ class PasswordTest(unittest.TestCase):
         self.service.expect("^credentials of uid .*: accepted")
         self.dialog.wait_until_gone()
 
-    def test_a_silent_service_can_be_waited_for_and_left(self):
-        self.start("state 3")
-        self.dialog.type(self.account.password)
-        self.service.send("fault silent")
-        self.service.expect("^fault silent")
-        self.desktop.screen.press("Return")
-        window = self.dialog.elements()
-        window.find(name="Checking your password…", states=["showing"])
-        self.service.expect("connection meets fault silent")
-        for button in window.find_all("push button"):
-            self.assertNotIn("enabled", button.states())
-        self.assertEqual(self.dialog.alerts(), [])
-        self.assertEqual(end(self.agent), 0)
-
     def test_no_dialog_comes_where_it_would_disturb(self):
         def do_not_disturb(desktop):
             self.alerts = Notifications(desktop, inhibited=True)

@@ -21,11 +21,17 @@ from waiting import wait_until
 from watching import ReadingAttempts, copies_in_memory
 
 ROUNDS = int(os.environ.get("FV2_ROUNDS", "6"))
+YAMA = Path("/proc/sys/kernel/yama/ptrace_scope")
 UNUSUAL = {
     "quotes, backslashes, controls of JSON": ' "q" \'s\' \\n\\u0041 {"password"=""} $(id) %s ',
     "umlauts, emoji, marks that stand over letters": "Äöüß€ñ 😀👍🏽 e\u0301",
     "long": "pAss wörd-" * 46,
 }
+
+
+def pieces(text):
+    """All of its parts of six characters."""
+    return [text[start:start + 6] for start in range(len(text) - 5)]
 
 
 class SecretsTest(unittest.TestCase):
@@ -61,6 +67,7 @@ class SecretsTest(unittest.TestCase):
             self.assertIn(b"chg -> Password is = ***", texts[place])
         self.assertEqual([place for place, text in texts.items() if self.account.password.encode() in text], [])
 
+    @unittest.skipIf(YAMA.exists() and YAMA.read_text() != "0\n", "no process may look at another one here")
     def test_no_other_process_of_the_user_can_look_while_it_is_typed(self):
         self.start(account())
         self.dialog.window()
@@ -71,7 +78,8 @@ class SecretsTest(unittest.TestCase):
         self.desktop.screen.press("BackSpace")
         wait_until(lambda: attempts.results() == ["read"] * 4, "the process to be as before")
 
-    @unittest.skipIf(Path("/proc/sys/kernel/core_pattern").read_text()[0] in "|/", "no core dumps in working folders")
+    @unittest.skipIf(Path("/proc/sys/kernel/core_pattern").read_text()[:1] in "|/\n", "no core dumps in working folders")
+    @unittest.skipIf(resource.getrlimit(resource.RLIMIT_CORE)[1] == 0, "no core dumps at all")
     def test_no_core_dump_is_left_while_it_is_typed(self):
         soft, hard = resource.getrlimit(resource.RLIMIT_CORE)
         resource.setrlimit(resource.RLIMIT_CORE, (hard, hard))
@@ -108,9 +116,9 @@ class SecretsTest(unittest.TestCase):
             else:
                 self.service.expect("^credentials of .* accepted")
                 self.dialog.wait_until_gone()
-        found = {"wrong": copies_in_memory(self.agent.pid, wrong)}
+        found = {"wrong": copies_in_memory(self.agent.pid, *pieces(wrong[-12:]))}
         if not self.account.rules:  # the list of a listed account is read by PAM, into the agent's memory
-            found["right"] = copies_in_memory(self.agent.pid, self.account.password)
+            found["right"] = copies_in_memory(self.agent.pid, *pieces(self.account.password))
         print(f"copies in memory after {ROUNDS} rounds:", found)
         self.assertEqual(list(found.values()), [{"utf-8": 0, "utf-16-le": 0}] * len(found))
 

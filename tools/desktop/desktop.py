@@ -4,7 +4,8 @@
 
 On demand there are a window manager, what screen readers need, and a system bus.
 
-Nothing of the user's own session is used or touched, and nothing is left when the `with` block ends, however it ends.
+Nothing of the user's own session is used or touched, and nothing but an empty lock file is left when the `with` block
+ends. Only a killed test process leaves its folders in the temporary one.
 The programs' sockets have fixed paths, so a desktop waits until no other one of this user is open.
 
     with Desktop(panel="dark") as desktop:

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """A service that wants a password and keeps the credentials that it is sent, which the demo service never does."""
 
+import contextlib
 import json
 import os
 import socket
@@ -22,6 +23,8 @@ class RecordingService:
         self._server = socket.socket(socket.AF_UNIX)
 
     def __enter__(self):
+        with contextlib.suppress(FileNotFoundError):  # a killed service leaves it
+            os.unlink(PATH)
         self._server.bind(PATH)
         os.chmod(PATH, 0o666)
         self._server.listen(20)
@@ -38,7 +41,7 @@ class RecordingService:
                 caller = self._server.accept()[0]
             except OSError:
                 return self._server.close()
-            with caller:
+            with caller, contextlib.suppress(OSError):  # a caller that is slow or has gone
                 caller.settimeout(5)
                 request = self._read(caller)
                 if request.get("command") == "set_user_credentials":
