@@ -305,12 +305,13 @@ void NxSecureTextField::paintEvent(QPaintEvent* event) {
         paintRevealed();
     else
         QLineEdit::paintEvent(event);
-    if (hasFocus() || !isEnabled())
+    if (hasFocus())
         return;
     // Styles draw the frame of a dark field so faintly that it is hard to find.
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setOpacity(isEnabled() ? 1 : 0.5);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
 }
 
