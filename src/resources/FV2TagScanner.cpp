@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "resources/FV2TagScanner.h"
 
+#include "base/Utf8.h"
 #include "resources/NewestByBeginning.h"
 
 #include <algorithm>
@@ -37,11 +38,6 @@ const Entity* entityAtBeginningOf(std::string_view text) {
         if (text.size() >= each.name.size() && text[1] == each.name[1] && text.starts_with(each.name))
             return &each;
     return nullptr;
-}
-
-std::size_t charactersIn(std::string_view text) {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
 }
 
 //! An "&" that begins no entity writes nothing: at its place stays the byte that the segment had there, which is

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "toolkit/NxSecureTextField.h"
 
+#include "base/Utf8.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
@@ -42,12 +44,8 @@ private:
     QString m_text;
 };
 
-bool beginsCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xc0U) != 0x80U;
-}
-
-int charactersIn(std::string_view utf8) {
-    return static_cast<int>(std::count_if(utf8.begin(), utf8.end(), beginsCharacter));
+int dotsFor(std::string_view utf8) {
+    return static_cast<int>(charactersIn(utf8));
 }
 
 //! Where the character of that number begins, or the end.
@@ -118,7 +116,7 @@ void NxSecureTextField::clear() {
 
 bool NxSecureTextField::agrees() const {
     const QString dots = text();
-    return !m_taken && dots.size() == charactersIn(m_secret.text()) && dots.count(kDot) == dots.size();
+    return !m_taken && dots.size() == dotsFor(m_secret.text()) && dots.count(kDot) == dots.size();
 }
 
 //! Somebody else may set the text, as screen readers can.
@@ -161,7 +159,7 @@ void NxSecureTextField::enter(QStringView text) {
         Q_EMIT inputRefused();
         return;
     }
-    insert(QString(charactersIn(utf8->text()), kDot));
+    insert(QString(dotsFor(utf8->text()), kDot));
     keepCaretInSight();
     Q_EMIT secretChanged();
 }
@@ -275,7 +273,7 @@ int NxSecureTextField::revealedPosition(int place) const {
     const std::string_view before = m_secret.text().substr(0, byteOf(place, m_secret.text()));
     const auto pairs = std::count_if(before.begin(), before.end(),
                                      [](char byte) { return static_cast<unsigned char>(byte) >= 0xf0U; });
-    return charactersIn(before) + static_cast<int>(pairs);
+    return dotsFor(before) + static_cast<int>(pairs);
 }
 
 int NxSecureTextField::placeAt(double x) const {

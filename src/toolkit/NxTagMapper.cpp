@@ -2,15 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "toolkit/NxTagMapper.h"
 
+#include "base/Utf8.h"
+
 #include <QStringDecoder>
 
 namespace fv2 {
 
 namespace {
-
-bool isContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
 
 //! What stands in the first pair of double quotes behind "TITLE="; none without both.
 std::optional<QString> toolTipOf(const QString& tag) {
@@ -98,10 +96,10 @@ QString textFromScanner(const std::string& bytes) {
         return decoded(bytes);
     QString text;
     for (std::size_t begin = 0, end = 0; begin < bytes.size(); begin = end) {
-        for (end = begin + 1; end < bytes.size() && isContinuation(bytes[end]);)
+        for (end = begin + 1; end < bytes.size() && !beginsCharacter(bytes[end]);)
             ++end;
         const QByteArrayView character(bytes.data() + begin, static_cast<qsizetype>(end - begin));
-        if (!isContinuation(bytes[begin]))
+        if (beginsCharacter(bytes[begin]))
             text += character.isValidUtf8() ? decoded(character) : QString(QChar::ReplacementCharacter);
     }
     return text;
