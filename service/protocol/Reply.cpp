@@ -8,11 +8,11 @@ namespace fv2::service {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 //! Texts that an operator typed may be no UTF-8: those bytes are replaced.
-std::string write(const Json& reply) {
-    return reply.dump(-1, ' ', false, Json::error_handler_t::replace);
+std::string write(const OrderedJson& reply) {
+    return reply.dump(-1, ' ', false, OrderedJson::error_handler_t::replace);
 }
 
 } // namespace
@@ -22,16 +22,16 @@ std::string tokenReply(const std::string& token) {
 }
 
 std::string statusReply(const EngineStatus& status) {
-    Json reply{{"result", true},
-               {"error_code", 0},
-               {"status",
-                {{"state", status.state},
-                 {"progress", status.progress},
-                 {"uuid", status.uuid},
-                 {"version", status.version},
-                 {"sync_active", status.syncActive ? 1 : 0},
-                 {"sync_ok", status.syncOk ? 1 : 0},
-                 {"sync_last", status.syncLast}}}};
+    OrderedJson reply{{"result", true},
+                      {"error_code", 0},
+                      {"status",
+                       {{"state", status.state},
+                        {"progress", status.progress},
+                        {"uuid", status.uuid},
+                        {"version", status.version},
+                        {"sync_active", status.syncActive ? 1 : 0},
+                        {"sync_ok", status.syncOk ? 1 : 0},
+                        {"sync_last", status.syncLast}}}};
     if (status.postponeMinutes)
         reply["policy"]["postponecredentialmins"] = *status.postponeMinutes;
     return write(reply);

@@ -9,8 +9,8 @@ namespace fv2 {
 FV2ServiceSocketComms::FV2ServiceSocketComms(std::shared_ptr<const StopSignal> stop, CommsPatience patience,
                                              PeerPolicy trusted)
     : FV2SocketCommsBase("FV2ServiceSocketComms", "/tmp/orm_ui.sock", std::move(trusted), std::move(stop), patience) {
-    log(FV2LoggingLevel::trace, {"FV2_UI_ONLY"});
-    log(FV2LoggingLevel::trace, {"FV2_ORM_ONLY"});
+    logTrace("FV2_UI_ONLY");
+    logTrace("FV2_ORM_ONLY");
 }
 
 } // namespace fv2

@@ -17,11 +17,6 @@ namespace fv2 {
 namespace {
 
 constexpr int kBacklog = 5;
-constexpr std::chrono::seconds kChunkTime{5};
-
-void trace(const std::string& text) {
-    log(FV2LoggingLevel::trace, {text});
-}
 
 } // namespace
 
@@ -37,7 +32,7 @@ FV2SocketCommsBase::FV2SocketCommsBase(std::string_view className, std::string p
 }
 
 FV2SocketCommsBase::~FV2SocketCommsBase() {
-    trace("FV2SocketCommsBase deinit for " + m_description);
+    logTrace("FV2SocketCommsBase deinit for " + m_description);
 }
 
 void FV2SocketCommsBase::setPath(std::string_view path) {
@@ -81,19 +76,19 @@ std::string FV2SocketCommsBase::sendAndReceive(std::string_view text) {
             return reply;
         if (m_metStranger)
             break;
-        trace("sendAndReceive - RETRY " + std::to_string(attempt) + " ");
+        logTrace("sendAndReceive - RETRY " + std::to_string(attempt) + " ");
     }
-    trace("COMMAND FAILURE");
+    logTrace("COMMAND FAILURE");
     return {};
 }
 
 std::string FV2SocketCommsBase::exchangeOnce(std::string_view text) {
     const Deadline deadline(m_patience.perAttempt);
     if (!connectWithin(deadline)) {
-        trace("sendAndReceive - createConnection failed.");
+        logTrace("sendAndReceive - createConnection failed.");
         return {};
     }
-    trace("createConnection() socket:" + std::to_string(sock.get()));
+    logTrace("createConnection() socket:" + std::to_string(sock.get()));
     std::optional<std::string> reply;
     if (send(sock.get(), text) == static_cast<ssize_t>(text.size()))
         reply = receiveWithin(sock.get(), deadline);
@@ -102,18 +97,18 @@ std::string FV2SocketCommsBase::exchangeOnce(std::string_view text) {
 }
 
 ssize_t FV2SocketCommsBase::send(int descriptor, std::string_view text) const {
-    trace("Send socket:" + std::to_string(descriptor));
+    logTrace("Send socket:" + std::to_string(descriptor));
     const ssize_t sent = sendOnce(descriptor, text);
-    trace("Send Result " + std::to_string(sent));
+    logTrace("Send Result " + std::to_string(sent));
     return sent;
 }
 
 std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, const Deadline& deadline) const {
-    trace("Receive go poll socket:" + std::to_string(descriptor) + " (note: 10s timeout)");
+    logTrace("Receive go poll socket:" + std::to_string(descriptor) + " (note: 10s timeout)");
     const fv2Wait first = m_stop->waitFor(descriptor, POLLIN, deadline);
-    trace("Receive wake poll # events : " + std::to_string(first == fv2Wait::Ready    ? 1
-                                                           : first == fv2Wait::Failed ? -1
-                                                                                      : 0));
+    logTrace("Receive wake poll # events : " + std::to_string(first == fv2Wait::Ready    ? 1
+                                                              : first == fv2Wait::Failed ? -1
+                                                                                         : 0));
     if (first != fv2Wait::Ready)
         return std::nullopt;
 
@@ -124,9 +119,9 @@ std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, con
         const Deadline nextChunk = Deadline::earlier(deadline, Deadline(kChunkTime));
         if (m_stop->waitFor(descriptor, POLLIN, nextChunk) != fv2Wait::Ready)
             break;
-        trace("Receive go recv");
+        logTrace("Receive go recv");
         const ssize_t count = receiveNow(descriptor, chunk.data(), chunk.size());
-        trace("Receive recv got " + std::to_string(count));
+        logTrace("Receive recv got " + std::to_string(count));
         if (count < 1)
             break;
         state = reader.take({chunk.data(), static_cast<std::size_t>(count)});
@@ -135,7 +130,7 @@ std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, con
 }
 
 bool FV2SocketCommsBase::cleanup() {
-    trace("FV2SocketCommsBase cleanup for " + m_description);
+    logTrace("FV2SocketCommsBase cleanup for " + m_description);
     closeSocket();
     m_incoming.closeAll();
     return unlinkPath();
@@ -143,7 +138,7 @@ bool FV2SocketCommsBase::cleanup() {
 
 bool FV2SocketCommsBase::unlinkPath() const {
     const int result = ::unlink(m_path.c_str());
-    trace("FV2SocketCommsBase cleanup unlink() returned " + std::to_string(result));
+    logTrace("FV2SocketCommsBase cleanup unlink() returned " + std::to_string(result));
     return result >= 0;
 }
 
@@ -161,24 +156,24 @@ bool FV2SocketCommsBase::createBinding() {
 }
 
 FV2SocketComms_ReceivedData FV2SocketCommsBase::listenAcceptAndReceiveData() {
-    trace("listenAcceptAndReceiveData() - listening socket:" + std::to_string(sock.get()));
+    logTrace("listenAcceptAndReceiveData() - listening socket:" + std::to_string(sock.get()));
     ::listen(sock.get(), kBacklog);
-    trace("listenAcceptAndReceiveData() - calling accept");
+    logTrace("listenAcceptAndReceiveData() - calling accept");
     m_listening = sock.get();
     acceptActive = true;
     std::optional<FV2SocketComms_ReceivedData> received = m_incoming.next(sock.get(), *m_stop);
     acceptActive = false;
     if (!received)
-        trace("listenAcceptAndReceiveData() - accept -> woke on failure. shutdown?");
+        logTrace("listenAcceptAndReceiveData() - accept -> woke on failure. shutdown?");
     return std::move(received).value_or(FV2SocketComms_ReceivedData());
 }
 
 void FV2SocketCommsBase::shutdown() {
     // Before the signal: once woken, the listening thread no longer counts as waiting.
     if (acceptActive && !m_stop->isRaised()) {
-        trace("doing socket shutdown socket:" + std::to_string(m_listening));
+        logTrace("doing socket shutdown socket:" + std::to_string(m_listening));
         unlinkPath();
-        trace("done socket shutdown");
+        logTrace("done socket shutdown");
     }
     m_stop->raise();
 }

@@ -17,17 +17,12 @@ namespace fv2 {
 namespace {
 
 constexpr std::chrono::seconds kTotalTime{10};
-constexpr std::chrono::milliseconds kChunkTime{5000};
 //! The rest of a send that the kernel has split follows at once.
 constexpr std::chrono::milliseconds kSplitTime{100};
 constexpr std::chrono::milliseconds kBackOff{100};
 //! The backlog is short: what waits there is taken in before the next message is handed out.
 constexpr int kAcceptedAtOnce = 16;
 constexpr std::size_t kMaxDrained = 16 * 1024 * 1024;
-
-void trace(const std::string& text) {
-    log(FV2LoggingLevel::trace, {text});
-}
 
 bool isOutOfResources(int error) {
     return error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM;
@@ -113,8 +108,8 @@ void IncomingConnections::takeIn(UniqueFd socket) {
     limitReceiveTime(socket.get());
     if (m_open.size() >= maxOpen)
         dropOldest();
-    trace("listenAcceptAndReceiveData() - accept -> calling Receive");
-    trace("Receive go poll socket:" + std::to_string(socket.get()) + " (note: 10s timeout)");
+    logTrace("listenAcceptAndReceiveData() - accept -> calling Receive");
+    logTrace("Receive go poll socket:" + std::to_string(socket.get()) + " (note: 10s timeout)");
     m_open.push_back({.socket = std::move(socket),
                       .total = Deadline(kTotalTime),
                       .nextChunk = Deadline(kTotalTime),
@@ -128,9 +123,9 @@ IncomingConnections::Reading IncomingConnections::read(Connection& connection) {
         if (count < 0 && errno == EAGAIN)
             return Reading::Waiting;
         if (connection.reader.byteCount() == 0)
-            trace("Receive wake poll # events : 1");
-        trace("Receive go recv");
-        trace("Receive recv got " + std::to_string(count));
+            logTrace("Receive wake poll # events : 1");
+        logTrace("Receive go recv");
+        logTrace("Receive recv got " + std::to_string(count));
         if (count < 1)
             return Reading::Done;
         const auto state = connection.reader.take({chunk.data(), static_cast<std::size_t>(count)});

@@ -6,11 +6,15 @@
 #include "base/StopSignal.h"
 #include "base/UniqueFd.h"
 
+#include <chrono>
 #include <string_view>
 #include <sys/types.h>
 #include <sys/un.h>
 
 namespace fv2 {
+
+//! So long may a peer take for the next chunk of its message.
+inline constexpr std::chrono::milliseconds kChunkTime{5000};
 
 //! A new UNIX stream socket: closed on exec, and a receive call that waits would give up after 5 s.
 [[nodiscard]] UniqueFd makeStreamSocket();

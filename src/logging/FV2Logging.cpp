@@ -149,4 +149,16 @@ void log(FV2LoggingLevel level, std::initializer_list<FV2LogItem> items, std::st
     FV2Logging::shared().log(level, items, separator, terminator);
 }
 
+void logRelease(std::string_view text) {
+    log(FV2LoggingLevel::release, {text});
+}
+
+void logTrace(std::string_view text) {
+    log(FV2LoggingLevel::trace, {text});
+}
+
+void logUi(std::string_view text) {
+    log(FV2LoggingLevel::ui, {text});
+}
+
 } // namespace fv2

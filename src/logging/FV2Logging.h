@@ -82,8 +82,11 @@ private:
     CountingSemaphore _semaphore{1};
 };
 
-//! Writes one line through the shared logger. Any thread.
+//! Write one line through the shared logger, of several values at a level or of one text. Any thread.
 void log(FV2LoggingLevel level, std::initializer_list<FV2LogItem> items, std::string_view separator = " ",
          std::string_view terminator = "\n");
+void logRelease(std::string_view text);
+void logTrace(std::string_view text);
+void logUi(std::string_view text);
 
 } // namespace fv2

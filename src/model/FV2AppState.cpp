@@ -51,7 +51,7 @@ std::string_view FV2AppState::getMenuBarStatusIcon() const {
         name = "orm_menu_icon_warning";
     else
         name = "orm_menu_icon_alert";
-    log(FV2LoggingLevel::trace, {"getMenuBarStatusIcon returning image: " + std::string(name)});
+    logTrace("getMenuBarStatusIcon returning image: " + std::string(name));
     return name;
 }
 

@@ -19,10 +19,6 @@ constexpr std::chrono::seconds kUnpromptedRefresh{60};
 //! And otherwise: a service that ended without a word, or came back without its memory, is noticed in the end.
 constexpr std::chrono::minutes kHeartbeat{10};
 
-void release(const std::string& text) {
-    log(FV2LoggingLevel::release, {text});
-}
-
 } // namespace
 
 FV2AppStateModel::FV2AppStateModel(Surroundings surroundings, std::int64_t userId)
@@ -78,7 +74,7 @@ void FV2AppStateModel::onBound(bool bound) {
 }
 
 void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bool alertOnFailure) {
-    release("syncCommsAsync() in.");
+    logRelease("syncCommsAsync() in.");
     m_wantsNotifications |= source == fv2SyncSource::Moved;
     if (source == fv2SyncSource::Service && checkAction && !alertOnFailure)
         m_serviceGate.request();
@@ -86,14 +82,14 @@ void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bo
         m_movedGate.request();
     else
         startRefresh(checkAction, source, alertOnFailure, nullptr);
-    release("syncCommsAsync() out.");
+    logRelease("syncCommsAsync() out.");
 }
 
 void FV2AppStateModel::startRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, FV2RefreshGate* gate) {
     auto job = [&service = m_outside.service, uid = m_state.userID, counter = m_askCounter] {
-        release("syncCommsAsync -> calling syncCommsDirect()");
+        logRelease("syncCommsAsync -> calling syncCommsDirect()");
         RefreshAnswer answer = syncCommsDirect(service, uid, *counter);
-        release("syncCommsAsync -> called syncCommsDirect()");
+        logRelease("syncCommsAsync -> called syncCommsDirect()");
         return answer;
     };
     m_outside.dispatch.run(m_owner, std::move(job), [=, this](const RefreshAnswer& answer) {
@@ -106,14 +102,14 @@ void FV2AppStateModel::startRefresh(bool checkAction, fv2SyncSource source, bool
 //! Runs on a worker.
 FV2AppStateModel::RefreshAnswer FV2AppStateModel::syncCommsDirect(FV2ServiceLink& service, std::int64_t uid,
                                                                   std::atomic<std::uint64_t>& counter) {
-    release("syncCommsDirect() in");
+    logRelease("syncCommsDirect() in");
     RefreshAnswer answer;
     answer.tokenNumber = ++counter;
     answer.token = FV2CommsToken::tokenOf(service.exchange(getTokenRequest(uid)));
-    release("_updateStatus in.");
+    logRelease("_updateStatus in.");
     answer.statusNumber = ++counter;
     answer.status = FV2JsonParserORM::decodeStatus(service.exchange(getStatusRequest(uid)));
-    release(std::string("_updateStatus() out. (result = ") + (answer.status.result.ok ? "true" : "false") + ")");
+    logRelease(std::string("_updateStatus() out. (result = ") + (answer.status.result.ok ? "true" : "false") + ")");
     return answer;
 }
 
@@ -127,9 +123,9 @@ void FV2AppStateModel::finishRefresh(bool checkAction, fv2SyncSource source, boo
         m_newestStatus = answer.statusNumber;
         jsonParser.apply(answer.status, m_state);
     }
-    release("ORM - appModel updateFromModel calling UpdateStatusMessages");
+    logRelease("ORM - appModel updateFromModel calling UpdateStatusMessages");
     static_cast<void>(jsonParser.UpdateStatusMessages(m_state));
-    release("ORM - appModel updateFromModel called UpdateStatusMessages");
+    logRelease("ORM - appModel updateFromModel called UpdateStatusMessages");
     updateFromModel(checkAction, effectiveSource(source));
     const CommandResult& result = answer.status.result;
     if (alertOnFailure && !result.ok && isMainWindowOpen())
@@ -142,16 +138,16 @@ void FV2AppStateModel::finishRefresh(bool checkAction, fv2SyncSource source, boo
 
 //! The notification that follows a user's synchronisation counts as the user's own request.
 fv2SyncSource FV2AppStateModel::effectiveSource(fv2SyncSource source) {
-    release("syncCommsAsync -> source is " + std::string(caseName(source)));
+    logRelease("syncCommsAsync -> source is " + std::string(caseName(source)));
     if (source != fv2SyncSource::Service) {
-        release("syncCommsAsync -> source was not .Service");
+        logRelease("syncCommsAsync -> source was not .Service");
         return source;
     }
     if (!m_state.syncORMUserInitiated) {
-        release("syncCommsAsync -> not user initiated proxy sync");
+        logRelease("syncCommsAsync -> not user initiated proxy sync");
         return source;
     }
-    release("syncCommsAsync -> handling. user initiated proxy sync");
+    logRelease("syncCommsAsync -> handling. user initiated proxy sync");
     m_state.syncORMUserInitiated = false;
     return fv2SyncSource::User;
 }
@@ -165,33 +161,33 @@ void FV2AppStateModel::scheduleUnpromptedRefresh() {
 }
 
 void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure) {
-    release("syncProxyAsync() in");
+    logRelease("syncProxyAsync() in");
     const bool wasActive = std::exchange(m_state.syncORMActive, true);
     updateFromModel(false, fv2SyncSource::None);
     if (!proxySyncSemaphore.tryWait()) {
-        release("WARNING: ignored overlapped sync attempt (proxy)");
+        logRelease("WARNING: ignored overlapped sync attempt (proxy)");
         m_state.syncORMActive = wasActive;
         updateFromModel(false, fv2SyncSource::None);
-        release("syncProxyAsync() out.");
+        logRelease("syncProxyAsync() out.");
         return;
     }
-    release("++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC");
+    logRelease("++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC");
     if (source == fv2SyncSource::User) {
-        release("appModel->syncProxyAsync -> setting last action for user click (" +
-                std::string(caseName(m_state.lastActionStored)) + ")");
+        logRelease("appModel->syncProxyAsync -> setting last action for user click (" +
+                   std::string(caseName(m_state.lastActionStored)) + ")");
         m_state.syncORMUserInitiated = true;
         m_state.syncORMUserInitiatedAction = m_state.lastActionStored;
     }
     auto job = [&service = m_outside.service, request = proxySyncRequest(m_state.userID, m_state.commsToken)] {
-        release("Syncing proxy.");
+        logRelease("Syncing proxy.");
         const CommandResult result = genericResult(service.exchange(request), fv2Alert::FailedProxySync);
-        release("syncProxyAsync() syncProxy() done.");
+        logRelease("syncProxyAsync() syncProxy() done.");
         return result;
     };
     m_outside.dispatch.run(m_owner, std::move(job), [this, alertOnFailure](const CommandResult& result) {
         finishProxySync(alertOnFailure, result);
     });
-    release("syncProxyAsync() out.");
+    logRelease("syncProxyAsync() out.");
 }
 
 void FV2AppStateModel::finishProxySync(bool alertOnFailure, const CommandResult& result) {
@@ -206,7 +202,7 @@ void FV2AppStateModel::finishProxySync(bool alertOnFailure, const CommandResult&
 }
 
 void FV2AppStateModel::unsubscribeFromNotifications() {
-    release("Unsubscribe from notifications.");
+    logRelease("Unsubscribe from notifications.");
     m_wantsNotifications = false;
     m_unpromptedRefresh.reset();
     sendUnsubscribe();
@@ -220,7 +216,7 @@ void FV2AppStateModel::sendUnsubscribe() {
 }
 
 void FV2AppStateModel::unsubscribeAtExit() {
-    release("Unsubscribe from notifications.");
+    logRelease("Unsubscribe from notifications.");
     m_alive.reset();
     m_outside.service.cancel();
     m_outside.dispatch.toWorker(
@@ -231,7 +227,7 @@ void FV2AppStateModel::unsubscribeAtExit() {
 
 bool FV2AppStateModel::IsDNDMode() const {
     const bool disturbs = m_outside.doNotDisturb();
-    release(std::string("IsDNDMode() returning ") + (disturbs ? "true" : "false"));
+    logRelease(std::string("IsDNDMode() returning ") + (disturbs ? "true" : "false"));
     return disturbs;
 }
 
@@ -246,40 +242,40 @@ void FV2AppStateModel::updateFromModel(bool checkAction, fv2SyncSource syncSourc
     m_appDelegate->updateMenu();
     updateWindows();
 
-    release("appModel->updateFromModel syncSource == " + std::string(caseName(syncSource)));
+    logRelease("appModel->updateFromModel syncSource == " + std::string(caseName(syncSource)));
     const bool actionRequired = std::exchange(m_state.isActionRequired, false);
     const bool mainWindowOpen = isMainWindowOpen();
     const bool sourceAllows = syncSource == fv2SyncSource::Startup || syncSource == fv2SyncSource::User ||
                               (syncSource == fv2SyncSource::Service && !mainWindowOpen);
     if (!sourceAllows) {
-        release("appModel->updateFromModel -> not checked for action required due to source");
+        logRelease("appModel->updateFromModel -> not checked for action required due to source");
         return;
     }
-    release("appModel->updateFromModel -> may need to perform action");
+    logRelease("appModel->updateFromModel -> may need to perform action");
     if (!checkAction || !actionRequired) {
-        release("appModel->updateFromModel -> no action required");
+        logRelease("appModel->updateFromModel -> no action required");
         return;
     }
     const bool userInitiated = syncSource == fv2SyncSource::User;
     if (userInitiated && mainWindowOpen) {
         m_wndDelegate->selectProtectionStatusPage();
-        release("appModel->updateFromModel -> updating ui page");
+        logRelease("appModel->updateFromModel -> updating ui page");
     }
-    release("appModel->updateFromModel -> performing action");
+    logRelease("appModel->updateFromModel -> performing action");
     performAction(m_state.lastActionStored, userInitiated);
 }
 
 void FV2AppStateModel::updateWindows() {
-    release("updateModelSempahore - wait (update from model)");
+    logRelease("updateModelSempahore - wait (update from model)");
     const SemaphoreHold hold(updateModelSemaphore);
-    release("updateModelSempahore - waited (update from model)");
+    logRelease("updateModelSempahore - waited (update from model)");
     if (isMainWindowOpen()) {
-        release("updateModelSempahore - using " + m_wndDelegate->mainWindowDescription());
+        logRelease("updateModelSempahore - using " + m_wndDelegate->mainWindowDescription());
         m_wndDelegate->updateMainWindow();
     }
     if (m_wndDelegate != nullptr)
         m_wndDelegate->closeUnneededPasswordWindows();
-    release("updateModelSempahore - signal (update from model)");
+    logRelease("updateModelSempahore - signal (update from model)");
 }
 
 } // namespace fv2

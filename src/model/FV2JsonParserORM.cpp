@@ -74,9 +74,8 @@ fv2StatusStateType FV2JsonParserORM::UpdateStatusMessages(FV2AppState& model) {
         worst = std::max(worst, row.statusType);
         if (row.command == fv2AppCommand::Initialising_ORM) {
             model.syncORMBlocked = true;
-            log(FV2LoggingLevel::release,
-                {"JsonParse_ORM -> UpdateStatusMessages -> will hide proxy sync message due to "
-                 "service blocking syncs"});
+            logRelease("JsonParse_ORM -> UpdateStatusMessages -> will hide proxy sync message due to "
+                       "service blocking syncs");
         }
     }
     return model.syncORMBlocked ? worst : std::max(worst, AddSyncStatusMessage(model));

@@ -7,25 +7,17 @@
 
 namespace fv2 {
 
-namespace {
-
-void release(const std::string& text) {
-    log(FV2LoggingLevel::release, {text});
-}
-
-} // namespace
-
 void FV2NotificationListener::start() {
-    release("runBackgroundThread -> in");
+    logRelease("runBackgroundThread -> in");
     m_thread = std::thread([this] { run(); });
 }
 
 void FV2NotificationListener::run() {
-    release("runBackgroundThread -> async -> grabbing ");
+    logRelease("runBackgroundThread -> async -> grabbing ");
     const SemaphoreHold hold(m_life);
     const StopSignal& stop = backgroundAppSocketComms->stopSignal();
     while (!stop.isRaised()) {
-        release("runBackgroundThread -> createBinding ");
+        logRelease("runBackgroundThread -> createBinding ");
         if (backgroundAppSocketComms->createBinding()) {
             m_events.bound(true);
             serve();
@@ -38,16 +30,16 @@ void FV2NotificationListener::run() {
         // Also after a listening socket that failed: whatever broke it is given time to pass.
         static_cast<void>(stop.waitFor(-1, 0, Deadline(m_retryAfter)));
     }
-    release("runBackgroundThread -> leaving? ");
+    logRelease("runBackgroundThread -> leaving? ");
 }
 
 void FV2NotificationListener::serve() {
     for (;;) {
-        release("runBackgroundThread -> Waiting ");
+        logRelease("runBackgroundThread -> Waiting ");
         FV2SocketComms_ReceivedData received = backgroundAppSocketComms->listenAcceptAndReceiveData();
         if (!received.socket)
             return;
-        release("runBackgroundThread -> Woke ");
+        logRelease("runBackgroundThread -> Woke ");
         if (received.byteCount > 0)
             answer(std::move(received));
     }
@@ -56,10 +48,10 @@ void FV2NotificationListener::serve() {
 void FV2NotificationListener::answer(FV2SocketComms_ReceivedData received) {
     const fv2JsonCommand command = commandKind(received.data);
     const std::string socket = std::to_string(received.socket.get());
-    release("send back sock:" + socket + " ");
+    logRelease("send back sock:" + socket + " ");
     const ssize_t sent =
         backgroundAppSocketComms->send(received.socket.get(), notificationReply(command != fv2JsonCommand::None));
-    release("sent back sock:" + socket + " result: " + std::to_string(sent));
+    logRelease("sent back sock:" + socket + " result: " + std::to_string(sent));
     backgroundAppSocketComms->closeAfterAnswer(std::move(received));
     m_events.received(command);
 }
@@ -68,9 +60,9 @@ void FV2NotificationListener::stop() {
     if (!m_thread.joinable())
         return;
     backgroundAppSocketComms->shutdown();
-    release("waiting for background thread to die");
+    logRelease("waiting for background thread to die");
     m_life.wait();
-    release("background thread died");
+    logRelease("background thread died");
     m_life.signal();
     // A loop that had not begun yet when we waited begins now, sees the raised signal and leaves.
     m_thread.join();

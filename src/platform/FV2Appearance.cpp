@@ -10,11 +10,11 @@ namespace fv2 {
 
 namespace {
 
-const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString kPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kPortalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString kInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString kGroup = QStringLiteral("org.freedesktop.appearance");
-const QString kKey = QStringLiteral("color-scheme");
+const QString kSchemeKey = QStringLiteral("color-scheme");
 
 //! The portal's values of the setting; any other means that the user has no wish.
 constexpr unsigned kPreferDark = 1;
@@ -23,13 +23,13 @@ constexpr unsigned kPreferLight = 2;
 } // namespace
 
 FV2Appearance::FV2Appearance()
-    : m_scheme(QDBusConnection::sessionBus(), {kService,
-                                               kPath,
+    : m_scheme(QDBusConnection::sessionBus(), {kPortal,
+                                               kPortalPath,
                                                kInterface,
                                                QStringLiteral("Read"),
-                                               {kGroup, kKey},
+                                               {kGroup, kSchemeKey},
                                                {QStringLiteral("SettingChanged")},
-                                               {kGroup, kKey}})
+                                               {kGroup, kSchemeKey}})
     , m_isDark(looksDark()) {
     connect(&m_scheme, &FV2BusValue::learnt, this, &FV2Appearance::update);
     qGuiApp->installEventFilter(this);

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2CapsLock.h"
 
+#include "platform/FV2XcbReply.h"
+
 #include <QGuiApplication>
 #include <QKeyEvent>
 
-#include <cstdlib>
-#include <memory>
 #include <optional>
 #include <utility>
 #include <xcb/xcb.h>
@@ -14,10 +14,6 @@
 namespace fv2 {
 
 namespace {
-
-struct FreeReply {
-    void operator()(void* reply) const { std::free(reply); }
-};
 
 //! Lock's bit in the modifiers that X11 and Wayland tell.
 constexpr quint32 kLock = XCB_MOD_MASK_LOCK;
@@ -28,7 +24,7 @@ std::optional<bool> askServer() {
     if (connection == nullptr)
         return std::nullopt;
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-    const std::unique_ptr<xcb_query_pointer_reply_t, FreeReply> reply(
+    const FV2XcbReply<xcb_query_pointer_reply_t> reply(
         xcb_query_pointer_reply(connection, xcb_query_pointer(connection, root), nullptr));
     return reply == nullptr ? std::nullopt : std::optional((reply->mask & kLock) != 0);
 }

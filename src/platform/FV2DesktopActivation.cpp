@@ -14,10 +14,10 @@ namespace fv2 {
 namespace {
 
 const QString kName = QStringLiteral("org.fv2agent.Agent");
-const QString kPath = QStringLiteral("/org/fv2agent/Agent");
+const QString kAgentPath = QStringLiteral("/org/fv2agent/Agent");
 const QString kBus = QStringLiteral("org.freedesktop.DBus");
 const QString kToken = QStringLiteral("activation-token");
-constexpr int kPatience = 1000; //!< milliseconds
+constexpr int kActivationPatience = 1000; //!< milliseconds
 
 //! The bus's answers to RequestName that make us the owner.
 constexpr unsigned kPrimaryOwner = 1;
@@ -28,7 +28,7 @@ constexpr unsigned kAlreadyOwner = 4;
 FV2DesktopActivation::FV2DesktopActivation() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     // The object first: whoever sees the name may call at once.
-    bus.registerObject(kPath, this, QDBusConnection::ExportScriptableSlots);
+    bus.registerObject(kAgentPath, this, QDBusConnection::ExportScriptableSlots);
     // Qt's own registerService() waits for the answer.
     QDBusMessage request = QDBusMessage::createMethodCall(kBus, QStringLiteral("/org/freedesktop/DBus"), kBus,
                                                           QStringLiteral("RequestName"));
@@ -43,11 +43,11 @@ FV2DesktopActivation::FV2DesktopActivation() {
 }
 
 void FV2DesktopActivation::passOn(const QString& activationToken) {
-    QDBusMessage message = QDBusMessage::createMethodCall(kName, kPath, QStringLiteral("org.freedesktop.Application"),
-                                                          QStringLiteral("Activate"));
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        kName, kAgentPath, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
     message << QVariantMap{{kToken, activationToken}};
     message.setAutoStartService(false);
-    QDBusConnection::sessionBus().call(message, QDBus::Block, kPatience);
+    QDBusConnection::sessionBus().call(message, QDBus::Block, kActivationPatience);
 }
 
 void FV2DesktopActivation::Activate(const QVariantMap& platformData) {

@@ -12,8 +12,8 @@ namespace fv2 {
 
 namespace {
 
-const QString kService = QStringLiteral("org.freedesktop.login1");
-const QString kPath = QStringLiteral("/org/freedesktop/login1");
+const QString kLogind = QStringLiteral("org.freedesktop.login1");
+const QString kLogindPath = QStringLiteral("/org/freedesktop/login1");
 const QString kManager = QStringLiteral("org.freedesktop.login1.Manager");
 const QString kSession = QStringLiteral("org.freedesktop.login1.Session");
 
@@ -33,7 +33,7 @@ QList<Way> waysToOurSession() {
 
 FV2LoginSession::FV2LoginSession()
     : m_bus(QDBusConnection::systemBus())
-    , m_watcher(kService, m_bus, QDBusServiceWatcher::WatchForOwnerChange) {
+    , m_watcher(kLogind, m_bus, QDBusServiceWatcher::WatchForOwnerChange) {
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& newOwner) {
                 if (!newOwner.isEmpty())
@@ -51,7 +51,7 @@ void FV2LoginSession::resolve(std::size_t way, unsigned round) {
     const auto index = static_cast<qsizetype>(way);
     if (index >= ways.size())
         return;
-    QDBusMessage question = QDBusMessage::createMethodCall(kService, kPath, kManager, ways[index].method);
+    QDBusMessage question = QDBusMessage::createMethodCall(kLogind, kLogindPath, kManager, ways[index].method);
     question << ways[index].argument;
     question.setAutoStartService(false);
     auto* const call = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
@@ -62,8 +62,8 @@ void FV2LoginSession::resolve(std::size_t way, unsigned round) {
             return;
         if (!answer.isValid())
             return resolve(way + 1, round);
-        m_property = std::make_unique<FV2BusProperty>(m_bus, kService, answer.value().path(), kSession,
-                                                      QStringLiteral("Active"));
+        m_property =
+            std::make_unique<FV2BusProperty>(m_bus, kLogind, answer.value().path(), kSession, QStringLiteral("Active"));
         connect(m_property.get(), &FV2BusValue::learnt, this, &FV2LoginSession::onActiveLearnt);
     });
 }

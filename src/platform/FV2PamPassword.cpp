@@ -15,7 +15,7 @@ namespace fv2 {
 
 namespace {
 
-constexpr const char* kService = "fv2-agent";
+constexpr const char* kServiceFile = "fv2-agent";
 
 //! What PAM's modules may ask and be told during one check.
 struct Conversation {
@@ -111,7 +111,7 @@ public:
     Check(const std::string& userName, const char* folder, Conversation& conversation)
         : m_conversation(conversation)
         , m_functions{converse, &conversation} {
-        m_result = ::pam_start_confdir(kService, userName.c_str(), &m_functions, folder, &m_pam);
+        m_result = ::pam_start_confdir(kServiceFile, userName.c_str(), &m_functions, folder, &m_pam);
         if (m_result == PAM_SUCCESS) // takes no other kind of pointer
             m_result = ::pam_set_item(m_pam, PAM_FAIL_DELAY, reinterpret_cast<const void*>(waitAfterFailure));
     }
@@ -146,7 +146,7 @@ private:
 
 bool hasServiceFile(const std::filesystem::path& folder) {
     std::error_code ignored;
-    return std::filesystem::is_regular_file(folder / kService, ignored);
+    return std::filesystem::is_regular_file(folder / kServiceFile, ignored);
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2TrayWatcher.h"
 
+#include "platform/FV2XcbReply.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -9,8 +11,6 @@
 #include <QDBusVariant>
 #include <QGuiApplication>
 
-#include <cstdlib>
-#include <memory>
 #include <string>
 #include <xcb/xcb.h>
 
@@ -18,12 +18,8 @@ namespace fv2 {
 
 namespace {
 
-const QString kService = QStringLiteral("org.kde.StatusNotifierWatcher");
-const QString kPath = QStringLiteral("/StatusNotifierWatcher");
-
-struct FreeReply {
-    void operator()(void* reply) const { std::free(reply); }
-};
+const QString kTrayService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString kTrayPath = QStringLiteral("/StatusNotifierWatcher");
 
 //! Whether some window owns the selection of the system tray protocol on X11's first screen.
 bool hasOlderTray() {
@@ -33,11 +29,11 @@ bool hasOlderTray() {
     if (connection == nullptr)
         return false;
     const std::string name = "_NET_SYSTEM_TRAY_S0";
-    const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> atom(xcb_intern_atom_reply(
+    const FV2XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str()), nullptr));
     if (!atom)
         return false;
-    const std::unique_ptr<xcb_get_selection_owner_reply_t, FreeReply> owner(
+    const FV2XcbReply<xcb_get_selection_owner_reply_t> owner(
         xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
     return owner && owner->owner != XCB_WINDOW_NONE;
 }
@@ -46,11 +42,12 @@ bool hasOlderTray() {
 
 FV2TrayWatcher::FV2TrayWatcher(std::function<void()> available, std::chrono::milliseconds patience)
     : m_available(std::move(available))
-    , m_watcher(kService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration) {
+    , m_watcher(kTrayService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration) {
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &FV2TrayWatcher::askForHost);
     // From any sender, as it only makes us ask: for a name, Qt would wait until the bus has told it the owner.
-    QDBusConnection::sessionBus().connect(QString(), kPath, kService, QStringLiteral("StatusNotifierHostRegistered"),
-                                          this, SLOT(onHostRegistered()));
+    QDBusConnection::sessionBus().connect(QString(), kTrayPath, kTrayService,
+                                          QStringLiteral("StatusNotifierHostRegistered"), this,
+                                          SLOT(onHostRegistered()));
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &FV2TrayWatcher::acceptOlderTray);
     m_patience.start(patience);
@@ -59,8 +56,8 @@ FV2TrayWatcher::FV2TrayWatcher(std::function<void()> available, std::chrono::mil
 
 void FV2TrayWatcher::askForHost() {
     QDBusMessage question = QDBusMessage::createMethodCall(
-        kService, kPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    question << kService << QStringLiteral("IsStatusNotifierHostRegistered");
+        kTrayService, kTrayPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << kTrayService << QStringLiteral("IsStatusNotifierHostRegistered");
     question.setAutoStartService(false);
     auto* const call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {

@@ -59,7 +59,7 @@ void AboutSubviewController::updateFromModel() {
     const auto model = appModel.lock();
     if (model == nullptr || model->appConfigModel() == nullptr)
         return;
-    log(FV2LoggingLevel::trace, {"AboutSubviewController updateFromModel in"});
+    logTrace("AboutSubviewController updateFromModel in");
     const FV2AppState& state = model->state();
     const FV2AppConfigModel& config = *model->appConfigModel();
     fieldProductName->setLine(translated(QStringLiteral("IDUS_MGUI_PRODUCT_NAME")),
@@ -73,7 +73,7 @@ void AboutSubviewController::updateFromModel() {
     fieldLastORMSync->setLine(translated(QStringLiteral("IDUS_MGUI_LAST_SYNC")), lastSync(state));
     enableProxySync(state.syncORMEnabled && !state.syncORMActive);
     alignLabels();
-    log(FV2LoggingLevel::trace, {"AboutSubviewController updateFromModel out"});
+    logTrace("AboutSubviewController updateFromModel out");
 }
 
 //! A button that is disabled loses the keyboard; it gets it back if the user has not moved on meanwhile.
@@ -92,7 +92,7 @@ void AboutSubviewController::enableProxySync(bool enabled) {
 
 void AboutSubviewController::ProxySyncButton() {
     enableProxySync(false);
-    log(FV2LoggingLevel::release, {"Proxy Sync button clicked"});
+    logRelease("Proxy Sync button clicked");
     if (const auto model = appModel.lock())
         model->syncProxyAsync(fv2SyncSource::User, true);
 }

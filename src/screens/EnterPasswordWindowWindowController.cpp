@@ -11,7 +11,7 @@ namespace fv2 {
 namespace {
 
 std::unique_ptr<FV2Window> makeWindow(const std::weak_ptr<FV2AppStateModel>& appModel) {
-    log(FV2LoggingLevel::trace, {"EnterPasswordWindowWindowController.init"});
+    logTrace("EnterPasswordWindowWindowController.init");
     return std::make_unique<FV2Window>(
         QSize(requiredInteger(appModel, "pwwindowx"), requiredInteger(appModel, "pwwindowy")));
 }
@@ -46,7 +46,7 @@ void EnterPasswordWindowWindowController::postponeAndClose() {
 }
 
 void EnterPasswordWindowWindowController::windowWillClose() {
-    log(FV2LoggingLevel::trace, {"EnterPasswordWindowWindowController.windowWillClose"});
+    logTrace("EnterPasswordWindowWindowController.windowWillClose");
     viewController.reset();
     FV2PasswordWindowController::windowWillClose();
 }

@@ -35,16 +35,8 @@ constexpr std::array<StateLook, 3> kStateLooks{{
     {"error_template", "red_notification_bubble", 2},
 }};
 
-void trace(const std::string& text) {
-    log(FV2LoggingLevel::trace, {text});
-}
-
-void ui(const std::string& text) {
-    log(FV2LoggingLevel::ui, {text});
-}
-
 FV2View* makeView() {
-    trace("LeftMenuSubviewController.init");
+    logTrace("LeftMenuSubviewController.init");
     return new LeftMenuSubview;
 }
 
@@ -54,16 +46,16 @@ LeftMenuSubviewController::LeftMenuSubviewController(const std::weak_ptr<FV2AppS
                                                      FV2WindowDelegate& registry)
     : FV2ViewController(model, makeView())
     , m_registry(registry) {
-    trace("LeftMenuSubviewController.init super.init");
+    logTrace("LeftMenuSubviewController.init super.init");
     Ui::LeftMenuSubview outlets;
     outlets.setupUi(static_cast<FV2View*>(view()));
     leftmenuView = outlets.leftmenuView;
     tableView = outlets.tableView;
     rightBorder = outlets.rightBorder;
     viewDidLoad();
-    trace("LeftMenuSubviewController.init calling initSubview for " + description(*view()));
+    logTrace("LeftMenuSubviewController.init calling initSubview for " + description(*view()));
     initsubview();
-    trace("LeftMenuSubviewController.init out");
+    logTrace("LeftMenuSubviewController.init out");
 }
 
 LeftMenuSubviewController::~LeftMenuSubviewController() {
@@ -73,7 +65,7 @@ LeftMenuSubviewController::~LeftMenuSubviewController() {
 }
 
 void LeftMenuSubviewController::viewDidLoad() {
-    trace("LeftMenuSubviewController.viewDidLoad");
+    logTrace("LeftMenuSubviewController.viewDidLoad");
     m_rows = new LeftMenuRowDelegate(requiredInteger(appModel, "leftmenu_rowheight"), tableView);
     tableView->setItemDelegate(m_rows);
     tableView->setAccessibleName(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
@@ -218,7 +210,7 @@ void LeftMenuSubviewController::onCurrentRowChanged(int row) {
 
 void LeftMenuSubviewController::tableViewSelectionIsChanging(int row) {
     lastSelectedRow = row;
-    trace("tableViewSelectionIsChanging calling syncCommsAsync");
+    logTrace("tableViewSelectionIsChanging calling syncCommsAsync");
     if (const auto model = appModel.lock())
         model->syncCommsAsync(false, fv2SyncSource::Moved, false);
 }
@@ -230,10 +222,10 @@ void LeftMenuSubviewController::tableViewSelectionDidChange(int row) {
         std::dynamic_pointer_cast<MainWindowWindowController>(m_registry.registeredController(fv2Window::Main));
     if (main == nullptr)
         return;
-    ui("tableViewSelectionDidChange switchContentSubview");
+    logUi("tableViewSelectionDidChange switchContentSubview");
     if (MainWindowViewController* const pages = main->viewController())
         pages->switchContentSubview(menuItemsArray[static_cast<std::size_t>(row)].id);
-    ui("tableViewSelectionDidChange switchContentSubview done");
+    logUi("tableViewSelectionDidChange switchContentSubview done");
 }
 
 } // namespace fv2

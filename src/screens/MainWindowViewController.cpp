@@ -29,18 +29,14 @@ constexpr std::array<PageKey, 2> kPageKeys{{
     {Qt::Key_2, eMainWindowContentSubViewType::About},
 }};
 
-void ui(const std::string& text) {
-    log(FV2LoggingLevel::ui, {text});
-}
-
 //! The page under `kept`, made now if it is shown for the first time.
 template <class Page, class... Arguments>
 FV2ViewController* page(std::unique_ptr<Page>& kept, const std::string& name, const Arguments&... arguments) {
     if (!kept) {
-        ui("MainWindowWindowController make " + name + " view");
+        logUi("MainWindowWindowController make " + name + " view");
         kept = std::make_unique<Page>(arguments...);
     }
-    ui("MainWindowWindowController set " + name + " as view");
+    logUi("MainWindowWindowController set " + name + " as view");
     return kept.get();
 }
 
@@ -54,20 +50,20 @@ MainWindowViewController::MainWindowViewController(const std::weak_ptr<FV2AppSta
 }
 
 MainWindowViewController::~MainWindowViewController() {
-    ui("MainWindowViewController.deinit for " + description(*this));
+    logUi("MainWindowViewController.deinit for " + description(*this));
 }
 
 void MainWindowViewController::setUp() {
     subviewLeftMenuController = std::make_unique<LeftMenuSubviewController>(appModel, m_registry);
-    ui("new LeftMenuSubviewController is " + description(*subviewLeftMenuController));
+    logUi("new LeftMenuSubviewController is " + description(*subviewLeftMenuController));
     subviewMainContent = new FV2View(view());
     switchContentSubview(eMainWindowContentSubViewType::ProtectionStatus);
     subviewTagLineViewController = std::make_unique<TaglineViewController>(appModel);
 
     QWidget* const leftMenu = subviewLeftMenuController->view();
     QWidget* const tagline = subviewTagLineViewController->view();
-    ui("Doing constraints for subviews. left menu " + description(*leftMenu) + ", content " +
-       description(*subviewMainContent) + ", tagline " + description(*tagline));
+    logUi("Doing constraints for subviews. left menu " + description(*leftMenu) + ", content " +
+          description(*subviewMainContent) + ", tagline " + description(*tagline));
     leftMenu->setFixedWidth(requiredInteger(appModel, "mainwindow_leftmenuwidth"));
     leftMenu->setMinimumHeight(requiredInteger(appModel, "mainwindowy") - kTaglineHeight);
     subviewMainContent->setMinimumSize(requiredInteger(appModel, "main_window_contentwidth"),
@@ -106,14 +102,14 @@ FV2ViewController* MainWindowViewController::pageFor(eMainWindowContentSubViewTy
     case eMainWindowContentSubViewType::None:
     case eMainWindowContentSubViewType::ProtectionStatus:
         shown = page(subviewProtectionStatusController, "prot stat", appModel);
-        log(FV2LoggingLevel::release, {"Switched content view to Protection Status"});
+        logRelease("Switched content view to Protection Status");
         break;
     case eMainWindowContentSubViewType::Setup:
         shown = page(subviewSetupController, "setup", appModel);
         break;
     case eMainWindowContentSubViewType::About:
         shown = page(subviewAboutController, "about", appModel);
-        log(FV2LoggingLevel::release, {"Switched content view to About"});
+        logRelease("Switched content view to About");
         break;
     }
     return shown;
@@ -122,15 +118,15 @@ FV2ViewController* MainWindowViewController::pageFor(eMainWindowContentSubViewTy
 void MainWindowViewController::switchContentSubview(eMainWindowContentSubViewType kind) {
     if (subviewCurrentContentViewController != nullptr) {
         // A page is there when this line is written; its text has become what people search logs for.
-        ui("MainWindowWindowController no active view");
+        logUi("MainWindowWindowController no active view");
         if (subviewCurrentContentType == kind) {
-            ui("MainWindowWindowController active view exists");
+            logUi("MainWindowWindowController active view exists");
             return;
         }
     }
     subviewCurrentContentViewController = pageFor(kind);
     if (subviewCurrentContentViewController != nullptr) {
-        ui("MainWindowWindowController use new sub view");
+        logUi("MainWindowWindowController use new sub view");
         subviewCurrentContentType = kind;
         QWidget* const shown = subviewCurrentContentViewController->view();
         shown->setParent(subviewMainContent);

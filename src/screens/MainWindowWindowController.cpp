@@ -10,16 +10,12 @@ namespace fv2 {
 
 namespace {
 
-void trace(const std::string& text) {
-    log(FV2LoggingLevel::trace, {text});
-}
-
-std::unique_ptr<FV2Window> makeWindow(const std::weak_ptr<FV2AppStateModel>& appModel) {
-    trace("MainWindowWindowController.init");
+std::unique_ptr<FV2Window> makeMainWindow(const std::weak_ptr<FV2AppStateModel>& appModel) {
+    logTrace("MainWindowWindowController.init");
     const QSize size(requiredInteger(appModel, "mainwindowx"), requiredInteger(appModel, "mainwindowy"));
-    trace("MainWindowWindowController.init make wnd");
+    logTrace("MainWindowWindowController.init make wnd");
     auto window = std::make_unique<FV2Window>(size);
-    trace("MainWindowWindowController.init go init");
+    logTrace("MainWindowWindowController.init go init");
     return window;
 }
 
@@ -27,15 +23,15 @@ std::unique_ptr<FV2Window> makeWindow(const std::weak_ptr<FV2AppStateModel>& app
 
 MainWindowWindowController::MainWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
                                                        FV2WindowDelegate& registry)
-    : FV2MainWindowController(model, makeWindow(model)) {
-    trace("MainWindowWindowController.init done init for " + description(*this) + " wnd " + description(window()));
+    : FV2MainWindowController(model, makeMainWindow(model)) {
+    logTrace("MainWindowWindowController.init done init for " + description(*this) + " wnd " + description(window()));
     m_viewController = makeController<MainWindowViewController>(model, registry);
     window().setContentView(m_viewController->view());
     m_viewController->setUp();
     // Shown where the desktop lists its windows, and read out by screen readers.
     window().setWindowTitle(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     window().center();
-    trace("MainWindowWindowController.init OUT for " + description(*this));
+    logTrace("MainWindowWindowController.init OUT for " + description(*this));
 }
 
 void MainWindowWindowController::updateFromModel() {
@@ -49,7 +45,7 @@ void MainWindowWindowController::selectProtectionStatusPage() {
 }
 
 void MainWindowWindowController::windowWillClose() {
-    trace("MainWindowWindowController.windowWillClose for " + description(*this));
+    logTrace("MainWindowWindowController.windowWillClose for " + description(*this));
     m_viewController.reset();
     FV2MainWindowController::windowWillClose();
 }

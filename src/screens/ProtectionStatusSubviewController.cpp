@@ -32,7 +32,7 @@ constexpr std::array<StatusLine, 3> kStatusLines{{
 
 ProtectionStatusSubviewController::ProtectionStatusSubviewController(const std::weak_ptr<FV2AppStateModel>& model)
     : FV2ViewController(model, new FV2View) {
-    log(FV2LoggingLevel::trace, {"ProtectionStatusSubviewController.init"});
+    logTrace("ProtectionStatusSubviewController.init");
     Ui::ProtectionStatusSubview outlets;
     outlets.setupUi(static_cast<FV2View*>(view()));
     statusLineView = outlets.statusLineView;
@@ -48,7 +48,7 @@ void ProtectionStatusSubviewController::updateFromModel() {
     const auto model = appModel.lock();
     if (model == nullptr)
         return;
-    log(FV2LoggingLevel::trace, {"ProtectionStatusSubviewController.updateFromModel in"});
+    logTrace("ProtectionStatusSubviewController.updateFromModel in");
     const StatusLine& line = kStatusLines.at(static_cast<std::size_t>(model->state().overallState));
     statusLineIcon->setImageName(QString::fromUtf8(line.icon));
     statusLineText->setStringValue(QString::fromUtf8(line.title));
@@ -56,7 +56,7 @@ void ProtectionStatusSubviewController::updateFromModel() {
     if (model->appConfigModel() != nullptr)
         refreshColours(*model->appConfigModel());
     tableViewDelegate->updateFromModel(*statusMessagesTableView);
-    log(FV2LoggingLevel::trace, {"ProtectionStatusSubviewController.updateFromModel out"});
+    logTrace("ProtectionStatusSubviewController.updateFromModel out");
 }
 
 void ProtectionStatusSubviewController::refreshColours(const FV2AppConfigModel& config) {

@@ -10,7 +10,7 @@ namespace fv2 {
 
 SetupSubviewController::SetupSubviewController(const std::weak_ptr<FV2AppStateModel>& model)
     : FV2ViewController(model, new FV2View) {
-    log(FV2LoggingLevel::trace, {"SetupSubviewController.init"});
+    logTrace("SetupSubviewController.init");
     Ui::SetupSubview outlets;
     outlets.setupUi(static_cast<FV2View*>(view()));
     dontRemoveFromSuperview = false;

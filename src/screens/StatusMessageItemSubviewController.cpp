@@ -14,20 +14,20 @@ namespace fv2 {
 
 namespace {
 
-struct StateLook {
+struct MessageLook {
     NxRgba FV2AppConfigModel::Colours::*background;
     const char* spoken;
 };
 
 //! In the order of the states.
-constexpr std::array<StateLook, 3> kStateLooks{{
+constexpr std::array<MessageLook, 3> kMessageLooks{{
     {&FV2AppConfigModel::Colours::colourStatusMessageBackgroundGreen, "IDUS_MGUI_LEFT_MENU_COUNTER_STATE_OK"},
     {&FV2AppConfigModel::Colours::colourStatusMessageBackgroundYellow, "IDUS_MGUI_LEFT_MENU_COUNTER_STATE_WARNING"},
     {&FV2AppConfigModel::Colours::colourStatusMessageBackgroundRed, "IDUS_MGUI_LEFT_MENU_COUNTER_STATE_ERROR"},
 }};
 
-const StateLook& lookOf(fv2StatusStateType status) {
-    return kStateLooks.at(static_cast<std::size_t>(status));
+const MessageLook& lookOf(fv2StatusStateType status) {
+    return kMessageLooks.at(static_cast<std::size_t>(status));
 }
 
 //! The design's, where it can be read.

@@ -9,14 +9,6 @@
 
 namespace fv2 {
 
-namespace {
-
-void trace(const std::string& text) {
-    log(FV2LoggingLevel::trace, {text});
-}
-
-} // namespace
-
 StatusMessagesTableDelegate::StatusMessagesTableDelegate(std::weak_ptr<FV2AppStateModel> model,
                                                          StatusMessagesTableView& tableView)
     : appModel(std::move(model)) {
@@ -29,7 +21,7 @@ void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& table
     const auto model = appModel.lock();
     if (model == nullptr)
         return;
-    trace("StatusMessagesTableDelegate.updateFromModel");
+    logTrace("StatusMessagesTableDelegate.updateFromModel");
     const Messages& messages = model->state().statusMessageList;
     if (!firstTime && messages == m_shown)
         return;
@@ -38,8 +30,8 @@ void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& table
         tableView.window()->focusWidget()->clearFocus();
     removeAllStatusMessagedTableViewItems(tableView);
     for (const FV2StatusMesssageListItem& message : messages) {
-        trace("StatusMessagesTableDelegate -> Creating status message item " +
-              std::to_string(statusMessageItemViews.size()));
+        logTrace("StatusMessagesTableDelegate -> Creating status message item " +
+                 std::to_string(statusMessageItemViews.size()));
         auto item = std::make_unique<StatusMessageItemSubviewController>(appModel, message);
         StatusMessageItemTextAndLink* const text = item->textView();
         QObject::connect(text, &NxTextAndLinksView::linkFocused, &tableView,
@@ -100,7 +92,7 @@ void StatusMessagesTableDelegate::giveFocusBack(const Focus& focus, StatusMessag
 
 //! The rows may be in the middle of a click, so they end in the event loop's next turn.
 void StatusMessagesTableDelegate::removeAllStatusMessagedTableViewItems(const StatusMessagesTableView& tableView) {
-    trace("StatusMessagesTableViewDelegate.removeAllStatusMessagedTableViewItems for " + description(tableView));
+    logTrace("StatusMessagesTableViewDelegate.removeAllStatusMessagedTableViewItems for " + description(tableView));
     for (auto& item : statusMessageItemViews)
         item.release()->deleteLater();
     statusMessageItemViews.clear();
@@ -113,10 +105,10 @@ StatusMessageItemSubview* StatusMessagesTableDelegate::itemView(int row) const {
 
 int StatusMessagesTableDelegate::numberOfRows(const StatusMessagesTableView& /*table*/) {
     if (!ready) {
-        trace("StatusMessagesTableDelegate - numberOfRows NOT READY");
+        logTrace("StatusMessagesTableDelegate - numberOfRows NOT READY");
         return 0;
     }
-    trace("StatusMessagesTableDelegate - numberOfRows " + std::to_string(statusMessageItemViews.size()));
+    logTrace("StatusMessagesTableDelegate - numberOfRows " + std::to_string(statusMessageItemViews.size()));
     return static_cast<int>(statusMessageItemViews.size());
 }
 

@@ -11,7 +11,7 @@ namespace fv2 {
 
 TaglineViewController::TaglineViewController(const std::weak_ptr<FV2AppStateModel>& model)
     : FV2ViewController(model, new FV2View) {
-    log(FV2LoggingLevel::trace, {"TaglineViewController.init"});
+    logTrace("TaglineViewController.init");
     Ui::TaglineView outlets;
     outlets.setupUi(static_cast<FV2View*>(view()));
     backgroundView = outlets.backgroundView;

@@ -11,14 +11,6 @@ namespace fv2 {
 
 namespace {
 
-void release(const std::string& text) {
-    log(FV2LoggingLevel::release, {text});
-}
-
-void trace(const std::string& text) {
-    log(FV2LoggingLevel::trace, {text});
-}
-
 //! Under Wayland a program can't place a menu beside somebody else's panel.
 bool canPlaceMenus() {
     return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
@@ -31,10 +23,10 @@ AppDelegate::AppDelegate(Parts parts)
     m_parts.appModel.setAppDelegate(*this);
     FV2StatusMenu& menu = m_parts.menu;
     connect(&menu, &FV2StatusMenu::opened, this, [] {
-        trace("rmup");
-        release("StatusBarMenu Clicked");
+        logTrace("rmup");
+        logRelease("StatusBarMenu Clicked");
     });
-    connect(&menu, &FV2StatusMenu::closed, this, [] { release("StatusBarMenu Closed"); });
+    connect(&menu, &FV2StatusMenu::closed, this, [] { logRelease("StatusBarMenu Closed"); });
     connect(&menu, &FV2StatusMenu::showMainWindow, this, &AppDelegate::menuShowMainWindow);
     connect(&menu, &FV2StatusMenu::hideMainWindow, this, &AppDelegate::menuHideMainWindow);
     connect(&menu, &FV2StatusMenu::proxySync, this, &AppDelegate::menuProxySync);
@@ -43,8 +35,8 @@ AppDelegate::AppDelegate(Parts parts)
 }
 
 void AppDelegate::logBanner() {
-    release(std::string(80, '*'));
-    release("Application started.");
+    logRelease(std::string(80, '*'));
+    logRelease("Application started.");
 }
 
 void AppDelegate::applicationDidFinishLaunching(bool launchedByFileManager) {
@@ -55,30 +47,30 @@ void AppDelegate::applicationDidFinishLaunching(bool launchedByFileManager) {
     m_parts.whenQuietIsKnown([this] { m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false); });
     if (launchedByFileManager) {
         menuShowMainWindow();
-        release("Was launched by Finder");
+        logRelease("Was launched by Finder");
     }
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {
-    release("Relaunched when already running. Showing main window. (applicationShouldHandleReopen())");
+    logRelease("Relaunched when already running. Showing main window. (applicationShouldHandleReopen())");
     menuShowMainWindow();
     return false;
 }
 
 void AppDelegate::sessionBecameActive() {
-    release("sessionBecameActive() - Sync");
+    logRelease("sessionBecameActive() - Sync");
     m_parts.appModel.syncCommsAsync(false, fv2SyncSource::Moved, false);
 }
 
 void AppDelegate::sessionResigned() {
-    release("sessionResigned() - unsubscribeFromNotifications");
+    logRelease("sessionResigned() - unsubscribeFromNotifications");
     m_parts.appModel.unsubscribeFromNotifications();
 }
 
 //! A click of the left button: the host itself shows the menu for the right one.
 void AppDelegate::onMenuBarStatusItemClicked() {
-    trace("lbup");
-    release("StatusBarMenu Clicked");
+    logTrace("lbup");
+    logRelease("StatusBarMenu Clicked");
     if (canPlaceMenus())
         m_parts.menu.popUp(QCursor::pos());
     else
@@ -93,30 +85,30 @@ void AppDelegate::updateMenu() {
 }
 
 void AppDelegate::menuShowMainWindow() {
-    release("StatusBarMenu Open Application Window");
+    logRelease("StatusBarMenu Open Application Window");
     m_parts.appModel.syncCommsAsync(false, fv2SyncSource::Moved, false);
     if (!m_parts.wndDelegate.showAll())
         m_parts.wndDelegate.openWindow(fv2Window::Main, true);
 }
 
 void AppDelegate::menuHideMainWindow() {
-    release("StatusBarMenu Hide Application Window");
+    logRelease("StatusBarMenu Hide Application Window");
     m_parts.wndDelegate.hideApplicationWindows();
 }
 
 void AppDelegate::menuProxySync() {
-    release("StatusBarMenu Proxy Sync");
+    logRelease("StatusBarMenu Proxy Sync");
     m_parts.appModel.syncProxyAsync(fv2SyncSource::User, false);
 }
 
 void AppDelegate::exitApplication() {
-    release("exitApplication called");
-    trace("applicationShouldTerminate()");
+    logRelease("exitApplication called");
+    logTrace("applicationShouldTerminate()");
     m_parts.quit();
 }
 
 void AppDelegate::applicationWillTerminate() {
-    release("applicationWillTerminate()");
+    logRelease("applicationWillTerminate()");
     if (!terminating)
         m_parts.appModel.unsubscribeAtExit();
     handleTerminate();
@@ -125,10 +117,10 @@ void AppDelegate::applicationWillTerminate() {
 
 void AppDelegate::handleTerminate() {
     if (terminating) {
-        release("handleTerminate() already done.");
+        logRelease("handleTerminate() already done.");
         return;
     }
-    release("handleTerminate() shutting down background thread.");
+    logRelease("handleTerminate() shutting down background thread.");
     m_parts.appModel.stopBackgroundThread();
     terminating = true;
 }

@@ -15,20 +15,16 @@ namespace {
 constexpr std::chrono::milliseconds kPause{20};
 constexpr CommsPatience kHandOver{.attempts = 2, .perAttempt = std::chrono::seconds(2)};
 
-void trace(const char* text) {
-    log(FV2LoggingLevel::trace, {text});
-}
-
 } // namespace
 
 bool FV2DuplicateInstance::handleDuplicateInstance() {
-    trace("handleDuplicateInstance -> IN");
+    logTrace("handleDuplicateInstance -> IN");
     const bool found = findAndHandOver();
     if (found && !m_stop->isRaised())
-        log(FV2LoggingLevel::release, {"ERROR: Found another instance."});
+        logRelease("ERROR: Found another instance.");
     else if (!found)
-        trace("handleDuplicateInstance -> canConnect FALSE");
-    trace("handleDuplicateInstance -> leaving");
+        logTrace("handleDuplicateInstance -> canConnect FALSE");
+    logTrace("handleDuplicateInstance -> leaving");
     return found;
 }
 
@@ -53,9 +49,9 @@ bool FV2DuplicateInstance::handOver() const {
     FV2AppSocketComms comms(m_stop, kHandOver);
     if (!comms.createConnection())
         return false;
-    trace("handleDuplicateInstance -> canConnect TRUE");
+    logTrace("handleDuplicateInstance -> canConnect TRUE");
     static_cast<void>(comms.sendAndReceive(showUiRequest()));
-    trace("handleDuplicateInstance -> done sendAndReceive");
+    logTrace("handleDuplicateInstance -> done sendAndReceive");
     return true;
 }
 

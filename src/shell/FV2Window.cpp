@@ -113,7 +113,7 @@ void FV2Window::changeEvent(QEvent* event) {
 void FV2Window::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
     if (!std::exchange(m_painted, true))
-        log(FV2LoggingLevel::ui, {"FV2Window first paint"});
+        logUi("FV2Window first paint");
 }
 
 void FV2Window::showAtFront() {

@@ -8,18 +8,6 @@
 
 namespace fv2 {
 
-namespace {
-
-void trace(const std::string& text) {
-    log(FV2LoggingLevel::trace, {text});
-}
-
-void ui(const std::string& text) {
-    log(FV2LoggingLevel::ui, {text});
-}
-
-} // namespace
-
 FV2WindowDelegate::FV2WindowDelegate(std::weak_ptr<FV2AppStateModel> model, FV2WindowFactory& factory)
     : appModel(std::move(model))
     , m_factory(factory) {
@@ -48,7 +36,7 @@ bool FV2WindowDelegate::canShow(fv2Window kind, bool userInitiated) const {
     } else if (kind == fv2Window::Password_Encrypt || kind == fv2Window::Password_Decrypt) {
         allowed = userInitiated && wndList.indexOfWindow(kind) == 0 && wndList.indexOfWindow(fv2Window::Main) != 0;
     }
-    ui(std::string("canShow() returning ") + (allowed ? "true" : "false"));
+    logUi(std::string("canShow() returning ") + (allowed ? "true" : "false"));
     return allowed;
 }
 
@@ -56,16 +44,16 @@ void FV2WindowDelegate::openWindow(fv2Window kind, bool userInitiated) {
     const auto model = appModel.lock();
     if (model == nullptr)
         return;
-    trace("Open Window");
+    logTrace("Open Window");
     if (model->appConfigModel() != nullptr)
         model->appConfigModel()->refreshAppearance();
-    trace("updateModelSempahore - wait (in open window)");
+    logTrace("updateModelSempahore - wait (in open window)");
     bool shown = false;
     {
         const SemaphoreHold hold(model->updateSemaphore());
-        trace("updateModelSempahore - waited (in open window)");
+        logTrace("updateModelSempahore - waited (in open window)");
         shown = showChecked(kind, userInitiated);
-        trace("updateModelSempahore - signal (in open window)");
+        logTrace("updateModelSempahore - signal (in open window)");
     }
     if (!shown && userInitiated)
         if (FV2Window* const front = wndList.windowAt(wndList.count()))
@@ -108,12 +96,12 @@ std::shared_ptr<FV2WindowController> FV2WindowDelegate::controllerFor(fv2Window 
 
 std::shared_ptr<FV2WindowController> FV2WindowDelegate::mainController() {
     if (mainWindowController) {
-        trace("recycling main wc");
+        logTrace("recycling main wc");
     } else {
-        trace("new main wc making..");
+        logTrace("new main wc making..");
         mainWindowController = m_factory.makeMainWindow(*this);
         if (mainWindowController)
-            trace("new main wc is " + description(*mainWindowController));
+            logTrace("new main wc is " + description(*mainWindowController));
     }
     return mainWindowController;
 }
@@ -122,7 +110,7 @@ std::shared_ptr<FV2WindowController>
 FV2WindowDelegate::passwordController(std::shared_ptr<FV2PasswordWindowController>& kept, bool encrypting,
                                       const std::string& recycling) {
     if (kept)
-        trace(recycling);
+        logTrace(recycling);
     else
         kept = m_factory.makePasswordWindow(*this, encrypting);
     return kept;
@@ -138,7 +126,7 @@ void FV2WindowDelegate::chainToParent(FV2WindowController& child) const {
 }
 
 void FV2WindowDelegate::willClose(FV2WindowController& controller) {
-    ui("wndDelegate willClose in");
+    logUi("wndDelegate willClose in");
     if (const std::size_t position = wndList.indexOfController(controller); position != 0) {
         // A child is opened after its parent, and nearly always closed as the last.
         if (wndList.count() >= 2)
@@ -160,7 +148,7 @@ void FV2WindowDelegate::willClose(FV2WindowController& controller) {
             break;
         }
     }
-    ui("wndDelegate willClose out");
+    logUi("wndDelegate willClose out");
     Q_EMIT windowsChanged();
 }
 

@@ -49,7 +49,7 @@ void draw(QPainter& painter, QSvgRenderer& picture, const QRect& place) {
              QRect(place.topLeft() + QPoint(more, 0), whole));
 }
 
-QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+QAccessibleInterface* makeAccessibleImage(const QString&, QObject* object) {
     auto* view = qobject_cast<NxImageView*>(object);
     return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Graphic);
 }
@@ -58,7 +58,7 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
 
 NxImageView::NxImageView(QWidget* parent)
     : QWidget(parent) {
-    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(makeAccessible), true);
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(makeAccessibleImage), true);
 }
 
 void NxImageView::setImageName(const QString& name) {

@@ -3,6 +3,7 @@
 #include "toolkit/NxLeftMenuCellView.h"
 
 #include "toolkit/NxImageView.h"
+#include "toolkit/NxLeftMenuCounter.h"
 #include "toolkit/NxTextField.h"
 
 #include <QEvent>
@@ -22,7 +23,6 @@ constexpr int kIconSize = 20;
 // Even, like the bubble's width: in the middle of a row it then stands on whole pixels at 150 % too.
 constexpr int kBubbleHeight = 20;
 constexpr int kNarrowestBubble = 26;
-constexpr int kRoomBesideNumber = 12; //!< both sides together
 constexpr double kNumberScale = 0.9;
 
 //! How the text is tried until it fits: parts of the usual size of letters, and lines.

@@ -22,7 +22,6 @@ constexpr std::array kColours{NxDesignColor::Green, NxDesignColor::Yellow, NxDes
 
 constexpr int kHeight = 18;
 constexpr int kNarrowest = 22;
-constexpr int kRoomBesideNumber = 12; //!< both sides together
 constexpr double kRimLuminance = 0.85;
 constexpr QColor kDarkNumber(63, 68, 74);
 
@@ -69,7 +68,7 @@ private:
     NxLeftMenuCounter& m_counter;
 };
 
-QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+QAccessibleInterface* makeAccessibleCounter(const QString&, QObject* object) {
     auto* counter = qobject_cast<NxLeftMenuCounter*>(object);
     return counter == nullptr ? nullptr : new AccessibleCounter(*counter);
 }
@@ -83,7 +82,7 @@ QString counterValueDescription(const QString& number, unsigned status) {
 
 NxLeftMenuCounter::NxLeftMenuCounter(QWidget* parent)
     : QPushButton(parent) {
-    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(makeAccessible), true);
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(makeAccessibleCounter), true);
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     hide();

@@ -9,6 +9,9 @@
 
 namespace fv2 {
 
+//! Between a number and the rim of its badge, in pixels, both sides together.
+inline constexpr int kRoomBesideNumber = 12;
+
 //! How a row's number is told to a screen reader: the number, then what it says about the status (0 to 3; of any other
 //! nothing is said).
 [[nodiscard]] QString counterValueDescription(const QString& number, unsigned status);

@@ -18,9 +18,6 @@ namespace fv2 {
 namespace {
 
 //! The view asks for lines of at most about so many letters.
-constexpr int kComfortableLetters = 60;
-constexpr int kFewestLetters = 6;
-constexpr std::size_t kRememberedWidths = 8;
 //! Of the font's own; leaves room for the focus mark between two lines.
 constexpr double kLineHeight = 1.2;
 

@@ -17,11 +17,7 @@ namespace fv2 {
 
 namespace {
 
-//! A wrapped text asks for lines of at most about so many letters.
-constexpr int kComfortableLetters = 60;
-constexpr int kFewestLetters = 6;
 constexpr double kUnlimited = 1 << 20;
-constexpr std::size_t kRememberedWidths = 8;
 //! Lines of a styled text are at least so many points higher than its letters.
 constexpr double kStyledLineGap = 3;
 

@@ -4,9 +4,17 @@
 
 #include <QSizeF>
 
+#include <cstddef>
+
 class QTextLayout;
 
 namespace fv2 {
+
+//! A text that may be wrapped is as wide as so many letters if there is room for them, and never narrower than so few.
+inline constexpr int kComfortableLetters = 60;
+inline constexpr int kFewestLetters = 6;
+//! For so many widths a text remembers how high it was.
+inline constexpr std::size_t kRememberedWidths = 8;
 
 //! How far accents of a text's capitals stand out above what its font says of its lines, in pixels.
 [[nodiscard]] double overhangOf(const QTextLayout& layout);
