@@ -14,7 +14,7 @@ sys.path[1:1] = [str(ROOT / "tools/desktop"), str(ROOT / "tests/e2e")]
 from table import Table  # noqa: E402
 
 #: The modules that measure, each a group of rows.
-GROUPS = ("start_and_memory",)
+GROUPS = ("start_and_memory", "exchange", "window_times", "floors", "many_agents")
 
 
 def main():
