@@ -51,8 +51,9 @@ def notification_to_icon(table):
         changes = Changes(desktop, service)
         for _ in range(table.rounds):
             for program in programs:
+                service.send("next")
                 running = start(desktop, program)
-                service.expect("^status for uid|^token for uid")
+                service.expect("^status for uid", 30)  # it is told of changes from now on
                 if program == programs[0]:
                     desktop.tray_item()
                 changes.milliseconds()

@@ -14,7 +14,6 @@ from start_and_memory import memory_mib, use_of_processor
 from tray import tray_items
 from waiting import wait_until
 
-AGENTS = 100
 LARGEST = 8
 
 #: Takes a folder of its own for /tmp, in which the desktop's folder is where it was.
@@ -36,12 +35,15 @@ def start_one(desktop, program, number):
 
 
 def wait_for_rest(agents):
-    """Until no agent has used a processor for half a second."""
-    while True:
-        before = [use_of_processor(agent.pid) for agent in agents]
+    def used():
+        return [use_of_processor(agent.pid) for agent in agents]
+
+    def rested():
+        before = used()
         time.sleep(0.5)
-        if before == [use_of_processor(agent.pid) for agent in agents]:
-            return
+        return used() == before
+
+    wait_until(rested, "all agents to come to rest", 60)
 
 
 def private_by_mapping(pid):
@@ -60,22 +62,23 @@ def private_by_mapping(pid):
 
 
 def run(table):
+    count = 100 if table.rounds >= 15 else 20
     if os.geteuid() != 0:
-        table.report(f"memory of one further agent of {AGENTS}", "needs root")
+        table.report(f"memory of one further agent of {count}", "needs root")
         return
     sums = []
     with Desktop() as desktop:
         start_service(desktop)
         agents = []
-        for number in range(AGENTS):
+        for number in range(count):
             agents.append(start_one(desktop, table.build / "fv2-agent", number))
-            if len(agents) in (AGENTS // 2, AGENTS):
+            if len(agents) in (count // 2, count):
                 wait_until(lambda: len(tray_items(desktop.bus)) == len(agents), "all tray items", 60)
                 wait_for_rest(agents)
                 sums.append([sum(kind) for kind in zip(*(memory_mib(agent.pid) for agent in agents))])
         mappings = private_by_mapping(agents[-1].pid)
-    further = [(all_ - half) / (AGENTS - AGENTS // 2) for half, all_ in zip(*sums)]
-    table.report(f"memory of one further agent of {AGENTS}",
+    further = [(all_ - half) / (count - count // 2) for half, all_ in zip(*sums)]
+    table.report(f"memory of one further agent of {count}",
                  f"private {further[2]:.2f}, proportional {further[1]:.2f} MiB")
     for name, size in mappings.most_common(LARGEST):
         table.report(f"  private pages of {name}", f"{size:.2f} MiB")

@@ -4,7 +4,9 @@
 """Measures how fast and how small the agent is, and prints one table; ends with 1 if a figure misses its goal."""
 
 import argparse
+import contextlib
 import importlib
+import os
 import sys
 from pathlib import Path
 
@@ -24,6 +26,9 @@ def main():
     parser.add_argument("--slack", type=float, default=1.0, help="how many times worse than its goal a figure may be")
     parser.add_argument("--only", choices=GROUPS, action="append", help="only this group of rows; may be repeated")
     options = parser.parse_args()
+    # Before whatever else the machine does, where that is allowed: all programs that are measured inherit it.
+    with contextlib.suppress(PermissionError):
+        os.sched_setscheduler(0, os.SCHED_RR, os.sched_param(1))
     table = Table(options.build.resolve(), options.rounds, options.slack)
     table.head()
     for group in options.only or GROUPS:

@@ -6,7 +6,7 @@ import statistics
 from dataclasses import dataclass, field
 from pathlib import Path
 
-WIDTHS = (58, 36, 9, 16)
+WIDTHS = (66, 30, 6, 14)
 
 
 @dataclass
@@ -33,23 +33,30 @@ class Table:
         self.at_most(what, f"{median:.3g} {unit}, at most {max(figures):.3g}", median, goal)
 
     def against(self, what, ours, bare, unit, goal, more_is_better=False):
-        """A row of two lists of figures, whose medians' ratio is judged."""
+        """A row of two lists of figures, whose medians' ratio is judged if there is a goal."""
         ours, bare = statistics.median(ours), statistics.median(bare)
+        figures = f"{ours:.4g} / {bare:.4g} {unit}"
+        if goal is None:
+            return self.report(what, figures, ours / bare)
         judge = self.at_least if more_is_better else self.at_most
-        judge(what, f"{ours:.4g} / {bare:.4g} {unit}", ours / bare, goal, ours / bare)
+        judge(what, figures, ours / bare, goal, ours / bare)
 
     def holds(self, what, figures, goal, true):
         self._judge(what, figures, None, goal, true)
 
-    def report(self, what, figures):
+    def report(self, what, figures, ratio=None):
         """A row without a goal."""
-        self._print(what, figures, "", "", "")
+        self._print(what, figures, self._ratio(ratio), "", "")
 
     def _judge(self, what, figures, ratio, goal, passed):
         if not passed:
             self.failed.append(what)
         slack = f" (×{self.slack:g})" if self.slack != 1 and goal[0] in "≤≥" else ""
-        self._print(what, figures, "" if ratio is None else f"{ratio:.3g}", goal + slack, "ok" if passed else "FAIL")
+        self._print(what, figures, self._ratio(ratio), goal + slack, "ok" if passed else "FAIL")
+
+    @staticmethod
+    def _ratio(ratio):
+        return "" if ratio is None else f"{ratio:.3g}"
 
     @staticmethod
     def _print(*cells):
