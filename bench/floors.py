@@ -24,8 +24,8 @@ def markup(table, floors):
     styled = medians(table, "bench_styled_text")
     for size, text in ((1, "one message"), (4096, "4 KiB of messages")):
         ours, qt = (nanoseconds(styled[f"{name}/{size}"]) / 1000 for name in ("StyledText", "QtHtmlImport"))
-        table.at_least(f"mark-up to styled text, {text}, Qt's HTML import / ours", f"{qt:.3g} / {ours:.3g} µs", qt / ours,
-                       20, qt / ours)
+        table.at_least(f"mark-up to styled text, {text}, Qt's HTML import / ours",
+                       f"{qt:.3g} / {ours:.3g} µs", qt / ours, 20, qt / ours)
     rate = floors["MessagesScanned/65534"]["bytes_per_second"] / 1e6
     table.at_least("scanner alone", f"{rate:.0f} MB/s", rate, 200)
     for name in SCANS:
@@ -35,8 +35,8 @@ def markup(table, floors):
 
 
 def log_lines(table, floors):
-    out, written, bare = (nanoseconds(floors[name]) for name in ("LogLineFilteredOut", "LogLineWritten",
-                                                                 "BareOpenAppendClose"))
+    names = "LogLineFilteredOut", "LogLineWritten", "BareOpenAppendClose"
+    out, written, bare = (nanoseconds(floors[name]) for name in names)
     table.at_most("log line, filtered out / written", f"{out:.3g} / {written:.4g} ns", out / written, 0.01, out / written)
     table.at_most("log line, written / bare open, append, close", f"{written:.4g} / {bare:.4g} ns", written / bare, 1.3,
                   written / bare)

@@ -75,12 +75,12 @@ def run(table):
             if len(agents) in (count // 2, count):
                 wait_until(lambda: len(tray_items(desktop.bus)) == len(agents), "all tray items", 60)
                 wait_for_rest(agents)
-                sums.append([sum(kind) for kind in zip(*(memory_mib(agent.pid) for agent in agents))])
-        mappings = private_by_mapping(agents[-1].pid)
-    further = [(all_ - half) / (count - count // 2) for half, all_ in zip(*sums)]
+                mappings = sum((private_by_mapping(agent.pid) for agent in agents), collections.Counter())
+                sums.append((mappings.total(), sum(memory_mib(agent.pid)[1] for agent in agents)))
+    private, proportional = ((all_ - half) / (count - count // 2) for half, all_ in zip(*sums))
     table.report(f"memory of one further agent of {count}",
-                 f"private {further[2]:.2f}, proportional {further[1]:.2f} MiB")
+                 f"private {private:.2f}, proportional {proportional:.2f} MiB")
     for name, size in mappings.most_common(LARGEST):
-        table.report(f"  private pages of {name}", f"{size:.2f} MiB")
-    libraries = sum(size for name, size in mappings.items() if name.endswith(")"))
-    table.report("  private pages of all files together", f"{libraries:.2f} MiB")
+        table.report(f"  private pages of {name}", f"{size / count:.2f} MiB")
+    files = sum(size for name, size in mappings.items() if name.endswith(")"))
+    table.report("  private pages of all files together", f"{files / count:.2f} MiB")
