@@ -33,13 +33,14 @@ class Table:
         self.at_most(what, f"{median:.3g} {unit}, at most {max(figures):.3g}", median, goal)
 
     def against(self, what, ours, bare, unit, goal, more_is_better=False):
-        """A row of two lists of figures, whose medians' ratio is judged if there is a goal."""
-        ours, bare = statistics.median(ours), statistics.median(bare)
-        figures = f"{ours:.4g} / {bare:.4g} {unit}"
+        """A row of two lists of figures, taken in turn: shows their medians, and judges the median of their ratios if
+        there is a goal. What slows the machine for a while slows both of a pair."""
+        figures = f"{statistics.median(ours):.4g} / {statistics.median(bare):.4g} {unit}"
+        ratio = statistics.median(one / other for one, other in zip(ours, bare, strict=True))
         if goal is None:
-            return self.report(what, figures, ours / bare)
+            return self.report(what, figures, ratio)
         judge = self.at_least if more_is_better else self.at_most
-        judge(what, figures, ours / bare, goal, ours / bare)
+        judge(what, figures, ratio, goal, ratio)
 
     def holds(self, what, figures, goal, true):
         self._judge(what, figures, None, goal, true)
