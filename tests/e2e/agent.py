@@ -87,7 +87,7 @@ def resources_at_rest(program):
         readings.append(tuple(len(os.listdir(f"/proc/{program.pid}/{kind}")) for kind in ("fd", "task")))
         return len(readings) >= 20 and len(set(readings[-20:])) == 1
 
-    wait_until(settled, f"{program.name} to come to rest", 30)
+    wait_until(settled, f"process {program.pid} to come to rest", 30)
     return readings[-1]
 
 

@@ -70,7 +70,11 @@ class TrayItem:
         entries = {entry.label: entry for entry in self.menu()}
         if label not in entries:
             raise AssertionError(f"the tray menu has no entry '{label}', only {sorted(entries)}")
-        self._menu_object().Event(dbus.Int32(entries[label].number), "clicked", dbus.String("", variant_level=1),
+        self.trigger(entries[label])
+
+    def trigger(self, entry):
+        """Clicks a menu entry that is known already, whatever its label is now."""
+        self._menu_object().Event(dbus.Int32(entry.number), "clicked", dbus.String("", variant_level=1),
                                   dbus.UInt32(0), dbus_interface=MENU)
 
     def _menu_object(self):
