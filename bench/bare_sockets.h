@@ -16,6 +16,7 @@ namespace bare {
 
 inline constexpr std::string_view kNotification = R"({ "command": "status_changed" })";
 inline constexpr std::string_view kAnswer = R"("{ "result": 0 }")";
+inline constexpr int kBacklog = 5; //!< the agent's
 inline constexpr char kService[] = "/tmp/orm_ui.sock";
 
 inline std::string agentSocket() {
@@ -43,7 +44,7 @@ inline int listeningAt(const std::string& path) {
     const sockaddr_un address = addressOf(path);
     ::unlink(path.c_str());
     checked(::bind(listening, reinterpret_cast<const sockaddr*>(&address), sizeof address), "bind");
-    checked(::listen(listening, 20), "listen");
+    checked(::listen(listening, kBacklog), "listen");
     return listening;
 }
 

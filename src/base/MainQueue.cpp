@@ -14,6 +14,8 @@ MainQueue::MainQueue()
 void MainQueue::post(std::function<void()> job) {
     const std::lock_guard lock(m_mutex);
     m_jobs.push_back(std::move(job));
+    if (m_jobs.size() > 1)
+        return; // the first one has woken main
     const std::uint64_t one = 1;
     [[maybe_unused]] const ssize_t written = ::write(m_event.get(), &one, sizeof one);
 }

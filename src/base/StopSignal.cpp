@@ -15,15 +15,11 @@ StopSignal::StopSignal()
 }
 
 void StopSignal::raise() const {
+    m_isRaised = true;
     const int saved = errno;
     const std::uint64_t one = 1;
     [[maybe_unused]] const ssize_t written = ::write(m_event.get(), &one, sizeof one);
     errno = saved;
-}
-
-bool StopSignal::isRaised() const {
-    pollfd event{m_event.get(), POLLIN, 0};
-    return ::poll(&event, 1, 0) == 1;
 }
 
 fv2Wait StopSignal::waitFor(int fd, short events, const Deadline& deadline) const {

@@ -5,6 +5,8 @@
 #include "base/Deadline.h"
 #include "base/UniqueFd.h"
 
+#include <atomic>
+
 namespace fv2 {
 
 enum class fv2Wait { Ready, TimedOut, Stopped, Failed };
@@ -16,7 +18,7 @@ public:
 
     //! Async-signal-safe.
     void raise() const;
-    [[nodiscard]] bool isRaised() const;
+    [[nodiscard]] bool isRaised() const { return m_isRaised; }
 
     //! Readable once raised; for a poll set of the caller's own.
     [[nodiscard]] int descriptor() const { return m_event.get(); }
@@ -28,6 +30,8 @@ public:
 
 private:
     UniqueFd m_event;
+    mutable std::atomic<bool> m_isRaised = false;
+    static_assert(std::atomic<bool>::is_always_lock_free, "raise() runs in signal handlers");
 };
 
 } // namespace fv2

@@ -105,26 +105,26 @@ ssize_t FV2SocketCommsBase::send(int descriptor, std::string_view text) const {
 
 std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, const Deadline& deadline) const {
     logTrace("Receive go poll socket:" + std::to_string(descriptor) + " (note: 10s timeout)");
-    const fv2Wait first = m_stop->waitFor(descriptor, POLLIN, deadline);
-    logTrace("Receive wake poll # events : " + std::to_string(first == fv2Wait::Ready    ? 1
-                                                              : first == fv2Wait::Failed ? -1
-                                                                                         : 0));
-    if (first != fv2Wait::Ready)
+    fv2Wait wait = m_stop->waitFor(descriptor, POLLIN, deadline);
+    logTrace("Receive wake poll # events : " + std::to_string(wait == fv2Wait::Ready    ? 1
+                                                              : wait == fv2Wait::Failed ? -1
+                                                                                        : 0));
+    if (wait != fv2Wait::Ready)
         return std::nullopt;
 
     MessageReader reader(maxReply);
     std::array<char, MessageReader::chunkSize> chunk{};
     MessageReader::State state = MessageReader::State::Reading;
-    while (state == MessageReader::State::Reading) {
-        const Deadline nextChunk = Deadline::earlier(deadline, Deadline(kChunkTime));
-        if (m_stop->waitFor(descriptor, POLLIN, nextChunk) != fv2Wait::Ready)
-            break;
+    while (wait == fv2Wait::Ready) {
         logTrace("Receive go recv");
         const ssize_t count = receiveNow(descriptor, chunk.data(), chunk.size());
         logTrace("Receive recv got " + std::to_string(count));
         if (count < 1)
             break;
         state = reader.take({chunk.data(), static_cast<std::size_t>(count)});
+        if (state != MessageReader::State::Reading)
+            break;
+        wait = m_stop->waitFor(descriptor, POLLIN, Deadline::earlier(deadline, Deadline(kChunkTime)));
     }
     return state == MessageReader::State::TooLong ? std::string() : reader.takeText();
 }
@@ -147,10 +147,8 @@ bool FV2SocketCommsBase::createBinding() {
     sock = makeStreamSocket();
     const bool bound =
         sock && ::bind(sock.get(), reinterpret_cast<const sockaddr*>(&sockAddrUn), sizeof sockAddrUn) >= 0;
-    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0) {
-        setBlocking(sock.get(), false);
+    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0)
         return true;
-    }
     closeSocket();
     return false;
 }

@@ -20,7 +20,7 @@ constexpr std::chrono::seconds kTotalTime{10};
 //! The rest of a send that the kernel has split follows at once.
 constexpr std::chrono::milliseconds kSplitTime{100};
 constexpr std::chrono::milliseconds kBackOff{100};
-//! The backlog is short: what waits there is taken in before the next message is handed out.
+//! The backlog is short: what waits there is taken in before the next messages are handed out.
 constexpr int kAcceptedAtOnce = 16;
 constexpr std::size_t kMaxDrained = 16 * 1024 * 1024;
 
@@ -35,7 +35,7 @@ bool isPassing(int error) {
 } // namespace
 
 std::optional<FV2SocketComms_ReceivedData> IncomingConnections::next(int listening, const StopSignal& stop) {
-    for (;;) {
+    while (m_finished.empty()) {
         std::vector<pollfd> set;
         set.reserve(m_open.size() + 2);
         set.push_back({stop.descriptor(), POLLIN, 0});
@@ -48,33 +48,34 @@ std::optional<FV2SocketComms_ReceivedData> IncomingConnections::next(int listeni
         if (set[0].revents != 0)
             return std::nullopt;
 
-        std::optional<FV2SocketComms_ReceivedData> message = firstFinished(set);
+        readReady(set);
         if (set[1].revents != 0 && !acceptWaiting(listening))
             return std::nullopt;
-        if (message)
-            return message;
     }
+    FV2SocketComms_ReceivedData message = std::move(m_finished.front());
+    m_finished.pop_front();
+    return message;
 }
 
-std::optional<FV2SocketComms_ReceivedData> IncomingConnections::firstFinished(const std::vector<pollfd>& set) {
+void IncomingConnections::readReady(const std::vector<pollfd>& set) {
     auto polled = set.cbegin() + 2;
     for (auto each = m_open.begin(); each != m_open.end(); ++polled) {
         const bool ready = polled->revents != 0;
         const bool outOfTime = each->total.passed() || each->nextChunk.passed();
-        const bool done = (ready && (each->draining ? drain(*each) : read(*each)) == Reading::Done) || outOfTime;
-        if (!done) {
+        if ((ready && (each->draining ? drain(*each) : read(*each)) == Reading::Done) || outOfTime) {
+            finish(std::move(*each));
+            each = m_open.erase(each);
+        } else {
             ++each;
-            continue;
-        }
-        Connection finished = std::move(*each);
-        each = m_open.erase(each);
-        if (!finished.draining) {
-            const std::size_t byteCount = finished.reader.byteCount();
-            return FV2SocketComms_ReceivedData{std::move(finished.socket), finished.reader.takeText(), byteCount,
-                                               finished.cut};
         }
     }
-    return std::nullopt;
+}
+
+void IncomingConnections::finish(Connection connection) {
+    if (connection.draining)
+        return;
+    const std::size_t byteCount = connection.reader.byteCount();
+    m_finished.push_back({std::move(connection.socket), connection.reader.takeText(), byteCount, connection.cut});
 }
 
 //! False when the listening socket has failed for good.
@@ -105,15 +106,18 @@ void IncomingConnections::takeIn(UniqueFd socket) {
                                      (peer ? std::to_string(*peer) : std::string("unknown"))});
         return;
     }
-    limitReceiveTime(socket.get());
-    if (m_open.size() >= maxOpen)
-        dropOldest();
     logTrace("listenAcceptAndReceiveData() - accept -> calling Receive");
     logTrace("Receive go poll socket:" + std::to_string(socket.get()) + " (note: 10s timeout)");
-    m_open.push_back({.socket = std::move(socket),
-                      .total = Deadline(kTotalTime),
-                      .nextChunk = Deadline(kTotalTime),
-                      .reader = MessageReader(maxMessage)});
+    Connection connection{.socket = std::move(socket),
+                          .total = Deadline(kTotalTime),
+                          .nextChunk = Deadline(kTotalTime),
+                          .reader = MessageReader(maxMessage)};
+    // Most have sent by now what they want.
+    if (read(connection) == Reading::Done)
+        return finish(std::move(connection));
+    if (m_open.size() >= maxOpen)
+        dropOldest();
+    m_open.push_back(std::move(connection));
 }
 
 IncomingConnections::Reading IncomingConnections::read(Connection& connection) {
@@ -148,10 +152,10 @@ IncomingConnections::Reading IncomingConnections::drain(Connection& connection) 
 }
 
 void IncomingConnections::close(FV2SocketComms_ReceivedData message) {
-    ::shutdown(message.socket.get(), SHUT_WR);
     char unread = 0;
     if (!message.cut && receiveNow(message.socket.get(), &unread, 1) < 1)
         return;
+    ::shutdown(message.socket.get(), SHUT_WR);
     if (m_open.size() >= maxOpen)
         dropOldest();
     m_open.push_back({.socket = std::move(message.socket),

@@ -8,6 +8,7 @@
 #include "comms/MessageReader.h"
 #include "comms/PeerPolicy.h"
 
+#include <deque>
 #include <list>
 #include <optional>
 #include <poll.h>
@@ -45,7 +46,10 @@ public:
     //! for a while, as closing over unread bytes would discard the answer too.
     void close(FV2SocketComms_ReceivedData message);
 
-    void closeAll() { m_open.clear(); }
+    void closeAll() {
+        m_open.clear();
+        m_finished.clear();
+    }
 
 private:
     struct Connection {
@@ -59,9 +63,10 @@ private:
     };
     enum class Reading { Waiting, Done };
 
-    [[nodiscard]] std::optional<FV2SocketComms_ReceivedData> firstFinished(const std::vector<pollfd>& set);
+    void readReady(const std::vector<pollfd>& set);
     [[nodiscard]] bool acceptWaiting(int listening);
     void takeIn(UniqueFd socket);
+    void finish(Connection connection);
     [[nodiscard]] static Reading read(Connection& connection);
     [[nodiscard]] static Reading drain(Connection& connection);
     bool dropOldest();
@@ -70,6 +75,7 @@ private:
 
     PeerPolicy m_trusted;
     std::list<Connection> m_open; //!< oldest first
+    std::deque<FV2SocketComms_ReceivedData> m_finished;
     std::optional<Deadline> m_backOff;
 };
 

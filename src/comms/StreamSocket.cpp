@@ -3,41 +3,25 @@
 #include "comms/StreamSocket.h"
 
 #include <cerrno>
-#include <fcntl.h>
 #include <sys/socket.h>
-#include <sys/time.h>
 
 namespace fv2 {
 
 namespace {
 
-constexpr timeval kReceiveTimeout{5, 0};
 constexpr std::chrono::milliseconds kBacklogPause{10};
 
 } // namespace
 
 UniqueFd makeStreamSocket() {
-    UniqueFd socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    if (socket)
-        limitReceiveTime(socket.get());
-    return socket;
-}
-
-void limitReceiveTime(int descriptor) {
-    ::setsockopt(descriptor, SOL_SOCKET, SO_RCVTIMEO, &kReceiveTimeout, sizeof kReceiveTimeout);
-}
-
-void setBlocking(int descriptor, bool blocking) {
-    const int flags = ::fcntl(descriptor, F_GETFL);
-    ::fcntl(descriptor, F_SETFL, blocking ? flags & ~O_NONBLOCK : flags | O_NONBLOCK);
+    return UniqueFd(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
 bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline, const StopSignal& stop) {
-    setBlocking(descriptor, false);
     for (;;) {
         const int result = ::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address);
         if (result == 0 || errno == EISCONN)
-            break;
+            return true;
         if (errno == EINTR)
             continue;
         if (errno != EAGAIN || deadline.passed())
@@ -45,8 +29,6 @@ bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& d
         if (stop.waitFor(-1, 0, Deadline::earlier(deadline, Deadline(kBacklogPause))) == fv2Wait::Stopped)
             return false;
     }
-    setBlocking(descriptor, true);
-    return true;
 }
 
 ssize_t sendOnce(int descriptor, std::string_view text) {

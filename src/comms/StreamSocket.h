@@ -16,13 +16,8 @@ namespace fv2 {
 //! So long may a peer take for the next chunk of its message.
 inline constexpr std::chrono::milliseconds kChunkTime{5000};
 
-//! A new UNIX stream socket: closed on exec, and a receive call that waits would give up after 5 s.
+//! A new UNIX stream socket: closed on exec, and no call on it waits. The limits of waiting are those of the polls.
 [[nodiscard]] UniqueFd makeStreamSocket();
-
-//! Gives a socket the receive limit of 5 s; an accepted one does not have it from its listener.
-void limitReceiveTime(int descriptor);
-
-void setBlocking(int descriptor, bool blocking);
 
 //! Connects within the deadline. A full backlog is tried again until then: a blocking connect would wait without end.
 [[nodiscard]] bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline,

@@ -25,7 +25,11 @@ FV2AppStateModel::FV2AppStateModel(Surroundings surroundings, std::int64_t userI
     : m_outside(std::move(surroundings))
     , m_state(m_outside.strings, userId, m_outside.computerName)
     , jsonParser(m_outside.strings, m_outside.mediumDate)
-    , m_serviceGate(m_outside.timers, 2, [this] { startRefresh(true, fv2SyncSource::Service, false, &m_serviceGate); })
+    , m_serviceGate(m_outside.timers, 2,
+                    [this] {
+                        m_refreshIsWanted = false;
+                        startRefresh(true, fv2SyncSource::Service, false, &m_serviceGate);
+                    })
     , m_movedGate(m_outside.timers, 1, [this] { startRefresh(false, fv2SyncSource::Moved, false, &m_movedGate); })
     , m_askCounter(std::make_shared<std::atomic<std::uint64_t>>(0))
     , m_listener(
@@ -52,15 +56,12 @@ void FV2AppStateModel::stopBackgroundThread() {
     m_listener.stop();
 }
 
-//! Runs on the listener's thread.
+//! Runs on the listener's thread. Main hears of the first notification only, until the refresh that it asks for begins.
 void FV2AppStateModel::onNotification(fv2JsonCommand command) {
     if (command == fv2JsonCommand::Show) {
         m_outside.dispatch.toMain(guarded([this] { m_appDelegate->menuShowMainWindow(); }));
-    } else if (!m_notificationPosted.exchange(true)) {
-        m_outside.dispatch.toMain(guarded([this] {
-            m_notificationPosted = false;
-            syncCommsAsync(true, fv2SyncSource::Service, false);
-        }));
+    } else if (!m_refreshIsWanted.exchange(true)) {
+        m_outside.dispatch.toMain(guarded([this] { syncCommsAsync(true, fv2SyncSource::Service, false); }));
     }
 }
 

@@ -132,7 +132,7 @@ private:
     std::shared_ptr<std::atomic<std::uint64_t>> m_askCounter;
     std::uint64_t m_newestToken = 0;
     std::uint64_t m_newestStatus = 0;
-    std::atomic<bool> m_notificationPosted = false;
+    std::atomic<bool> m_refreshIsWanted = false;
     bool m_notificationsArrive = true;
     bool m_wantsNotifications = true;
     std::unique_ptr<FV2Timer> m_unpromptedRefresh;
