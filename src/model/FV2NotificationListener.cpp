@@ -5,6 +5,8 @@
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
 
+#include <pthread.h>
+
 namespace fv2 {
 
 namespace {
@@ -21,6 +23,7 @@ void FV2NotificationListener::start() {
 }
 
 void FV2NotificationListener::run() {
+    ::pthread_setname_np(::pthread_self(), "fv2-listener");
     release("runBackgroundThread -> async -> grabbing ");
     const SemaphoreHold hold(m_life);
     const StopSignal& stop = backgroundAppSocketComms->stopSignal();

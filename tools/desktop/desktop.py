@@ -145,10 +145,10 @@ class Desktop:
         """Has something called before everything that was started by now is stopped."""
         self._closing.callback(callback)
 
-    def start(self, command, env=None, name=None, as_us=False):
+    def start(self, command, env=None, name=None, as_us=False, account=None):
         """Starts a program in this desktop; it is stopped with the desktop at the latest. as_us: as who runs this, even
-        if the desktop is somebody else's."""
-        program = Program(command, {**self.env, **(env or {})}, name, None if as_us else self.account)
+        if the desktop is somebody else's. account: as its user."""
+        program = Program(command, {**self.env, **(env or {})}, name, None if as_us else account or self.account)
         self._closing.callback(program.stop)
         return program
 
