@@ -124,13 +124,14 @@ def busy_seconds_of(threads, ask, *arguments):
 
 class Heartbeat:
     """Asks a tray item for its title, over and over, in a `with` block: Qt answers that on the program's main thread.
-    `longest` is the longest time that an answer took, in seconds, without what a busy machine made us, the bus and that
-    thread wait; `longest_of_bus` is the same of the bus itself, waits and all."""
+    `longest` is the longest time that an answer took, in seconds, without what a busy machine made us, the bus, the X
+    server and that thread wait; `when` is the time of day after it. `longest_of_bus` is the same of the bus itself,
+    waits and all."""
 
     def __init__(self, desktop, item, program):
-        self.longest, self.longest_of_bus, self.beats = 0.0, 0.0, 0
+        self.longest, self.when, self.longest_of_bus, self.beats = 0.0, None, 0.0, 0
         self._address, self._item = desktop.env["DBUS_SESSION_BUS_ADDRESS"], item
-        self._main = thread_of(program.pid)
+        self._threads = [thread_of(program.pid), thread_of(desktop.server.pid)]
         self._done = threading.Event()
         self._thread = threading.Thread(target=self._beat, name="heartbeat", daemon=True)
         self._failure = None
@@ -148,13 +149,15 @@ class Heartbeat:
     def _beat(self):
         bus = dbus.bus.BusConnection(self._address)
         item = TrayItem(bus, self._item.address)
-        daemon = thread_of(bus.get_object(DBUS, "/org/freedesktop/DBus", introspect=False).GetConnectionUnixProcessID(
-            DBUS, dbus_interface=DBUS))
-        threads = (self._main, daemon, Path(f"/proc/self/task/{threading.get_native_id()}"))
+        daemon = bus.get_object(DBUS, "/org/freedesktop/DBus", introspect=False)
+        self._threads += [thread_of(daemon.GetConnectionUnixProcessID(DBUS, dbus_interface=DBUS)),
+                          Path(f"/proc/self/task/{threading.get_native_id()}")]
         try:
             while not self._done.wait(BEAT_SECONDS):
                 self.longest_of_bus = max(self.longest_of_bus, seconds_of(bus.get_name_owner, DBUS))
-                self.longest = max(self.longest, busy_seconds_of(threads, item.title))
+                took, now = busy_seconds_of(self._threads, item.title), time.strftime("%H:%M:%S")
+                if took > self.longest:
+                    self.longest, self.when = took, now
                 self.beats += 1
         except (dbus.DBusException, OSError) as failure:
             self._failure = failure
