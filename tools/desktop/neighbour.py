@@ -3,7 +3,7 @@
 """A hostile process on the same machine. It runs from its text alone, as a user who may not read the project.
 
 usage: squat <path>          serves the path and says how much each caller sent
-       peers <kind> <path>   a hundred connections to it, in place of each that is lost another one; says what it heard"""
+       peers <kind> <path>   keeps a hundred connections to it and says what it heard"""
 
 import os
 import socket
