@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ctime>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <tuple>
 #include <vector>
@@ -197,23 +195,6 @@ TEST_F(Listener, AndItsInterruptedClientsKeepNoDescriptorAndPassNoneOn) {
         EXPECT_EQ(openDescriptors(true), inherited);
     }
     EXPECT_EQ(openDescriptors(), before);
-}
-
-TEST_F(Listener, LivesThroughAFullDescriptorTable) {
-    const Serving serving(path);
-    UniqueFd peer = newSocket();
-    rlimit usual{};
-    ::getrlimit(RLIMIT_NOFILE, &usual);
-    const rlimit full{3, usual.rlim_max};
-    ::setrlimit(RLIMIT_NOFILE, &full);
-    peer = connectTo(path, std::move(peer));
-    sendAll(peer, "{}");
-    const std::clock_t begin = std::clock();
-    std::this_thread::sleep_for(400ms);
-    EXPECT_LT(std::clock() - begin, CLOCKS_PER_SEC / 10) << "waits without turning";
-    EXPECT_FALSE(isReadable(peer));
-    ::setrlimit(RLIMIT_NOFILE, &usual);
-    EXPECT_EQ(receiveAll(peer), "2:{}") << "as soon as there is room";
 }
 
 } // namespace
