@@ -25,7 +25,7 @@ struct Row {
 };
 
 //! Every system call of the room, failing in each way that the system knows. Whatever becomes of the first exchange, it
-//! takes little time and keeps no descriptor, and the next one works.
+//! takes little time, keeps no descriptor and passes none on, and the next one works.
 struct CommsFaults : testing::Test {
     //! Compares what `run` tells of each row, and then without a fault.
     void check(const std::vector<Row>& table, const std::string& usual,
@@ -48,6 +48,10 @@ struct CommsFaults : testing::Test {
             }
     }
 
+    //! To a program that would be started in the middle of an exchange.
+    void passesNothingOn() const { EXPECT_EQ(openDescriptors(true), inherited); }
+
+    const std::set<int> inherited = openDescriptors(true);
     const TemporaryFolder folder;
     const std::string path = folder / "test.sock";
 };
@@ -82,7 +86,8 @@ TEST_F(CommsFaults, EndAnExchangeEmptyOrNotAtAll) {
         {"recv", {Fault::kShort}, "th"}, // a short chunk is the last one
         {"close", {EINTR, EIO}, "the reply"},
     };
-    const ScriptedPeer peer(path, [](const UniqueFd& connection) {
+    const ScriptedPeer peer(path, [this](const UniqueFd& connection) {
+        passesNothingOn();
         if (receiveAll(connection, 9) == "a request")
             sendAll(connection, "the reply");
     });
@@ -137,8 +142,9 @@ TEST_F(CommsFaults, CostTheListenerAMessageAtMost) {
         {"close", {EINTR, EIO}, "one two"},
     };
     check(table, "one two", [this](TestEndpoint& endpoint, const Fault* fault) {
-        const auto answerNext = [&endpoint] {
+        const auto answerNext = [this, &endpoint] {
             FV2SocketComms_ReceivedData in = endpoint.listenAcceptAndReceiveData();
+            passesNothingOn();
             const bool listens = in.socket.isOpen();
             if (in.byteCount > 0)
                 endpoint.send(in.socket.get(), in.data);

@@ -179,23 +179,5 @@ TEST_F(Listener, AnswersAtOnceBesideManyPeersThatSayNothing) {
     EXPECT_FALSE(isReadable(silent.back())) << "the youngest one is still welcome";
 }
 
-TEST_F(Listener, AndItsInterruptedClientsKeepNoDescriptorAndPassNoneOn) {
-    const auto inherited = openDescriptors(true);
-    const auto before = openDescriptors();
-    {
-        const SignalStorm storm;
-        const Serving serving(path);
-        const UniqueFd idle = connectTo(path);
-        for (std::size_t round = 0; round < 20; ++round) {
-            sendAll(connectTo(path), std::string(round % 3 * 4095, 'x')); // leaves before its answer
-            EXPECT_EQ(TestEndpoint(path).sendAndReceive("{}"), "2:{}");
-            EXPECT_EQ(TestEndpoint(path, {1, 300ms}, nobodyHere()).sendAndReceive("{}"), "");
-            EXPECT_EQ(TestEndpoint(folder / "nobody").sendAndReceive("{}"), "");
-        }
-        EXPECT_EQ(openDescriptors(true), inherited);
-    }
-    EXPECT_EQ(openDescriptors(), before);
-}
-
 } // namespace
 } // namespace fv2::test

@@ -6,29 +6,26 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <poll.h>
+#include <span>
 #include <sys/socket.h>
 #include <sys/stat.h>
 
 namespace fv2::test {
-
 namespace {
-
 thread_local std::vector<Fault>* currentPlan = nullptr;
 
-//! How many bytes a call may take: `size` as a rule, -1 when it fails.
-ssize_t granted(const char* call, std::size_t size = 0) {
-    const auto all = static_cast<ssize_t>(size);
-    if (currentPlan == nullptr)
-        return all;
+//! How many bytes a call may take, `size` as a rule; nothing when it fails.
+std::optional<std::size_t> granted(const char* call, std::size_t size = 0) {
     const Fault* fault = nullptr;
-    for (Fault& each : *currentPlan)
+    for (Fault& each : currentPlan == nullptr ? std::span<Fault>() : std::span(*currentPlan))
         if (each.call == call && ++each.seen >= each.nth && each.seen < each.nth + each.times)
             fault = &each;
     if (fault == nullptr)
-        return all;
+        return size;
     errno = fault->error;
-    return fault->error == Fault::kShort ? std::min<ssize_t>(all, 2) : -1;
+    return fault->error == Fault::kShort ? std::optional(std::min<std::size_t>(size, 2)) : std::nullopt;
 }
 
 } // namespace
@@ -57,16 +54,13 @@ std::ostream& operator<<(std::ostream& out, const Fault& fault) {
 #define FV2_FAILING(name, parameters, arguments)                                                                       \
     extern "C" int __real_##name parameters;                                                                           \
     extern "C" int __wrap_##name parameters {                                                                          \
-        return fv2::test::granted(#name) < 0 ? -1 : __real_##name arguments;                                           \
+        return fv2::test::granted(#name) ? __real_##name arguments : -1;                                               \
     }
 #define FV2_FAILING_OR_SHORT(name, parameters, arguments)                                                              \
     extern "C" ssize_t __real_##name parameters;                                                                       \
     extern "C" ssize_t __wrap_##name parameters {                                                                      \
-        const ssize_t taken = fv2::test::granted(#name, size);                                                         \
-        if (taken < 0)                                                                                                 \
-            return -1;                                                                                                 \
-        size = static_cast<std::size_t>(taken);                                                                        \
-        return __real_##name arguments;                                                                                \
+        const auto granted = fv2::test::granted(#name, size);                                                          \
+        return granted ? __real_##name arguments : -1;                                                                 \
     }
 
 FV2_FAILING(accept4, (int fd, sockaddr* address, socklen_t* length, int flags), (fd, address, length, flags))
@@ -86,12 +80,12 @@ FV2_FAILING(setsockopt, (int fd, int level, int name, const void* value, socklen
 FV2_FAILING(shutdown, (int fd, int how), (fd, how))
 FV2_FAILING(socket, (int domain, int type, int protocol), (domain, type, protocol))
 FV2_FAILING(unlink, (const char* path), (path))
-FV2_FAILING_OR_SHORT(recv, (int fd, void* buffer, std::size_t size, int flags), (fd, buffer, size, flags))
-FV2_FAILING_OR_SHORT(send, (int fd, const void* buffer, std::size_t size, int flags), (fd, buffer, size, flags))
-FV2_FAILING_OR_SHORT(write, (int fd, const void* buffer, std::size_t size), (fd, buffer, size))
+FV2_FAILING_OR_SHORT(recv, (int fd, void* buffer, std::size_t size, int flags), (fd, buffer, *granted, flags))
+FV2_FAILING_OR_SHORT(send, (int fd, const void* buffer, std::size_t size, int flags), (fd, buffer, *granted, flags))
+FV2_FAILING_OR_SHORT(write, (int fd, const void* buffer, std::size_t size), (fd, buffer, *granted))
 
 extern "C" int __real_close(int fd);
 extern "C" int __wrap_close(int fd) {
     const int result = __real_close(fd);
-    return fv2::test::granted("close") < 0 ? -1 : result;
+    return fv2::test::granted("close") ? result : -1;
 }

@@ -27,8 +27,7 @@ class Faults {
 public:
     explicit Faults(std::vector<Fault> plan);
     ~Faults();
-    Faults(const Faults&) = delete;
-    Faults& operator=(const Faults&) = delete;
+    Faults(Faults&&) = delete;
 
     //! Every fault of the plan has happened.
     [[nodiscard]] bool happened() const;
