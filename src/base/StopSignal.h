@@ -5,6 +5,8 @@
 #include "base/Deadline.h"
 #include "base/UniqueFd.h"
 
+#include <atomic>
+
 namespace fv2 {
 
 enum class fv2Wait { Ready, TimedOut, Stopped, Failed };
@@ -16,9 +18,9 @@ public:
 
     //! Async-signal-safe.
     void raise() const;
-    [[nodiscard]] bool isRaised() const;
+    [[nodiscard]] bool isRaised() const { return m_raised; }
 
-    //! Readable once raised; for a poll set of the caller's own.
+    //! Readable once raised; for a poll set of the caller's own. -1 when the system had none left.
     [[nodiscard]] int descriptor() const { return m_event.get(); }
 
     //! Waits until `fd` has one of `events` (POLLIN, POLLOUT; an error or hang-up counts as ready), the deadline passes
@@ -27,6 +29,7 @@ public:
     [[nodiscard]] fv2Wait waitFor(int fd, short events, const Deadline& deadline) const;
 
 private:
+    mutable std::atomic<bool> m_raised = false;
     UniqueFd m_event;
 };
 

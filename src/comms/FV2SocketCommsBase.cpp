@@ -147,10 +147,10 @@ bool FV2SocketCommsBase::createBinding() {
     sock = makeStreamSocket();
     const bool bound =
         sock && ::bind(sock.get(), reinterpret_cast<const sockaddr*>(&sockAddrUn), sizeof sockAddrUn) >= 0;
-    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0) {
-        setBlocking(sock.get(), false);
+    // In a blocking accept, or without a signal to wake it, shutdown() would not end it.
+    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0 &&
+        setBlocking(sock.get(), false) && m_stop->descriptor() >= 0)
         return true;
-    }
     closeSocket();
     return false;
 }

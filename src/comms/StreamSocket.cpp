@@ -27,13 +27,14 @@ void limitReceiveTime(int descriptor) {
     ::setsockopt(descriptor, SOL_SOCKET, SO_RCVTIMEO, &kReceiveTimeout, sizeof kReceiveTimeout);
 }
 
-void setBlocking(int descriptor, bool blocking) {
+bool setBlocking(int descriptor, bool blocking) {
     const int flags = ::fcntl(descriptor, F_GETFL);
-    ::fcntl(descriptor, F_SETFL, blocking ? flags & ~O_NONBLOCK : flags | O_NONBLOCK);
+    return flags >= 0 && ::fcntl(descriptor, F_SETFL, blocking ? flags & ~O_NONBLOCK : flags | O_NONBLOCK) == 0;
 }
 
 bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline, const StopSignal& stop) {
-    setBlocking(descriptor, false);
+    if (!setBlocking(descriptor, false))
+        return false;
     for (;;) {
         const int result = ::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address);
         if (result == 0 || errno == EISCONN)

@@ -22,7 +22,8 @@ inline constexpr std::chrono::milliseconds kChunkTime{5000};
 //! Gives a socket the receive limit of 5 s; an accepted one does not have it from its listener.
 void limitReceiveTime(int descriptor);
 
-void setBlocking(int descriptor, bool blocking);
+//! False when it stays as it was.
+bool setBlocking(int descriptor, bool blocking);
 
 //! Connects within the deadline. A full backlog is tried again until then: a blocking connect would wait without end.
 [[nodiscard]] bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline,
