@@ -52,3 +52,12 @@ function(fv2_test folder)
     add_test(NAME ${folder} COMMAND test_${folder})
     set_tests_properties(${folder} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
 endfunction()
+
+# fv2_faults(<target>): gives a test program support/Faults.h, by which it lets system calls fail.
+function(fv2_faults target)
+    target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/Faults.cpp)
+    foreach(call accept4 bind chmod close connect eventfd fstat ftruncate getsockopt open poll recv send socket
+                 unlink write)
+        target_link_options(${target} PRIVATE LINKER:--wrap=${call})
+    endforeach()
+endfunction()

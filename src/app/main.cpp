@@ -11,12 +11,19 @@
 #include "shell/FV2DuplicateInstance.h"
 
 #include <algorithm>
+#include <malloc.h>
 #include <string_view>
 
 namespace {
 
 //! Passed by the desktop entry, and not by autostart.
 constexpr std::string_view kShowWindow = "--show-window";
+
+//! By itself the allocator raises this limit to the largest block that was ever freed and then keeps such memory: one
+//! peer that sends more than it should would cost some megabytes for good.
+void giveLargeBlocksBack() {
+    ::mallopt(M_MMAP_THRESHOLD, 128 * 1024);
+}
 
 //! A Wayland compositor lets the running copy's window come to the front only with the token that was given to us.
 void passOnActivationToken(int argc, char* argv[]) {
@@ -30,6 +37,7 @@ void passOnActivationToken(int argc, char* argv[]) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    giveLargeBlocksBack();
     fv2::fillStandardDescriptors();
     fv2::FV2UnixSignals signals;
     fv2::applyLogLevelSwitch();

@@ -10,13 +10,20 @@
 
 namespace fv2 {
 
+namespace {
+
+//! Without an event of its own, how often a wait looks whether it should end.
+constexpr std::chrono::milliseconds kLookAgain{50};
+
+} // namespace
+
 StopSignal::StopSignal()
     : m_event(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
 }
 
 void StopSignal::raise() const {
-    m_isRaised = true;
     const int saved = errno;
+    m_raised = true;
     const std::uint64_t one = 1;
     [[maybe_unused]] const ssize_t written = ::write(m_event.get(), &one, sizeof one);
     errno = saved;
@@ -25,10 +32,11 @@ void StopSignal::raise() const {
 fv2Wait StopSignal::waitFor(int fd, short events, const Deadline& deadline) const {
     for (;;) {
         std::array<pollfd, 2> set{{{m_event.get(), POLLIN, 0}, {fd, events, 0}}};
-        const int ready = ::poll(set.data(), set.size(), deadline.pollTimeout());
+        const Deadline turn = m_event ? deadline : Deadline::earlier(deadline, Deadline(kLookAgain));
+        const int ready = ::poll(set.data(), set.size(), turn.pollTimeout());
         if (ready < 0 && errno != EINTR)
             return fv2Wait::Failed;
-        if (ready > 0 && set[0].revents != 0)
+        if (isRaised())
             return fv2Wait::Stopped;
         if (ready > 0 && set[1].revents != 0)
             return fv2Wait::Ready;

@@ -18,9 +18,9 @@ public:
 
     //! Async-signal-safe.
     void raise() const;
-    [[nodiscard]] bool isRaised() const { return m_isRaised; }
+    [[nodiscard]] bool isRaised() const { return m_raised; }
 
-    //! Readable once raised; for a poll set of the caller's own.
+    //! Readable once raised; for a poll set of the caller's own. -1 when the system had none left.
     [[nodiscard]] int descriptor() const { return m_event.get(); }
 
     //! Waits until `fd` has one of `events` (POLLIN, POLLOUT; an error or hang-up counts as ready), the deadline passes
@@ -29,9 +29,9 @@ public:
     [[nodiscard]] fv2Wait waitFor(int fd, short events, const Deadline& deadline) const;
 
 private:
-    UniqueFd m_event;
-    mutable std::atomic<bool> m_isRaised = false;
+    mutable std::atomic<bool> m_raised = false;
     static_assert(std::atomic<bool>::is_always_lock_free, "raise() runs in signal handlers");
+    UniqueFd m_event;
 };
 
 } // namespace fv2

@@ -132,6 +132,7 @@ std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, con
 bool FV2SocketCommsBase::cleanup() {
     logTrace("FV2SocketCommsBase cleanup for " + m_description);
     closeSocket();
+    m_listening = -1;
     m_incoming.closeAll();
     return unlinkPath();
 }
@@ -147,7 +148,8 @@ bool FV2SocketCommsBase::createBinding() {
     sock = makeStreamSocket();
     const bool bound =
         sock && ::bind(sock.get(), reinterpret_cast<const sockaddr*>(&sockAddrUn), sizeof sockAddrUn) >= 0;
-    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0)
+    // Without an event to wake it, shutdown() would not end a waiting listener.
+    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0 && m_stop->descriptor() >= 0)
         return true;
     closeSocket();
     return false;
@@ -155,9 +157,9 @@ bool FV2SocketCommsBase::createBinding() {
 
 FV2SocketComms_ReceivedData FV2SocketCommsBase::listenAcceptAndReceiveData() {
     logTrace("listenAcceptAndReceiveData() - listening socket:" + std::to_string(sock.get()));
-    ::listen(sock.get(), kBacklog);
+    if (m_listening != sock.get() && ::listen(sock.get(), kBacklog) == 0)
+        m_listening = sock.get();
     logTrace("listenAcceptAndReceiveData() - calling accept");
-    m_listening = sock.get();
     acceptActive = true;
     std::optional<FV2SocketComms_ReceivedData> received = m_incoming.next(sock.get(), *m_stop);
     acceptActive = false;

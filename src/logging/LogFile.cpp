@@ -49,7 +49,7 @@ bool appendToLogFile(const std::string& path, std::string_view text) {
     const UniqueFd file(
         ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
     struct stat before {};
-    if (!file || ::fstat(file.get(), &before) != 0 || !S_ISREG(before.st_mode))
+    if (!file || ::fstat(file.get(), &before) != 0 || !S_ISREG(before.st_mode) || before.st_uid != ::getuid())
         return false;
     const std::size_t written = writeAll(file.get(), text);
     if (written == text.size())

@@ -5,6 +5,8 @@
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
 
+#include <pthread.h>
+
 namespace fv2 {
 
 void FV2NotificationListener::start() {
@@ -13,6 +15,7 @@ void FV2NotificationListener::start() {
 }
 
 void FV2NotificationListener::run() {
+    ::pthread_setname_np(::pthread_self(), "fv2-listener");
     logRelease("runBackgroundThread -> async -> grabbing ");
     const SemaphoreHold hold(m_life);
     const StopSignal& stop = backgroundAppSocketComms->stopSignal();

@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ctime>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <tuple>
 #include <vector>
@@ -179,41 +177,6 @@ TEST_F(Listener, AnswersAtOnceBesideManyPeersThatSayNothing) {
     EXPECT_LT(Clock::now() - begin, 100ms);
     EXPECT_EQ(receiveAll(silent.front()), "") << "the oldest one made room";
     EXPECT_FALSE(isReadable(silent.back())) << "the youngest one is still welcome";
-}
-
-TEST_F(Listener, AndItsInterruptedClientsKeepNoDescriptorAndPassNoneOn) {
-    const auto inherited = openDescriptors(true);
-    const auto before = openDescriptors();
-    {
-        const SignalStorm storm;
-        const Serving serving(path);
-        const UniqueFd idle = connectTo(path);
-        for (std::size_t round = 0; round < 20; ++round) {
-            sendAll(connectTo(path), std::string(round % 3 * 4095, 'x')); // leaves before its answer
-            EXPECT_EQ(TestEndpoint(path).sendAndReceive("{}"), "2:{}");
-            EXPECT_EQ(TestEndpoint(path, {1, 300ms}, nobodyHere()).sendAndReceive("{}"), "");
-            EXPECT_EQ(TestEndpoint(folder / "nobody").sendAndReceive("{}"), "");
-        }
-        EXPECT_EQ(openDescriptors(true), inherited);
-    }
-    EXPECT_EQ(openDescriptors(), before);
-}
-
-TEST_F(Listener, LivesThroughAFullDescriptorTable) {
-    const Serving serving(path);
-    UniqueFd peer = newSocket();
-    rlimit usual{};
-    ::getrlimit(RLIMIT_NOFILE, &usual);
-    const rlimit full{3, usual.rlim_max};
-    ::setrlimit(RLIMIT_NOFILE, &full);
-    peer = connectTo(path, std::move(peer));
-    sendAll(peer, "{}");
-    const std::clock_t begin = std::clock();
-    std::this_thread::sleep_for(400ms);
-    EXPECT_LT(std::clock() - begin, CLOCKS_PER_SEC / 10) << "waits without turning";
-    EXPECT_FALSE(isReadable(peer));
-    ::setrlimit(RLIMIT_NOFILE, &usual);
-    EXPECT_EQ(receiveAll(peer), "2:{}") << "as soon as there is room";
 }
 
 } // namespace

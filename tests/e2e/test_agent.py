@@ -2,18 +2,24 @@
 # SPDX-License-Identifier: Apache-2.0
 """The agent as its user meets it: icon, tooltip, one copy a user, a clean end."""
 
+import contextlib
+import fcntl
 import os
+import random
 import signal
 import stat
 import subprocess
 import threading
 import time
 import unittest
+from pathlib import Path
 
 from agent import (AGENT_SOCKET, BUILD, STATE_COLOURS, UNDERSTOOD, end, listens, notify, start_agent, start_service)
 from desktop import Desktop
 from tray import ITEM, WATCHER, tray_items
 from waiting import wait_until
+
+FIRST_PAINT = "FV2Window first paint"
 
 
 class TrayTest(unittest.TestCase):
@@ -149,13 +155,51 @@ class OneCopyTest(unittest.TestCase):
             starter.join()
         return copies
 
-    def test_a_killed_copy_leaves_nothing_that_stops_the_next(self):
+
+class CrashTest(unittest.TestCase):
+    def test_whenever_the_agent_is_killed_the_next_one_works_and_nothing_gathers(self):
+        seed = int(os.environ.get("FV2_SEED", random.randrange(1 << 32)))
+        print("FV2_SEED:", seed)
+        chance = random.Random(seed)
         with Desktop(panel=None) as desktop:
-            for _ in range(5):
-                agent = start_agent(desktop)
-                agent.signal(signal.SIGKILL)
+            start_service(desktop)
+            lock = desktop.folder / "run/fv2-agent.lock"
+            log = desktop.home / "logs/mac-fv2-ui.log"
+            left, shown = [], 0
+            started, agent = time.monotonic(), self.start(desktop)
+            wait_until(lambda: log.exists() and FIRST_PAINT in log.read_text(), "the window")
+            span = (time.monotonic() - started) * 1.4
+            agent.kill()
+            agent.wait()
+            for number in range(200):
+                agent = self.start(desktop)
+                deadline = time.monotonic() + chance.uniform(0, span)
+                while (rest := deadline - time.monotonic()) > 0:
+                    if listens():
+                        with contextlib.suppress(OSError):
+                            notify(chance.choice((b"{}", b'{ "command": "show_ui" }')))
+                    time.sleep(min(rest, 0.01))
+                agent.kill()
                 agent.wait()
-                self.assertTrue(os.path.exists(AGENT_SOCKET))
+                text = log.read_text() if log.exists() else ""
+                shown += FIRST_PAINT in text
+                self.assertRegex(text, r"\A(\d+\) \d\d:\d\d:\d\d\.\d{3} \[\w+\] .*\n)*\Z", number)
+                agent = self.start(desktop)
+                wait_until(lambda: agent.poll() is not None or listens(), f"the next one, round {number}")
+                self.assertEqual(notify(b"{}"), UNDERSTOOD)
+                with lock.open() as file, self.assertRaises(BlockingIOError):
+                    fcntl.flock(file, fcntl.LOCK_EX | fcntl.LOCK_NB)
+                left.append(sorted(path for path in (*desktop.folder.rglob("*"), *Path("/tmp").glob("*fv2*"))))
+                agent.terminate()
+                self.assertEqual(agent.wait(5), 0)
+            print(f"killed 200 times within {span * 1000:.0f} ms, {shown} times with the window shown")
+            self.assertGreater(min(shown, 200 - shown), 20, "not at every stage")
+            self.assertEqual(left[-1], left[10])
+
+    @staticmethod
+    def start(desktop):
+        return subprocess.Popen([BUILD / "fv2-agent", "--show-window"], env={**desktop.env, "FV2_LOG_LEVELS": "all"},
+                                stdout=subprocess.DEVNULL)
 
 
 class EndTest(unittest.TestCase):

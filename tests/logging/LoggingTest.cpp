@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "logging/LogEscape.h"
+#include "support/Faults.h"
 #include "support/LogScope.h"
 #include "support/Process.h"
 
@@ -9,8 +10,8 @@
 #include <array>
 #include <cstdarg>
 #include <limits>
+#include <optional>
 #include <regex>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <syslog.h>
 #include <tuple>
@@ -133,20 +134,56 @@ TEST(EscapedForLog, ShowsWhatCouldBreakALineOrSteerATerminal) {
         EXPECT_EQ(escapedForLog(text), escaped);
 }
 
-TEST(LogFile, IsItsOwnersAloneInTheHomeDirectoryAndTakesBackTheHalfLineOfAFullDisk) {
+TEST(FV2Logging, DropsWhatTheSystemRefusesToTakeAndNothingElse) {
+    // What fails, then whether the line under it reaches standard output and the file; the next one reaches both.
+    const std::vector<std::tuple<std::vector<Fault>, std::string, std::string>> table{
+        {{{"poll", ENOMEM}}, "", "b"},
+        {{{"write", EINTR, 1, 50}}, "b", "b"},
+        {{{"write", Fault::kShort, 1, 3}}, "b", "b"},
+        {{{"write", EPIPE}}, "", "b"},
+        {{{"write", EINTR, 2, 50}}, "b", "b"},
+        {{{"write", Fault::kShort, 2, 3}}, "b", "b"},
+        {{{"write", ENOSPC, 2}}, "b", ""},
+        {{{"write", Fault::kShort, 2}, {"write", ENOSPC, 3}}, "b", ""}, // takes half a line back
+        {{{"write", Fault::kShort, 2}, {"write", EIO, 3}, {"ftruncate", EIO}}, "b", "half"},
+        {{{"write", Fault::kShort, 2}, {"write", EIO, 3}, {"fstat", EIO, 2}}, "b", "half"},
+        {{{"open", EMFILE}}, "b", ""},
+        {{{"open", EINTR}}, "b", ""},
+        {{{"fstat", EIO}}, "b", ""},
+        {{{"close", EIO}}, "b", "b"},
+        {{{"unlink", EROFS}}, "b", "b"}};
+    const auto before = openDescriptors();
+    for (const auto& [plan, console, file] : table) {
+        const LogScope home;
+        FV2Logging logger(Level::release);
+        const auto lineOf = [](const std::string& letter) { return "1) now [release] " + letter + " \n"; };
+        std::optional<Faults> faults;
+        testing::internal::CaptureStdout();
+        faults.emplace(plan);
+        logger.log(Level::release, {"b"}, " ", "\n");
+        if (plan.front().call == "unlink")
+            FV2Logging::deleteLogFile();
+        const bool happened = faults->happened();
+        faults.reset();
+        EXPECT_EQ(withoutTime(testing::internal::GetCapturedStdout()), console.empty() ? "" : lineOf("b"))
+            << plan.back();
+        EXPECT_TRUE(happened) << plan.back();
+        EXPECT_EQ(consoleOf(logger, Level::release, {"c"}), lineOf("c")) << plan.back();
+        const std::string kept = file.empty() ? "" : file == "half" ? "1)" : lineOf("b");
+        EXPECT_EQ(withoutTime(home.text()), kept + lineOf("c")) << plan.back();
+        FV2Logging::deleteLogFile();
+        EXPECT_EQ(home.text(), "") << "deleted the next time";
+    }
+    EXPECT_EQ(openDescriptors(), before);
+}
+
+TEST(LogFile, IsItsOwnersAloneInTheHomeDirectory) {
     const LogScope home;
-    const auto inAFileOf100Bytes = [] {
+    const auto withoutMask = [] {
         ::umask(0);
-        ::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{100, 100};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        const bool good = appendToLogFile(logFilePath(), std::string(90, 'a')) &&
-                          !appendToLogFile(logFilePath(), std::string(50, 'b')) &&
-                          appendToLogFile(logFilePath(), std::string(10, 'c'));
-        return good ? 0 : 1;
+        return appendToLogFile(logFilePath(), "text") ? 0 : 1;
     };
-    EXPECT_EQ(inChild(inAFileOf100Bytes), 0);
-    EXPECT_EQ(home.text(), std::string(90, 'a') + std::string(10, 'c'));
+    EXPECT_EQ(inChild(withoutMask), 0);
     struct stat status {};
     EXPECT_EQ(::stat(logFilePath().c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0600U);

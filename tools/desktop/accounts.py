@@ -39,7 +39,7 @@ class Account:
 
 
 @contextlib.contextmanager
-def real_account(password=None):
+def real_account(password=None, rules=""):
     """A new user of this computer, who is gone after the block, or when this process has ended somehow. Needs root."""
     name = "fv2-" + secrets.token_hex(6)
     password = password or secrets.token_urlsafe(12)
@@ -51,7 +51,7 @@ def real_account(password=None):
                         name], check=True, timeout=30)
         subprocess.run(["chpasswd"], input=f"{name}:{password}\n".encode(), check=True, timeout=30)
         entry = pwd.getpwnam(name)
-        yield Account(name, password, entry.pw_uid, entry.pw_gid)
+        yield Account(name, password, entry.pw_uid, entry.pw_gid, rules)
     finally:
         said, _ = remover.communicate(timeout=30)
         if remover.returncode != 0:

@@ -116,7 +116,8 @@ class Desktop:
         self._logs_folder = logs_folder
         self._extra = dict(env or {})
         self._closing = contextlib.ExitStack()
-        self.folder = self.home = self.env = self.screen = self.bus = self.system_bus = self.panel = None
+        self.folder = self.home = self.env = self.server = self.screen = None
+        self.bus = self.system_bus = self.panel = None
 
     def __enter__(self):
         try:
@@ -145,10 +146,10 @@ class Desktop:
         """Has something called before everything that was started by now is stopped."""
         self._closing.callback(callback)
 
-    def start(self, command, env=None, name=None, as_us=False):
+    def start(self, command, env=None, name=None, as_us=False, account=None):
         """Starts a program in this desktop; it is stopped with the desktop at the latest. as_us: as who runs this, even
-        if the desktop is somebody else's."""
-        program = Program(command, {**self.env, **(env or {})}, name, None if as_us else self.account)
+        if the desktop is somebody else's. account: as its user."""
+        program = Program(command, {**self.env, **(env or {})}, name, None if as_us else account or self.account)
         self._closing.callback(program.stop)
         return program
 
@@ -213,14 +214,14 @@ class Desktop:
             "GSETTINGS_BACKEND": "memory",
             "NO_AT_BRIDGE": "1",
             "FV2_DESKTOP": str(self.folder),
-            **{name: os.environ[name] for name in ("ASAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS")
+            **{name: os.environ[name] for name in ("ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS")
                if name in os.environ},
         }
 
     def _start_screen(self):
         size = "{}x{}x24".format(*self.SIZE)
-        screen = self.start(["Xvfb", "-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp", "-noreset"])
-        self.env["DISPLAY"] = ":" + screen.expect(r"^(\d+)$", 30).group(1)
+        self.server = self.start(["Xvfb", "-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp", "-noreset"])
+        self.env["DISPLAY"] = ":" + self.server.expect(r"^(\d+)$", 30).group(1)
         self.screen = Screen(self.env)
         self.at_end(self.screen.close)
         self.env.update(self._extra)

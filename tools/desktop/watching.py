@@ -3,7 +3,9 @@
 """What can be learnt of a running program from outside without its help: what lies in its memory, how long its main
 thread keeps others waiting."""
 
+import array
 import contextlib
+import os
 import re
 import threading
 import time
@@ -35,19 +37,37 @@ print("met:", *answers, sep=",")
 
 #: Read at once; a text that lies across two pieces is found as well.
 PIECE = 1 << 22
+PAGE = os.sysconf("SC_PAGE_SIZE")
+DBUS = "org.freedesktop.DBus"
 BEAT_SECONDS = 0.02
 
 
 def memory_of(pid):
     """The writable memory of a process, in pieces. As root, or of a child of ours while it lets itself be read."""
-    with open(f"/proc/{pid}/maps", encoding="utf-8") as maps, open(f"/proc/{pid}/mem", "rb", buffering=0) as memory:
+    with open(f"/proc/{pid}/maps", encoding="utf-8") as maps, open(f"/proc/{pid}/mem", "rb", buffering=0) as memory, \
+            open(f"/proc/{pid}/pagemap", "rb", buffering=0) as pagemap:
         for line in maps:
             start, end = (int(number, 16) for number in line.split(maxsplit=1)[0].split("-"))
             if line.split()[1].startswith("rw"):
-                for place in range(start, end, PIECE):
-                    with contextlib.suppress(OSError):  # pages that are there for a device, or have just gone
-                        memory.seek(place)
-                        yield memory.read(min(PIECE + 1024, end - place))
+                for first, last in used_spans(pagemap, start, end):
+                    for place in range(first, last, PIECE):
+                        with contextlib.suppress(OSError):  # pages that are there for a device, or have just gone
+                            memory.seek(place)
+                            yield memory.read(min(PIECE + 1024, last - place))
+
+
+def used_spans(pagemap, start, end):
+    """The parts of an area of memory that were ever written to, in memory or in swap."""
+    pagemap.seek(start // PAGE * 8)
+    spans = []
+    for number, entry in enumerate(array.array("Q", pagemap.read((end - start) // PAGE * 8))):
+        if entry >> 62:
+            place = start + number * PAGE
+            if spans and spans[-1][1] == place:
+                spans[-1][1] = place + PAGE
+            else:
+                spans.append([place, place + PAGE])
+    return spans
 
 
 def copies_in_memory(pid, *texts):
@@ -80,19 +100,38 @@ def seconds_of(ask, *arguments):
     return time.monotonic() - started
 
 
-def starved_seconds(pid):
-    """How long the main thread of a process has been ready to run without a processor to run on, so far."""
-    return int(Path(f"/proc/{pid}/task/{pid}/schedstat").read_text(encoding="utf-8").split()[1]) / 1e9
+def resident_mib(program):
+    """How much memory a program has in use."""
+    pages = int(Path(f"/proc/{program.pid}/statm").read_text(encoding="utf-8").split()[1])
+    return pages * PAGE / (1 << 20)
+
+
+def thread_of(pid, name=None):
+    """A process's thread of that name, or its main thread; for busy_seconds_of."""
+    threads = Path(f"/proc/{pid}/task").iterdir()
+    return next(thread for thread in threads
+                if (thread.name == str(pid) if name is None else (thread / "comm").read_text() == name + "\n"))
+
+
+def busy_seconds_of(threads, ask, *arguments):
+    """The same without the time for which one of the threads was ready to run and had no processor to run on."""
+    def starved():
+        return sum(int((thread / "schedstat").read_text().split()[1]) for thread in threads) / 1e9
+
+    before = starved()
+    return seconds_of(ask, *arguments) - (starved() - before)
 
 
 class Heartbeat:
     """Asks a tray item for its title, over and over, in a `with` block: Qt answers that on the program's main thread.
-    `longest` is the longest time that an answer took, in seconds, without what a busy machine made the thread wait;
-    `longest_of_bus` is the same of the bus itself."""
+    `longest` is the longest time that an answer took, in seconds, without what a busy machine made us, the bus, the X
+    server and that thread wait; `when` is the time of day after it. `longest_of_bus` is the same of the bus itself,
+    waits and all."""
 
     def __init__(self, desktop, item, program):
-        self.longest, self.longest_of_bus, self.beats = 0.0, 0.0, 0
-        self._address, self._item, self._pid = desktop.env["DBUS_SESSION_BUS_ADDRESS"], item, program.pid
+        self.longest, self.when, self.longest_of_bus, self.beats = 0.0, None, 0.0, 0
+        self._address, self._item = desktop.env["DBUS_SESSION_BUS_ADDRESS"], item
+        self._threads = [thread_of(program.pid), thread_of(desktop.server.pid)]
         self._done = threading.Event()
         self._thread = threading.Thread(target=self._beat, name="heartbeat", daemon=True)
         self._failure = None
@@ -110,12 +149,15 @@ class Heartbeat:
     def _beat(self):
         bus = dbus.bus.BusConnection(self._address)
         item = TrayItem(bus, self._item.address)
+        daemon = bus.get_object(DBUS, "/org/freedesktop/DBus", introspect=False)
+        self._threads += [thread_of(daemon.GetConnectionUnixProcessID(DBUS, dbus_interface=DBUS)),
+                          Path(f"/proc/self/task/{threading.get_native_id()}")]
         try:
             while not self._done.wait(BEAT_SECONDS):
-                self.longest_of_bus = max(self.longest_of_bus, seconds_of(bus.get_name_owner, "org.freedesktop.DBus"))
-                starved = starved_seconds(self._pid)
-                took = seconds_of(item.title)
-                self.longest = max(self.longest, took - (starved_seconds(self._pid) - starved))
+                self.longest_of_bus = max(self.longest_of_bus, seconds_of(bus.get_name_owner, DBUS))
+                took, now = busy_seconds_of(self._threads, item.title), time.strftime("%H:%M:%S")
+                if took > self.longest:
+                    self.longest, self.when = took, now
                 self.beats += 1
         except (dbus.DBusException, OSError) as failure:
             self._failure = failure

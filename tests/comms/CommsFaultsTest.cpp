@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "TestEndpoint.h"
+#include "support/Faults.h"
+#include "support/RawSocket.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+
+using namespace std::chrono_literals;
+
+namespace fv2::test {
+namespace {
+
+struct Row {
+    std::string call;
+    std::vector<int> errors; //!< each for itself
+    std::string outcome;
+    int nth = 1;
+    int times = 1;
+    std::chrono::milliseconds least{0};
+};
+
+//! Every system call of the room, failing in each way that the system knows. Whatever becomes of the first exchange, it
+//! takes little time, keeps no descriptor and passes none on, and the next one works.
+struct CommsFaults : testing::Test {
+    //! Compares what `run` tells of each row, and then without a fault.
+    void check(const std::vector<Row>& table, const std::string& usual,
+               const std::function<std::string(TestEndpoint&, const Fault*)>& run) const {
+        const auto before = openDescriptors();
+        for (const Row& row : table)
+            for (const int error : row.errors) {
+                const Fault fault{row.call, error, row.nth, row.times};
+                const auto begin = Deadline::Clock::now();
+                {
+                    TestEndpoint endpoint(path, {1, 300ms});
+                    EXPECT_EQ(run(endpoint, &fault), row.outcome) << fault;
+                    EXPECT_EQ(run(endpoint, nullptr), usual) << "behind " << fault;
+                }
+                EXPECT_GE(Deadline::Clock::now() - begin, row.least) << fault;
+                EXPECT_LT(Deadline::Clock::now() - begin, 4s) << fault;
+                for (const Deadline late(2s); openDescriptors() != before && !late.passed();)
+                    std::this_thread::yield(); // a peer of ours may still be closing its end
+                EXPECT_EQ(openDescriptors(), before) << fault;
+            }
+    }
+
+    //! To a program that would be started in the middle of an exchange.
+    void passesNothingOn() const { EXPECT_EQ(openDescriptors(true), inherited); }
+
+    const std::set<int> inherited = openDescriptors(true);
+    const TemporaryFolder folder;
+    const std::string path = folder / "test.sock";
+};
+
+//! `job` under the fault, which must happen.
+template <class Job>
+auto under(const Fault* fault, const Job& job) {
+    const Faults faults(fault == nullptr ? std::vector<Fault>() : std::vector{*fault});
+    auto result = job();
+    EXPECT_TRUE(faults.happened()) << *fault;
+    return result;
+}
+
+TEST_F(CommsFaults, EndAnExchangeEmptyOrNotAtAll) {
+    const std::vector<Row> table{
+        {"socket", {EMFILE, ENOMEM}, ""},
+        {"connect", {EINTR}, "the reply", 1, 50},
+        {"connect", {EAGAIN}, "the reply", 1, 3, 30ms},
+        {"connect", {EAGAIN}, "", 1, 5000, 300ms},
+        {"connect", {ECONNREFUSED, EACCES}, ""},
+        {"getsockopt", {ENOPROTOOPT}, ""},
+        {"send", {EINTR}, "the reply", 1, 50},
+        {"send", {EAGAIN, EPIPE, ECONNRESET, ENOBUFS, Fault::kShort}, ""},
+        {"poll", {EINTR}, "the reply", 1, 50},
+        {"poll", {ENOMEM}, ""},
+        {"recv", {EINTR}, "the reply", 1, 50},
+        {"recv", {EAGAIN, ECONNRESET}, ""},
+        {"recv", {Fault::kShort}, "th"}, // a short chunk is the last one
+        {"close", {EINTR, EIO}, "the reply"},
+    };
+    const ScriptedPeer peer(path, [this](const UniqueFd& connection) {
+        passesNothingOn();
+        if (receiveAll(connection, 9) == "a request")
+            sendAll(connection, "the reply");
+    });
+    check(table, "the reply", [](TestEndpoint& endpoint, const Fault* fault) {
+        return under(fault, [&] { return endpoint.sendAndReceive("a request"); });
+    });
+}
+
+TEST_F(CommsFaults, LetABindingFailThatCouldNotServe) {
+    const std::vector<Row> table{
+        {"unlink", {EACCES}, "bound"},
+        {"socket", {EMFILE}, ""},
+        {"bind", {EADDRINUSE, EACCES, ENOSPC}, ""},
+        {"chmod", {EPERM, EROFS}, ""},
+    };
+    check(table, "bound", [this](TestEndpoint& endpoint, const Fault* fault) {
+        return under(fault, [&] { return std::string(endpoint.createBinding() ? "bound" : ""); });
+    });
+}
+
+TEST_F(CommsFaults, NeverKeepAListenerOrAWaitFromEnding) {
+    std::optional<Faults> faults(std::vector<Fault>{{"eventfd", EMFILE}});
+    TestEndpoint endpoint(path);
+    EXPECT_TRUE(faults->happened());
+    faults.reset();
+    EXPECT_FALSE(endpoint.createBinding()) << "nothing could wake it";
+    const std::jthread raiser([&endpoint] { endpoint.shutdown(); });
+    EXPECT_EQ(endpoint.stopSignal().waitFor(-1, 0, Deadline(4s)), fv2Wait::Stopped);
+}
+
+//! What two peers that have sent their messages get under the fault.
+TEST_F(CommsFaults, CostTheListenerAMessageAtMost) {
+    const std::vector<Row> table{
+        {"poll", {EINTR}, "one two", 1, 50},
+        {"poll", {ENOMEM}, "failed ", 2},
+        {"accept4", {EINTR, EAGAIN, ECONNABORTED}, "one two"},
+        {"accept4", {EMFILE}, "one two", 1, 3, 300ms}, // waits without turning
+        {"accept4", {EMFILE}, "one two", 2},
+        {"accept4", {ENFILE, ENOBUFS, ENOMEM}, "one two", 1, 1, 100ms},
+        {"accept4", {EINVAL}, "failed "},
+        {"getsockopt", {ENOPROTOOPT}, " two"},
+        {"recv", {EINTR}, "one two", 1, 50},
+        {"recv", {EAGAIN}, "one two"},
+        {"recv", {ECONNRESET}, " two"},
+        {"recv", {Fault::kShort}, "on two"}, // a short chunk is the last one
+        {"send", {EINTR}, "one two", 1, 50},
+        {"send", {EAGAIN, EPIPE, ECONNRESET}, " two"},
+        {"send", {Fault::kShort}, "on two"},
+        {"close", {EINTR, EIO}, "one two"},
+    };
+    check(table, "one two", [this](TestEndpoint& endpoint, const Fault* fault) {
+        const auto answerNext = [this, &endpoint] {
+            FV2SocketComms_ReceivedData in = endpoint.listenAcceptAndReceiveData();
+            passesNothingOn();
+            const bool listens = in.socket.isOpen();
+            if (in.byteCount > 0)
+                endpoint.send(in.socket.get(), in.data);
+            endpoint.closeAfterAnswer(std::move(in));
+            return listens;
+        };
+        // From the first exchange on it listens.
+        EXPECT_TRUE(endpoint.createBinding());
+        const std::jthread first([this] {
+            const UniqueFd peer = connectTo(path);
+            sendAll(peer, "zero");
+            EXPECT_EQ(receiveAll(peer), "zero");
+        });
+        EXPECT_TRUE(answerNext());
+        const std::array peers{connectTo(path), connectTo(path)};
+        sendAll(peers[0], "one");
+        sendAll(peers[1], "two");
+        const bool listens = under(fault, [&] {
+            bool still = true;
+            while (still && !(isReadable(peers[0]) && isReadable(peers[1])))
+                still = answerNext();
+            return still;
+        });
+        if (!listens)
+            endpoint.cleanup();
+        return (listens ? receiveAll(peers[0]) : "failed" + receiveAll(peers[0])) + " " + receiveAll(peers[1]);
+    });
+}
+
+} // namespace
+} // namespace fv2::test
