@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <string_view>
 
 namespace fv2 {
@@ -16,7 +17,17 @@ namespace fv2 {
 
 //! How many characters begin in the text.
 [[nodiscard]] inline std::size_t charactersIn(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(text, beginsCharacter));
+    // A counter as small as what it counts lets the processor look at many bytes at once.
+    constexpr std::size_t kPiece = 128;
+    static_assert(kPiece <= std::numeric_limits<std::uint8_t>::max());
+    std::size_t all = 0;
+    for (std::size_t begin = 0; begin < text.size(); begin += kPiece) {
+        std::uint8_t some = 0;
+        for (const char byte : text.substr(begin, kPiece))
+            some = static_cast<std::uint8_t>(some + (beginsCharacter(byte) ? 1 : 0));
+        all += some;
+    }
+    return all;
 }
 
 } // namespace fv2

@@ -42,18 +42,18 @@ const Entity* entityAtBeginningOf(std::string_view text) {
 
 //! An "&" that begins no entity writes nothing: at its place stays the byte that the segment had there, which is
 //! another one once an entity has made the text before it shorter.
-void decodeEntities(std::string_view segment, std::string& decoded) {
-    decoded.clear();
+void appendDecoded(std::string_view segment, std::string& text) {
+    const std::size_t before = text.size();
     for (std::size_t read = 0; read < segment.size();) {
         if (segment[read] != '&') {
             const std::size_t mark = std::min(segment.find('&', read), segment.size());
-            decoded.append(segment, read, mark - read);
+            text.append(segment, read, mark - read);
             read = mark;
         } else if (const Entity* const entity = entityAtBeginningOf(segment.substr(read))) {
-            decoded += entity->character;
+            text += entity->character;
             read += entity->name.size();
         } else {
-            decoded += segment[decoded.size()];
+            text += segment[text.size() - before];
             ++read;
         }
     }
@@ -70,7 +70,9 @@ class Scan {
 public:
     Scan(std::string_view markup, std::size_t capacity)
         : m_rest(markup)
-        , m_capacity(capacity) {}
+        , m_capacity(capacity) {
+        m_text.reserve(std::min(markup.size(), capacity));
+    }
 
     FV2ScannedText run() {
         const bool complete = readAll() && putUnclosedBack();
@@ -109,11 +111,13 @@ private:
     bool append(std::string_view segment) {
         if (segment.size() >= kSegmentLimit)
             return false;
-        decodeEntities(segment, m_decoded);
-        if (m_text.size() + m_decoded.size() + 1 > m_capacity)
+        const std::size_t before = m_text.size();
+        appendDecoded(segment, m_text);
+        if (m_text.size() + 1 > m_capacity) {
+            m_text.resize(before);
             return false;
-        m_text += m_decoded;
-        m_characters += charactersIn(m_decoded);
+        }
+        m_characters += charactersIn(std::string_view(m_text).substr(before));
         return true;
     }
 
@@ -127,9 +131,11 @@ private:
             }
         if (m_tags.size() <= kLooksBeforeTree)
             return;
+        if (!m_tree)
+            m_tree.emplace();
         for (; m_tagsInTree < m_tags.size(); ++m_tagsInTree)
-            m_tree.add(m_tags[m_tagsInTree].text.substr(1));
-        if (const auto found = m_tree.find(name))
+            m_tree->add(m_tags[m_tagsInTree].text.substr(1));
+        if (const auto found = m_tree->find(name))
             m_tags[*found].end = m_characters;
     }
 
@@ -175,6 +181,7 @@ private:
     //! it, nor its end.
     [[nodiscard]] std::vector<FV2Tag> closedTags() const {
         std::vector<FV2Tag> closed;
+        closed.reserve(m_tags.size());
         std::size_t before = 0; // characters of unclosed tags that began before `place`
         std::size_t atPlace = 0;
         std::size_t place = 0;
@@ -196,10 +203,9 @@ private:
     std::string_view m_rest;
     std::size_t m_capacity;
     std::string m_text;
-    std::string m_decoded;
     std::size_t m_characters = 0;
     std::vector<OpenedTag> m_tags; //!< oldest first
-    NewestByBeginning m_tree;
+    std::optional<NewestByBeginning> m_tree;
     std::size_t m_tagsInTree = 0;
 };
 

@@ -23,51 +23,50 @@ QTextCharFormat formatOf(const NxAttributedString::Attributes& attributes) {
     return format;
 }
 
+//! In runs from right to left: the one that holds the place.
+auto runAt(auto& runs, int index) {
+    return std::partition_point(runs.begin(), runs.end(), [index](const auto& run) { return run.start > index; });
+}
+
 } // namespace
 
 NxAttributedString::NxAttributedString(QString text)
     : m_text(std::move(text)) {
     if (!m_text.isEmpty())
-        m_runs.try_emplace(0);
+        m_runs.push_back({0, QSharedDataPointer(new Shared)});
 }
 
 const NxAttributedString::Attributes& NxAttributedString::attributesAt(int index) const {
-    return std::prev(m_runs.upper_bound(index))->second;
+    return runAt(m_runs, index)->attributes();
 }
 
 void NxAttributedString::split(int at) {
-    if (at < length())
-        m_runs.try_emplace(at, attributesAt(at));
+    if (const auto run = runAt(m_runs, at); run->start != at)
+        m_runs.insert(run, {at, run->shared});
 }
 
-void NxAttributedString::change(int start, int end, const std::function<void(Attributes&)>& change) {
+std::span<NxAttributedString::Run> NxAttributedString::runsWithin(int start, int end) {
     const int from = std::max(start, 0);
     const int to = std::min(end, length());
     if (from >= to)
-        return;
+        return {};
+    if (to < length())
+        split(to);
     split(from);
-    split(to);
-    for (auto run = m_runs.find(from); run != m_runs.end() && run->first < to; ++run)
-        change(run->second);
-}
-
-void NxAttributedString::changeLinks(const std::function<void(Attributes&)>& change) {
-    for (auto& [start, attributes] : m_runs)
-        if (attributes.link)
-            change(attributes);
+    return {runAt(m_runs, to - 1), std::next(runAt(m_runs, from))};
 }
 
 std::vector<NxAttributedString::LinkRange> NxAttributedString::links() const {
     std::vector<LinkRange> all;
     const std::optional<Link>* before = nullptr;
-    for (auto run = m_runs.begin(); run != m_runs.end(); ++run) {
+    for (auto run = m_runs.rbegin(); run != m_runs.rend(); ++run) {
         const auto next = std::next(run);
-        const int end = next == m_runs.end() ? length() : next->first;
-        const std::optional<Link>& link = run->second.link;
+        const int end = next == m_runs.rend() ? length() : next->start;
+        const std::optional<Link>& link = run->attributes().link;
         if (link && before != nullptr && *before == link)
             all.back().end = end;
         else if (link)
-            all.push_back({run->first, end, link->value});
+            all.push_back({run->start, end, link->value});
         before = &link;
     }
     return all;
@@ -75,10 +74,10 @@ std::vector<NxAttributedString::LinkRange> NxAttributedString::links() const {
 
 QList<QTextLayout::FormatRange> NxAttributedString::formats() const {
     QList<QTextLayout::FormatRange> all;
-    for (auto run = m_runs.begin(); run != m_runs.end(); ++run) {
+    for (auto run = m_runs.rbegin(); run != m_runs.rend(); ++run) {
         const auto next = std::next(run);
-        const int end = next == m_runs.end() ? length() : next->first;
-        all.push_back({run->first, end - run->first, formatOf(run->second)});
+        const int end = next == m_runs.rend() ? length() : next->start;
+        all.push_back({run->start, end - run->start, formatOf(run->attributes())});
     }
     return all;
 }

@@ -4,12 +4,12 @@
 
 #include <QColor>
 #include <QFont>
+#include <QSharedData>
 #include <QString>
 #include <QTextLayout>
 
-#include <functional>
-#include <map>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace fv2 {
@@ -51,10 +51,22 @@ public:
     //! Of a place in the text.
     [[nodiscard]] const Attributes& attributesAt(int index) const;
     //! From `start` up to but without `end`; what lies outside of the text is left out.
-    void change(int start, int end, const std::function<void(Attributes&)>& change);
-    void change(const std::function<void(Attributes&)>& each) { change(0, length(), each); }
+    template <class Change>
+    void change(int start, int end, Change change) {
+        for (Run& each : runsWithin(start, end))
+            change(each.shared->attributes);
+    }
+    template <class Change>
+    void change(Change each) {
+        change(0, length(), each);
+    }
     //! The same for the ranges that have a link.
-    void changeLinks(const std::function<void(Attributes&)>& change);
+    template <class Change>
+    void changeLinks(Change change) {
+        for (Run& each : m_runs)
+            if (each.attributes().link)
+                change(each.shared->attributes);
+    }
 
     //! From left to right.
     [[nodiscard]] std::vector<LinkRange> links() const;
@@ -64,10 +76,27 @@ public:
     friend bool operator==(const NxAttributedString&, const NxAttributedString&) = default;
 
 private:
+    struct Shared : QSharedData {
+        Attributes attributes;
+    };
+    //! Goes on up to the next one to its right. Shares its attributes with others until they are changed.
+    struct Run {
+        int start = 0;
+        QSharedDataPointer<Shared> shared;
+
+        [[nodiscard]] const Attributes& attributes() const { return shared.constData()->attributes; }
+        friend bool operator==(const Run& left, const Run& right) {
+            return left.start == right.start && left.attributes() == right.attributes();
+        }
+    };
+
+    //! The ones that are made of the range, cut off from their neighbours.
+    [[nodiscard]] std::span<Run> runsWithin(int start, int end);
     void split(int at);
 
     QString m_text;
-    std::map<int, Attributes> m_runs; //!< by first place; each goes on up to the next one
+    //! From right to left, as tags come: what they cut then has but few behind it that must move.
+    std::vector<Run> m_runs;
 };
 
 } // namespace fv2

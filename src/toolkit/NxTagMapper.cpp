@@ -6,18 +6,26 @@
 
 #include <QStringDecoder>
 
+#include <string_view>
+
 namespace fv2 {
 
 namespace {
 
+//! A byte order mark at the beginning is a character like any other: the scanner has counted it.
+QString decoded(QByteArrayView utf8) {
+    return QStringDecoder(QStringDecoder::Utf8,
+                          QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom)(utf8);
+}
+
 //! What stands in the first pair of double quotes behind "TITLE="; none without both.
-std::optional<QString> toolTipOf(const QString& tag) {
-    const qsizetype title = tag.indexOf(QLatin1String("TITLE="));
-    if (title < 0)
+std::optional<QString> toolTipOf(std::string_view tag) {
+    const std::size_t title = tag.find("TITLE=");
+    const std::size_t opening = title == std::string_view::npos ? title : tag.find('"', title);
+    const std::size_t closing = opening == std::string_view::npos ? opening : tag.find('"', opening + 1);
+    if (closing == std::string_view::npos)
         return std::nullopt;
-    const qsizetype opening = tag.indexOf(u'"', title);
-    const qsizetype closing = opening < 0 ? opening : tag.indexOf(u'"', opening + 1);
-    return closing < 0 ? std::nullopt : std::optional(tag.mid(opening + 1, closing - opening - 1));
+    return decoded(tag.substr(opening + 1, closing - opening - 1));
 }
 
 //! The font at the start of a range, with one trait more, goes over the whole range; what a range inside has got from
@@ -25,10 +33,10 @@ std::optional<QString> toolTipOf(const QString& tag) {
 void addTrait(NxAttributedString& text, int start, int end, bool NxAttributedString::Attributes::*trait) {
     if (start >= end || start >= text.length())
         return;
-    const NxAttributedString::Attributes first = text.attributesAt(start);
-    text.change(start, end, [&](NxAttributedString::Attributes& each) {
-        each.bold |= first.bold;
-        each.italic |= first.italic;
+    const NxAttributedString::Attributes& first = text.attributesAt(start);
+    text.change(start, end, [bold = first.bold, italic = first.italic, trait](NxAttributedString::Attributes& each) {
+        each.bold |= bold;
+        each.italic |= italic;
         each.*trait = true;
     });
 }
@@ -39,22 +47,22 @@ QStringList mapTags(const std::vector<FV2Tag>& tags, NxAttributedString& text, c
     using Attributes = NxAttributedString::Attributes;
     QStringList buttons;
     for (const FV2Tag& each : tags) {
-        const QString tag = QString::fromStdString(each.text);
-        if (tag.startsWith(QLatin1String("<BUTTON"))) {
-            buttons.push_back(tag);
+        const std::string_view tag = each.text;
+        if (tag.starts_with("<BUTTON")) {
+            buttons.push_back(decoded(tag));
             continue;
         }
         const int start = static_cast<int>(each.start);
         const int end = static_cast<int>(each.end.value_or(each.start));
         if (const auto toolTip = toolTipOf(tag))
             text.change(start, end, [&](Attributes& attributes) { attributes.toolTip = *toolTip; });
-        if (tag.startsWith(QLatin1String("<I")))
+        if (tag.starts_with("<I"))
             addTrait(text, start, end, &Attributes::italic);
-        if (tag.startsWith(QLatin1String("<B")))
+        if (tag.starts_with("<B"))
             addTrait(text, start, end, &Attributes::bold);
-        if (tag.startsWith(QLatin1String("<A")))
-            text.change(start, end, [&](Attributes& attributes) {
-                attributes.link = {tag, start};
+        if (tag.starts_with("<A"))
+            text.change(start, end, [&, link = NxAttributedString::Link{decoded(tag), start}](Attributes& attributes) {
+                attributes.link = link;
                 attributes.pointingHand = true;
                 if (linkColor.isValid())
                     attributes.textColor = linkColor;
@@ -65,7 +73,8 @@ QStringList mapTags(const std::vector<FV2Tag>& tags, NxAttributedString& text, c
 
 QStringList setAttrStr(NxAttributedString& target, const QString& markup, const std::optional<QFont>& font,
                        const QColor& fontColor, const QColor& linkColor) {
-    const FV2ScannedText scanned = scanTags(markup.toStdString());
+    const QByteArray bytes = markup.toUtf8();
+    const FV2ScannedText scanned = scanTags({bytes.data(), static_cast<std::size_t>(bytes.size())});
     target = NxAttributedString(textFromScanner(scanned.text));
     target.change([&](NxAttributedString::Attributes& attributes) {
         attributes.font = font;
@@ -87,11 +96,6 @@ NxTextAndButtons prepareAttrStrAndButtonsWithHtml(const QString& markup, const s
 }
 
 QString textFromScanner(const std::string& bytes) {
-    // A byte order mark at the beginning is a character like any other: the scanner has counted it.
-    const auto decoded = [](QByteArrayView utf8) -> QString {
-        return QStringDecoder(QStringDecoder::Utf8,
-                              QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom)(utf8);
-    };
     if (QByteArrayView(bytes).isValidUtf8())
         return decoded(bytes);
     QString text;
