@@ -19,10 +19,11 @@ namespace {
 //! Passed by the desktop entry, and not by autostart.
 constexpr std::string_view kShowWindow = "--show-window";
 
-//! By itself the allocator raises this limit to the largest block that was ever freed and then keeps such memory: one
-//! peer that sends more than it should would cost some megabytes for good.
-void giveLargeBlocksBack() {
+//! By itself the allocator raises its limits to the largest block that was ever freed, and gives each thread a heap of
+//! its own, which it hardly ever shortens: one peer that sends more than it should would cost some megabytes for good.
+void giveMemoryBack() {
     ::mallopt(M_MMAP_THRESHOLD, 128 * 1024);
+    ::mallopt(M_ARENA_MAX, 1);
 }
 
 //! A Wayland compositor lets the running copy's window come to the front only with the token that was given to us.
@@ -37,7 +38,7 @@ void passOnActivationToken(int argc, char* argv[]) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    giveLargeBlocksBack();
+    giveMemoryBack();
     fv2::fillStandardDescriptors();
     fv2::FV2UnixSignals signals;
     fv2::applyLogLevelSwitch();

@@ -48,8 +48,9 @@ bool appendToLogFile(const std::string& path, std::string_view text) {
     // Without O_NONBLOCK a named pipe at the path would hold the caller until somebody reads it.
     const UniqueFd file(
         ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    static const uid_t us = ::getuid();
     struct stat before {};
-    if (!file || ::fstat(file.get(), &before) != 0 || !S_ISREG(before.st_mode) || before.st_uid != ::getuid())
+    if (!file || ::fstat(file.get(), &before) != 0 || !S_ISREG(before.st_mode) || before.st_uid != us)
         return false;
     const std::size_t written = writeAll(file.get(), text);
     if (written == text.size())

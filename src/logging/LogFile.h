@@ -11,7 +11,7 @@ namespace fv2 {
 [[nodiscard]] std::string logFilePath();
 
 //! Appends one whole text in one go: opens, writes, closes. A new file gets mode 0600; a link is not followed, and
-//! anything but a regular file is refused. When the disk takes only a part, that part is taken back.
+//! anything but a regular file of ours is refused. When the disk takes only a part, that part is taken back.
 //! False when the text is not in the file; the folder is never created.
 bool appendToLogFile(const std::string& path, std::string_view text);
 
