@@ -148,8 +148,8 @@ class Soak:
     def rest(self, wanted):
         self.restart_service("state 6")  # whatever hangs on a silent one is let go
         self.change_desktop(1, True, False)
-        notify(b'{ "command": "show_ui" }')  # what was freed is given back when the last window closes
-        wait_until(self.windows, "a window", 30)
+        # What was freed is given back when the last window closes.
+        wait_until(lambda: notify(b'{ "command": "show_ui" }') and self.windows(), "a window", 30)
         deadline = time.monotonic() + 60
         while (windows := self.windows()) and time.monotonic() < deadline:
             with contextlib.suppress(*GONE):
