@@ -23,7 +23,9 @@ FV2Application::FV2Application(int& argc, char** argv)
     setQuitOnLastWindowClosed(false);
     QPixmapCache::setCacheLimit(kKeptPictures);
     // What windows and their pictures leave behind lies between what stays, where the allocator would not look for it.
-    connect(this, &QGuiApplication::lastWindowClosed, this, [] { ::malloc_trim(0); });
+    // Queued, as the window itself goes in the event loop's next turn.
+    connect(
+        this, &QGuiApplication::lastWindowClosed, this, [] { ::malloc_trim(0); }, Qt::QueuedConnection);
 }
 
 bool FV2Application::event(QEvent* event) {

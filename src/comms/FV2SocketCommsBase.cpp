@@ -145,11 +145,13 @@ bool FV2SocketCommsBase::unlinkPath() const {
 
 bool FV2SocketCommsBase::createBinding() {
     cleanup();
+    // Without an event to wake it, shutdown() would not end a waiting listener.
+    if (m_stop->descriptor() < 0)
+        return false;
     sock = makeStreamSocket();
     const bool bound =
         sock && ::bind(sock.get(), reinterpret_cast<const sockaddr*>(&sockAddrUn), sizeof sockAddrUn) >= 0;
-    // Without an event to wake it, shutdown() would not end a waiting listener.
-    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0 && m_stop->descriptor() >= 0)
+    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0)
         return true;
     closeSocket();
     return false;

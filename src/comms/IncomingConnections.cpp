@@ -49,7 +49,7 @@ std::optional<FV2SocketComms_ReceivedData> IncomingConnections::next(int listeni
             return std::nullopt;
 
         readReady(set);
-        if (set[1].revents != 0 && !acceptWaiting(listening))
+        if (set[1].revents != 0 && !acceptWaiting(listening) && m_finished.empty())
             return std::nullopt;
     }
     FV2SocketComms_ReceivedData message = std::move(m_finished.front());
@@ -81,15 +81,16 @@ void IncomingConnections::finish(Connection connection) {
 //! False when the listening socket has failed for good.
 bool IncomingConnections::acceptWaiting(int listening) {
     for (int i = 0; i < kAcceptedAtOnce; ++i) {
-        UniqueFd socket(::accept4(listening, nullptr, nullptr, SOCK_CLOEXEC));
+        UniqueFd socket(::accept4(listening, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
         if (socket) {
             takeIn(std::move(socket));
             continue;
         }
         if (!isOutOfResources(errno))
             return isPassing(errno);
-        // A full table is reported also when nobody waits: what came in just now must not make room for nobody.
-        if (i > 0)
+        // A full table is reported also when nobody waits: what came in just now must not make room for nobody. And
+        // what has been read gives its descriptor back when it is answered.
+        if (i > 0 || !m_finished.empty())
             return true;
         if (!dropOldest()) {
             m_backOff = Deadline(kBackOff);

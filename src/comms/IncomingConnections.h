@@ -38,8 +38,8 @@ public:
         : m_trusted(std::move(trusted)) {}
 
     //! Takes a listening socket that does not block. Waits for the next connection that has sent its message, ended or
-    //! run out of time (then what came so far, maybe nothing, is its text). Nothing once `stop` is raised or the
-    //! listening socket has failed.
+    //! run out of time (then what came so far, maybe nothing, is its text). Nothing once what has been read is
+    //! handed out and `stop` is raised or the listening socket has failed.
     [[nodiscard]] std::optional<FV2SocketComms_ReceivedData> next(int listening, const StopSignal& stop);
 
     //! Ends a connection so that its peer still gets our answer: what the peer is still sending is read and thrown away

@@ -97,7 +97,8 @@ class Soak:
                       "descriptors or threads are not what they were": after == before,
                       "memory has grown": self.preset != "release" or memory_after - memory <= MIB,
                       "the main thread stood still": heart.longest <= STALL[self.preset],
-                      **{f"never happened: {what}": self.seen[what] > 0 for what in EVIDENCE}}
+                      **{f"never happened: {what}": self.seen[what] > 0 for what in EVIDENCE},
+                      **{f"never had a turn: {name}": self.turns[name] > 0 for name in self._actors}}
             self.failures += [what for what, good in checks.items() if not good]
 
     def noted(self, program_):
