@@ -61,8 +61,8 @@ void IncomingConnections::readReady(const std::vector<pollfd>& set) {
     auto polled = set.cbegin() + 2;
     for (auto each = m_open.begin(); each != m_open.end(); ++polled) {
         const bool ready = polled->revents != 0;
-        const bool outOfTime = each->total.passed() || each->nextChunk.passed();
-        if ((ready && (each->draining ? drain(*each) : read(*each)) == Reading::Done) || outOfTime) {
+        const bool done = ready && (each->draining ? drain(*each) : read(*each)) == Reading::Done;
+        if (done || each->total.passed() || each->nextChunk.passed()) {
             finish(std::move(*each));
             each = m_open.erase(each);
         } else {

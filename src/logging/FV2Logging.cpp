@@ -76,6 +76,11 @@ void FV2Logging::setLevels(FV2LoggingLevel levels) {
 
 void FV2Logging::log(FV2LoggingLevel level, std::initializer_list<FV2LogItem> items, std::string_view separator,
                      std::string_view terminator) {
+    // Most lines end here, so they wait for nobody: all that one of them leaves behind is a byte.
+    if (!_levels.load(std::memory_order_relaxed).contains(level)) {
+        _logConsoleLevel.store(fv2SystemLogType::info, std::memory_order_relaxed);
+        return;
+    }
     const SemaphoreHold hold(_semaphore);
     if (!checkLevel(level))
         return;
@@ -85,13 +90,14 @@ void FV2Logging::log(FV2LoggingLevel level, std::initializer_list<FV2LogItem> it
 
 bool FV2Logging::checkLevel(FV2LoggingLevel level) {
     _logFileLevel = level;
-    const bool passes = _levels.contains(level);
+    const FV2LoggingLevel levels = _levels;
+    const bool passes = levels.contains(level);
     // The type follows the configured set, not the line.
-    if (!passes || _levels.contains(FV2LoggingLevel::release))
+    if (!passes || levels.contains(FV2LoggingLevel::release))
         _logConsoleLevel = fv2SystemLogType::info;
-    else if (_levels.contains(FV2LoggingLevel::error))
+    else if (levels.contains(FV2LoggingLevel::error))
         _logConsoleLevel = fv2SystemLogType::error;
-    else if (!_levels.isDisjoint({FV2LoggingLevel::trace, FV2LoggingLevel::ui}))
+    else if (!levels.isDisjoint({FV2LoggingLevel::trace, FV2LoggingLevel::ui}))
         _logConsoleLevel = fv2SystemLogType::debug;
     return passes;
 }

@@ -6,6 +6,7 @@
 #include "logging/FV2LoggingLevel.h"
 #include "logging/SystemLog.h"
 
+#include <atomic>
 #include <concepts>
 #include <ctime>
 #include <initializer_list>
@@ -39,7 +40,8 @@ private:
     std::variant<std::string_view, bool, long long, unsigned long long, double> m_value;
 };
 
-//! Filters, formats and writes log lines, one at a time: whole operations exclude one another through a semaphore.
+//! Filters, formats and writes log lines, one at a time: whole operations exclude one another through a semaphore, but
+//! for the lines that are filtered out at once.
 //! Any thread. A line that can't be written is dropped without telling the caller.
 class FV2Logging {
 public:
@@ -69,12 +71,12 @@ private:
     void writeLine() const;
     void setContent(std::string content) { _logString_content = std::move(content); }
 
-    FV2LoggingLevel _levels;
+    std::atomic<FV2LoggingLevel> _levels; //!< changed with the semaphore held
     std::string _logString_prefix;
     std::string _logString_filectx;
     std::string _logString_content;
     FV2LoggingLevel _logFileLevel = FV2LoggingLevel::release;
-    fv2SystemLogType _logConsoleLevel = fv2SystemLogType::info;
+    std::atomic<fv2SystemLogType> _logConsoleLevel = fv2SystemLogType::info;
     std::string _terminatorString;
     bool _showTime = true;
     bool _showThread = true;

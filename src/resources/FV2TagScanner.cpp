@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <iterator>
 
 namespace fv2 {
@@ -104,8 +105,8 @@ private:
         const std::size_t last = first == std::string_view::npos ? first : m_rest.find('>', first);
         if (last == std::string_view::npos)
             return m_rest.substr(m_rest.size());
-        const std::size_t begin = m_rest.rfind('<', last);
-        return m_rest.substr(begin, last + 1 - begin);
+        const auto* const begin = static_cast<const char*>(memrchr(m_rest.data() + first, '<', last - first));
+        return {begin, m_rest.data() + last + 1};
     }
 
     bool append(std::string_view segment) {

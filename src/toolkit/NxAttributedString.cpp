@@ -23,11 +23,6 @@ QTextCharFormat formatOf(const NxAttributedString::Attributes& attributes) {
     return format;
 }
 
-//! In runs from right to left: the one that holds the place.
-auto runAt(auto& runs, int index) {
-    return std::partition_point(runs.begin(), runs.end(), [index](const auto& run) { return run.start > index; });
-}
-
 } // namespace
 
 NxAttributedString::NxAttributedString(QString text)
@@ -37,12 +32,7 @@ NxAttributedString::NxAttributedString(QString text)
 }
 
 const NxAttributedString::Attributes& NxAttributedString::attributesAt(int index) const {
-    return runAt(m_runs, index)->attributes();
-}
-
-void NxAttributedString::split(int at) {
-    if (const auto run = runAt(m_runs, at); run->start != at)
-        m_runs.insert(run, {at, run->shared});
+    return std::ranges::partition_point(m_runs, [index](const Run& run) { return run.start > index; })->attributes();
 }
 
 std::span<NxAttributedString::Run> NxAttributedString::runsWithin(int start, int end) {
@@ -50,10 +40,19 @@ std::span<NxAttributedString::Run> NxAttributedString::runsWithin(int start, int
     const int to = std::min(end, length());
     if (from >= to)
         return {};
-    if (to < length())
-        split(to);
-    split(from);
-    return {runAt(m_runs, to - 1), std::next(runAt(m_runs, from))};
+    auto first = std::prev(m_runs.end());
+    while (first != m_runs.begin() && std::prev(first)->start <= from)
+        --first;
+    if (first->start != from)
+        first = m_runs.insert(first, {from, first->shared});
+    auto last = first;
+    while (last != m_runs.begin() && std::prev(last)->start < to)
+        --last;
+    const auto count = static_cast<std::size_t>(first - last) + 1;
+    const int next = last == m_runs.begin() ? length() : std::prev(last)->start;
+    if (next != to)
+        last = std::next(m_runs.insert(last, {to, last->shared}));
+    return {last, count};
 }
 
 std::vector<NxAttributedString::LinkRange> NxAttributedString::links() const {

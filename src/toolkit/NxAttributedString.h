@@ -92,7 +92,6 @@ private:
 
     //! The ones that are made of the range, cut off from their neighbours.
     [[nodiscard]] std::span<Run> runsWithin(int start, int end);
-    void split(int at);
 
     QString m_text;
     //! From right to left, as tags come: what they cut then has but few behind it that must move.

@@ -12,8 +12,17 @@ namespace fv2 {
 
 namespace {
 
+bool isAscii(QByteArrayView bytes) {
+    unsigned char all = 0;
+    for (const char each : bytes)
+        all = static_cast<unsigned char>(all | static_cast<unsigned char>(each));
+    return all < 0x80;
+}
+
 //! A byte order mark at the beginning is a character like any other: the scanner has counted it.
 QString decoded(QByteArrayView utf8) {
+    if (isAscii(utf8))
+        return QString::fromLatin1(utf8); // widens even the last few bytes all at once
     return QStringDecoder(QStringDecoder::Utf8,
                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom)(utf8);
 }
@@ -96,7 +105,7 @@ NxTextAndButtons prepareAttrStrAndButtonsWithHtml(const QString& markup, const s
 }
 
 QString textFromScanner(const std::string& bytes) {
-    if (QByteArrayView(bytes).isValidUtf8())
+    if (isAscii(bytes) || QByteArrayView(bytes).isValidUtf8())
         return decoded(bytes);
     QString text;
     for (std::size_t begin = 0, end = 0; begin < bytes.size(); begin = end) {

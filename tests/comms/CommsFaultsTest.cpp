@@ -98,9 +98,15 @@ TEST_F(CommsFaults, LetABindingFailThatCouldNotServe) {
         {"socket", {EMFILE}, ""},
         {"bind", {EADDRINUSE, EACCES, ENOSPC}, ""},
         {"chmod", {EPERM, EROFS}, ""},
+        {"listen", {EADDRINUSE, EACCES}, ""},
     };
     check(table, "bound", [this](TestEndpoint& endpoint, const Fault* fault) {
-        return under(fault, [&] { return std::string(endpoint.createBinding() ? "bound" : ""); });
+        return under(fault, [&] {
+            bool serves = endpoint.createBinding();
+            if (serves && fault != nullptr && fault->call == "listen")
+                serves = endpoint.listenAcceptAndReceiveData().socket.isOpen();
+            return std::string(serves ? "bound" : "");
+        });
     });
 }
 

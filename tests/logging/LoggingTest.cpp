@@ -146,10 +146,10 @@ TEST(FV2Logging, DropsWhatTheSystemRefusesToTakeAndNothingElse) {
         {{{"write", ENOSPC, 2}}, "b", ""},
         {{{"write", Fault::kShort, 2}, {"write", ENOSPC, 3}}, "b", ""}, // takes half a line back
         {{{"write", Fault::kShort, 2}, {"write", EIO, 3}, {"ftruncate", EIO}}, "b", "half"},
-        {{{"write", Fault::kShort, 2}, {"write", EIO, 3}, {"fstat", EIO, 2}}, "b", "half"},
+        {{{"write", Fault::kShort, 2}, {"write", EIO, 3}, {"statx", EIO, 2}}, "b", "half"},
         {{{"open", EMFILE}}, "b", ""},
         {{{"open", EINTR}}, "b", ""},
-        {{{"fstat", EIO}}, "b", ""},
+        {{{"statx", EIO}}, "b", ""},
         {{{"close", EIO}}, "b", "b"},
         {{{"unlink", EROFS}}, "b", "b"}};
     const auto before = openDescriptors();
