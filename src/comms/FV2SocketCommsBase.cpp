@@ -32,7 +32,7 @@ FV2SocketCommsBase::FV2SocketCommsBase(std::string_view className, std::string p
 }
 
 FV2SocketCommsBase::~FV2SocketCommsBase() {
-    logTrace("FV2SocketCommsBase deinit for " + m_description);
+    logTrace("FV2SocketCommsBase deinit for ", m_description);
 }
 
 void FV2SocketCommsBase::setPath(std::string_view path) {
@@ -76,7 +76,7 @@ std::string FV2SocketCommsBase::sendAndReceive(std::string_view text) {
             return reply;
         if (m_metStranger)
             break;
-        logTrace("sendAndReceive - RETRY " + std::to_string(attempt) + " ");
+        logTrace("sendAndReceive - RETRY ", attempt, " ");
     }
     logTrace("COMMAND FAILURE");
     return {};
@@ -88,7 +88,7 @@ std::string FV2SocketCommsBase::exchangeOnce(std::string_view text) {
         logTrace("sendAndReceive - createConnection failed.");
         return {};
     }
-    logTrace("createConnection() socket:" + std::to_string(sock.get()));
+    logTrace("createConnection() socket:", sock.get());
     std::optional<std::string> reply;
     if (send(sock.get(), text) == static_cast<ssize_t>(text.size()))
         reply = receiveWithin(sock.get(), deadline);
@@ -97,18 +97,16 @@ std::string FV2SocketCommsBase::exchangeOnce(std::string_view text) {
 }
 
 ssize_t FV2SocketCommsBase::send(int descriptor, std::string_view text) const {
-    logTrace("Send socket:" + std::to_string(descriptor));
+    logTrace("Send socket:", descriptor);
     const ssize_t sent = sendOnce(descriptor, text);
-    logTrace("Send Result " + std::to_string(sent));
+    logTrace("Send Result ", sent);
     return sent;
 }
 
 std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, const Deadline& deadline) const {
-    logTrace("Receive go poll socket:" + std::to_string(descriptor) + " (note: 10s timeout)");
+    logTrace("Receive go poll socket:", descriptor, " (note: 10s timeout)");
     fv2Wait wait = m_stop->waitFor(descriptor, POLLIN, deadline);
-    logTrace("Receive wake poll # events : " + std::to_string(wait == fv2Wait::Ready    ? 1
-                                                              : wait == fv2Wait::Failed ? -1
-                                                                                        : 0));
+    logTrace("Receive wake poll # events : ", wait == fv2Wait::Ready ? 1 : wait == fv2Wait::Failed ? -1 : 0);
     if (wait != fv2Wait::Ready)
         return std::nullopt;
 
@@ -118,7 +116,7 @@ std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, con
     while (wait == fv2Wait::Ready) {
         logTrace("Receive go recv");
         const ssize_t count = receiveNow(descriptor, chunk.data(), chunk.size());
-        logTrace("Receive recv got " + std::to_string(count));
+        logTrace("Receive recv got ", count);
         if (count < 1)
             break;
         state = reader.take({chunk.data(), static_cast<std::size_t>(count)});
@@ -130,7 +128,7 @@ std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, con
 }
 
 bool FV2SocketCommsBase::cleanup() {
-    logTrace("FV2SocketCommsBase cleanup for " + m_description);
+    logTrace("FV2SocketCommsBase cleanup for ", m_description);
     closeSocket();
     m_listening = -1;
     m_incoming.closeAll();
@@ -139,7 +137,7 @@ bool FV2SocketCommsBase::cleanup() {
 
 bool FV2SocketCommsBase::unlinkPath() const {
     const int result = ::unlink(m_path.c_str());
-    logTrace("FV2SocketCommsBase cleanup unlink() returned " + std::to_string(result));
+    logTrace("FV2SocketCommsBase cleanup unlink() returned ", result);
     return result >= 0;
 }
 
@@ -158,7 +156,7 @@ bool FV2SocketCommsBase::createBinding() {
 }
 
 FV2SocketComms_ReceivedData FV2SocketCommsBase::listenAcceptAndReceiveData() {
-    logTrace("listenAcceptAndReceiveData() - listening socket:" + std::to_string(sock.get()));
+    logTrace("listenAcceptAndReceiveData() - listening socket:", sock.get());
     if (m_listening != sock.get() && ::listen(sock.get(), kBacklog) == 0)
         m_listening = sock.get();
     logTrace("listenAcceptAndReceiveData() - calling accept");
@@ -173,7 +171,7 @@ FV2SocketComms_ReceivedData FV2SocketCommsBase::listenAcceptAndReceiveData() {
 void FV2SocketCommsBase::shutdown() {
     // Before the signal: once woken, the listening thread no longer counts as waiting.
     if (acceptActive && !m_stop->isRaised()) {
-        logTrace("doing socket shutdown socket:" + std::to_string(m_listening));
+        logTrace("doing socket shutdown socket:", m_listening.load());
         unlinkPath();
         logTrace("done socket shutdown");
     }

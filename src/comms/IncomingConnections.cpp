@@ -20,8 +20,8 @@ constexpr std::chrono::seconds kTotalTime{10};
 //! The rest of a send that the kernel has split follows at once.
 constexpr std::chrono::milliseconds kSplitTime{100};
 constexpr std::chrono::milliseconds kBackOff{100};
-//! The backlog is short: what waits there is taken in before the next messages are handed out.
-constexpr int kAcceptedAtOnce = 16;
+//! Whoever comes is answered at once; after so many it is the turn of those whose messages take longer.
+constexpr int kAcceptsBeforePoll = 16;
 constexpr std::size_t kMaxDrained = 16 * 1024 * 1024;
 
 bool isOutOfResources(int error) {
@@ -35,26 +35,28 @@ bool isPassing(int error) {
 } // namespace
 
 std::optional<FV2SocketComms_ReceivedData> IncomingConnections::next(int listening, const StopSignal& stop) {
-    while (m_finished.empty()) {
-        std::vector<pollfd> set;
-        set.reserve(m_open.size() + 2);
-        set.push_back({stop.descriptor(), POLLIN, 0});
-        set.push_back({isBackingOff() ? -1 : listening, POLLIN, 0});
-        for (const Connection& connection : m_open)
-            set.push_back({connection.socket.get(), POLLIN, 0});
-
-        if (::poll(set.data(), set.size(), pollTimeout()) < 0 && errno != EINTR)
+    while (m_finished.empty())
+        if (stop.isRaised() || !(m_acceptsBeforePoll > 0 ? acceptOne(listening) : pollAll(listening, stop)))
             return std::nullopt;
-        if (set[0].revents != 0)
-            return std::nullopt;
-
-        readReady(set);
-        if (set[1].revents != 0 && !acceptWaiting(listening) && m_finished.empty())
-            return std::nullopt;
-    }
     FV2SocketComms_ReceivedData message = std::move(m_finished.front());
     m_finished.pop_front();
     return message;
+}
+
+bool IncomingConnections::pollAll(int listening, const StopSignal& stop) {
+    std::vector<pollfd> set;
+    set.reserve(m_open.size() + 2);
+    set.push_back({stop.descriptor(), POLLIN, 0});
+    set.push_back({isBackingOff() ? -1 : listening, POLLIN, 0});
+    for (const Connection& connection : m_open)
+        set.push_back({connection.socket.get(), POLLIN, 0});
+    if (::poll(set.data(), set.size(), pollTimeout()) < 0)
+        return errno == EINTR;
+    if (set[0].revents != 0)
+        return false;
+    readReady(set);
+    m_acceptsBeforePoll = set[1].revents == 0 ? 0 : kAcceptsBeforePoll;
+    return true;
 }
 
 void IncomingConnections::readReady(const std::vector<pollfd>& set) {
@@ -78,25 +80,19 @@ void IncomingConnections::finish(Connection connection) {
     m_finished.push_back({std::move(connection.socket), connection.reader.takeText(), byteCount, connection.cut});
 }
 
-//! False when the listening socket has failed for good.
-bool IncomingConnections::acceptWaiting(int listening) {
-    for (int i = 0; i < kAcceptedAtOnce; ++i) {
-        UniqueFd socket(::accept4(listening, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-        if (socket) {
-            takeIn(std::move(socket));
-            continue;
-        }
-        if (!isOutOfResources(errno))
-            return isPassing(errno);
-        // A full table is reported also when nobody waits: what came in just now must not make room for nobody. And
-        // what has been read gives its descriptor back when it is answered.
-        if (i > 0 || !m_finished.empty())
-            return true;
-        if (!dropOldest()) {
-            m_backOff = Deadline(kBackOff);
-            return true;
-        }
+bool IncomingConnections::acceptOne(int listening) {
+    const bool pollHasSeenOne = m_acceptsBeforePoll-- == kAcceptsBeforePoll;
+    UniqueFd socket(::accept4(listening, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    if (socket) {
+        takeIn(std::move(socket));
+        return true;
     }
+    m_acceptsBeforePoll = 0;
+    if (!isOutOfResources(errno))
+        return isPassing(errno);
+    // A full table is reported also when nobody waits: nobody is thrown out for nobody.
+    if (pollHasSeenOne && !dropOldest())
+        m_backOff = Deadline(kBackOff);
     return true;
 }
 
@@ -108,7 +104,7 @@ void IncomingConnections::takeIn(UniqueFd socket) {
         return;
     }
     logTrace("listenAcceptAndReceiveData() - accept -> calling Receive");
-    logTrace("Receive go poll socket:" + std::to_string(socket.get()) + " (note: 10s timeout)");
+    logTrace("Receive go poll socket:", socket.get(), " (note: 10s timeout)");
     Connection connection{.socket = std::move(socket),
                           .total = Deadline(kTotalTime),
                           .nextChunk = Deadline(kTotalTime),
@@ -122,22 +118,21 @@ void IncomingConnections::takeIn(UniqueFd socket) {
 }
 
 IncomingConnections::Reading IncomingConnections::read(Connection& connection) {
-    std::array<char, MessageReader::chunkSize> chunk{};
     for (;;) {
-        const ssize_t count = receiveNow(connection.socket.get(), chunk.data(), chunk.size());
+        const ssize_t count = receiveNow(connection.socket.get(), m_chunk.data(), m_chunk.size());
         if (count < 0 && errno == EAGAIN)
             return Reading::Waiting;
         if (connection.reader.byteCount() == 0)
             logTrace("Receive wake poll # events : 1");
         logTrace("Receive go recv");
-        logTrace("Receive recv got " + std::to_string(count));
+        logTrace("Receive recv got ", count);
         if (count < 1)
             return Reading::Done;
-        const auto state = connection.reader.take({chunk.data(), static_cast<std::size_t>(count)});
+        const auto state = connection.reader.take({m_chunk.data(), static_cast<std::size_t>(count)});
         connection.cut = state == MessageReader::State::TooLong;
         if (state != MessageReader::State::Reading)
             return Reading::Done;
-        connection.nextChunk = Deadline(static_cast<std::size_t>(count) < chunk.size() ? kSplitTime : kChunkTime);
+        connection.nextChunk = Deadline(static_cast<std::size_t>(count) < m_chunk.size() ? kSplitTime : kChunkTime);
     }
 }
 

@@ -8,6 +8,7 @@
 #include "comms/MessageReader.h"
 #include "comms/PeerPolicy.h"
 
+#include <array>
 #include <deque>
 #include <list>
 #include <optional>
@@ -64,10 +65,12 @@ private:
     enum class Reading { Waiting, Done };
 
     void readReady(const std::vector<pollfd>& set);
-    [[nodiscard]] bool acceptWaiting(int listening);
+    //! False when the listening socket has failed for good, or on the way to an end.
+    [[nodiscard]] bool acceptOne(int listening);
+    [[nodiscard]] bool pollAll(int listening, const StopSignal& stop);
     void takeIn(UniqueFd socket);
     void finish(Connection connection);
-    [[nodiscard]] static Reading read(Connection& connection);
+    [[nodiscard]] Reading read(Connection& connection);
     [[nodiscard]] static Reading drain(Connection& connection);
     bool dropOldest();
     [[nodiscard]] int pollTimeout() const;
@@ -77,6 +80,8 @@ private:
     std::list<Connection> m_open; //!< oldest first
     std::deque<FV2SocketComms_ReceivedData> m_finished;
     std::optional<Deadline> m_backOff;
+    int m_acceptsBeforePoll = 0; //!< so often the listening socket is asked straight away
+    std::array<char, MessageReader::chunkSize> m_chunk{};
 };
 
 } // namespace fv2

@@ -9,7 +9,8 @@
 namespace fv2 {
 
 PeerPolicy PeerPolicy::rootOrSelf() {
-    return {0, ::getuid()};
+    static const uid_t self = ::getuid();
+    return {0, self};
 }
 
 bool PeerPolicy::trusts(uid_t uid) const {

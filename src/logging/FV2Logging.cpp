@@ -76,16 +76,30 @@ void FV2Logging::setLevels(FV2LoggingLevel levels) {
 
 void FV2Logging::log(FV2LoggingLevel level, std::initializer_list<FV2LogItem> items, std::string_view separator,
                      std::string_view terminator) {
-    // Most lines end here, so they wait for nobody: all that one of them leaves behind is a byte.
-    if (!_levels.load(std::memory_order_relaxed).contains(level)) {
-        _logConsoleLevel.store(fv2SystemLogType::info, std::memory_order_relaxed);
+    if (filtersOutAtOnce(level))
         return;
-    }
     const SemaphoreHold hold(_semaphore);
     if (!checkLevel(level))
         return;
     buildLine(items, separator, terminator);
     writeLine();
+}
+
+void FV2Logging::logJoined(FV2LoggingLevel level, std::initializer_list<FV2LogItem> parts) {
+    if (filtersOutAtOnce(level))
+        return;
+    std::string text;
+    for (const FV2LogItem& part : parts)
+        part.appendTo(text);
+    log(level, {text}, " ", "\n");
+}
+
+//! Most lines end here, so they wait for nobody: all that one of them leaves behind is a byte.
+bool FV2Logging::filtersOutAtOnce(FV2LoggingLevel level) {
+    if (_levels.load(std::memory_order_relaxed).contains(level))
+        return false;
+    _logConsoleLevel.store(fv2SystemLogType::info, std::memory_order_relaxed);
+    return true;
 }
 
 bool FV2Logging::checkLevel(FV2LoggingLevel level) {
@@ -153,18 +167,6 @@ std::string FV2Logging::timeStamp(const timespec& now) {
 void log(FV2LoggingLevel level, std::initializer_list<FV2LogItem> items, std::string_view separator,
          std::string_view terminator) {
     FV2Logging::shared().log(level, items, separator, terminator);
-}
-
-void logRelease(std::string_view text) {
-    log(FV2LoggingLevel::release, {text});
-}
-
-void logTrace(std::string_view text) {
-    log(FV2LoggingLevel::trace, {text});
-}
-
-void logUi(std::string_view text) {
-    log(FV2LoggingLevel::ui, {text});
 }
 
 } // namespace fv2

@@ -51,7 +51,7 @@ std::string_view FV2AppState::getMenuBarStatusIcon() const {
         name = "orm_menu_icon_warning";
     else
         name = "orm_menu_icon_alert";
-    logTrace("getMenuBarStatusIcon returning image: " + std::string(name));
+    logTrace("getMenuBarStatusIcon returning image: ", name);
     return name;
 }
 

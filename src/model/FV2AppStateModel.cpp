@@ -110,7 +110,7 @@ FV2AppStateModel::RefreshAnswer FV2AppStateModel::syncCommsDirect(FV2ServiceLink
     logRelease("_updateStatus in.");
     answer.statusNumber = ++counter;
     answer.status = FV2JsonParserORM::decodeStatus(service.exchange(getStatusRequest(uid)));
-    logRelease(std::string("_updateStatus() out. (result = ") + (answer.status.result.ok ? "true" : "false") + ")");
+    logRelease("_updateStatus() out. (result = ", answer.status.result.ok, ")");
     return answer;
 }
 
@@ -139,7 +139,7 @@ void FV2AppStateModel::finishRefresh(bool checkAction, fv2SyncSource source, boo
 
 //! The notification that follows a user's synchronisation counts as the user's own request.
 fv2SyncSource FV2AppStateModel::effectiveSource(fv2SyncSource source) {
-    logRelease("syncCommsAsync -> source is " + std::string(caseName(source)));
+    logRelease("syncCommsAsync -> source is ", caseName(source));
     if (source != fv2SyncSource::Service) {
         logRelease("syncCommsAsync -> source was not .Service");
         return source;
@@ -174,8 +174,8 @@ void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure)
     }
     logRelease("++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC");
     if (source == fv2SyncSource::User) {
-        logRelease("appModel->syncProxyAsync -> setting last action for user click (" +
-                   std::string(caseName(m_state.lastActionStored)) + ")");
+        logRelease("appModel->syncProxyAsync -> setting last action for user click (",
+                   caseName(m_state.lastActionStored), ")");
         m_state.syncORMUserInitiated = true;
         m_state.syncORMUserInitiatedAction = m_state.lastActionStored;
     }
@@ -228,7 +228,7 @@ void FV2AppStateModel::unsubscribeAtExit() {
 
 bool FV2AppStateModel::IsDNDMode() const {
     const bool disturbs = m_outside.doNotDisturb();
-    logRelease(std::string("IsDNDMode() returning ") + (disturbs ? "true" : "false"));
+    logRelease("IsDNDMode() returning ", disturbs);
     return disturbs;
 }
 
@@ -243,7 +243,7 @@ void FV2AppStateModel::updateFromModel(bool checkAction, fv2SyncSource syncSourc
     m_appDelegate->updateMenu();
     updateWindows();
 
-    logRelease("appModel->updateFromModel syncSource == " + std::string(caseName(syncSource)));
+    logRelease("appModel->updateFromModel syncSource == ", caseName(syncSource));
     const bool actionRequired = std::exchange(m_state.isActionRequired, false);
     const bool mainWindowOpen = isMainWindowOpen();
     const bool sourceAllows = syncSource == fv2SyncSource::Startup || syncSource == fv2SyncSource::User ||
@@ -271,7 +271,7 @@ void FV2AppStateModel::updateWindows() {
     const SemaphoreHold hold(updateModelSemaphore);
     logRelease("updateModelSempahore - waited (update from model)");
     if (isMainWindowOpen()) {
-        logRelease("updateModelSempahore - using " + m_wndDelegate->mainWindowDescription());
+        logRelease("updateModelSempahore - using ", m_wndDelegate->mainWindowDescription());
         m_wndDelegate->updateMainWindow();
     }
     if (m_wndDelegate != nullptr)

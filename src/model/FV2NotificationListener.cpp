@@ -50,13 +50,13 @@ void FV2NotificationListener::serve() {
 
 void FV2NotificationListener::answer(FV2SocketComms_ReceivedData received) {
     const fv2JsonCommand command = commandKind(received.data);
-    const std::string socket = std::to_string(received.socket.get());
-    logRelease("send back sock:" + socket + " ");
+    const int socket = received.socket.get();
+    logRelease("send back sock:", socket, " ");
     const ssize_t sent =
         backgroundAppSocketComms->send(received.socket.get(), notificationReply(command != fv2JsonCommand::None));
-    logRelease("sent back sock:" + socket + " result: " + std::to_string(sent));
-    backgroundAppSocketComms->closeAfterAnswer(std::move(received));
+    logRelease("sent back sock:", socket, " result: ", sent);
     m_events.received(command);
+    backgroundAppSocketComms->closeAfterAnswer(std::move(received));
 }
 
 void FV2NotificationListener::stop() {

@@ -53,7 +53,7 @@ LeftMenuSubviewController::LeftMenuSubviewController(const std::weak_ptr<FV2AppS
     tableView = outlets.tableView;
     rightBorder = outlets.rightBorder;
     viewDidLoad();
-    logTrace("LeftMenuSubviewController.init calling initSubview for " + description(*view()));
+    logTrace("LeftMenuSubviewController.init calling initSubview for ", description(*view()));
     initsubview();
     logTrace("LeftMenuSubviewController.init out");
 }

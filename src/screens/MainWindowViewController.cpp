@@ -33,10 +33,10 @@ constexpr std::array<PageKey, 2> kPageKeys{{
 template <class Page, class... Arguments>
 FV2ViewController* page(std::unique_ptr<Page>& kept, const std::string& name, const Arguments&... arguments) {
     if (!kept) {
-        logUi("MainWindowWindowController make " + name + " view");
+        logUi("MainWindowWindowController make ", name, " view");
         kept = std::make_unique<Page>(arguments...);
     }
-    logUi("MainWindowWindowController set " + name + " as view");
+    logUi("MainWindowWindowController set ", name, " as view");
     return kept.get();
 }
 
@@ -50,20 +50,20 @@ MainWindowViewController::MainWindowViewController(const std::weak_ptr<FV2AppSta
 }
 
 MainWindowViewController::~MainWindowViewController() {
-    logUi("MainWindowViewController.deinit for " + description(*this));
+    logUi("MainWindowViewController.deinit for ", description(*this));
 }
 
 void MainWindowViewController::setUp() {
     subviewLeftMenuController = std::make_unique<LeftMenuSubviewController>(appModel, m_registry);
-    logUi("new LeftMenuSubviewController is " + description(*subviewLeftMenuController));
+    logUi("new LeftMenuSubviewController is ", description(*subviewLeftMenuController));
     subviewMainContent = new FV2View(view());
     switchContentSubview(eMainWindowContentSubViewType::ProtectionStatus);
     subviewTagLineViewController = std::make_unique<TaglineViewController>(appModel);
 
     QWidget* const leftMenu = subviewLeftMenuController->view();
     QWidget* const tagline = subviewTagLineViewController->view();
-    logUi("Doing constraints for subviews. left menu " + description(*leftMenu) + ", content " +
-          description(*subviewMainContent) + ", tagline " + description(*tagline));
+    logUi("Doing constraints for subviews. left menu ", description(*leftMenu), ", content ",
+          description(*subviewMainContent), ", tagline ", description(*tagline));
     leftMenu->setFixedWidth(requiredInteger(appModel, "mainwindow_leftmenuwidth"));
     leftMenu->setMinimumHeight(requiredInteger(appModel, "mainwindowy") - kTaglineHeight);
     subviewMainContent->setMinimumSize(requiredInteger(appModel, "main_window_contentwidth"),

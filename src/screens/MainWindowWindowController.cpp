@@ -24,14 +24,14 @@ std::unique_ptr<FV2Window> makeMainWindow(const std::weak_ptr<FV2AppStateModel>&
 MainWindowWindowController::MainWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
                                                        FV2WindowDelegate& registry)
     : FV2MainWindowController(model, makeMainWindow(model)) {
-    logTrace("MainWindowWindowController.init done init for " + description(*this) + " wnd " + description(window()));
+    logTrace("MainWindowWindowController.init done init for ", description(*this), " wnd ", description(window()));
     m_viewController = makeController<MainWindowViewController>(model, registry);
     window().setContentView(m_viewController->view());
     m_viewController->setUp();
     // Shown where the desktop lists its windows, and read out by screen readers.
     window().setWindowTitle(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     window().center();
-    logTrace("MainWindowWindowController.init OUT for " + description(*this));
+    logTrace("MainWindowWindowController.init OUT for ", description(*this));
 }
 
 void MainWindowWindowController::updateFromModel() {
@@ -45,7 +45,7 @@ void MainWindowWindowController::selectProtectionStatusPage() {
 }
 
 void MainWindowWindowController::windowWillClose() {
-    logTrace("MainWindowWindowController.windowWillClose for " + description(*this));
+    logTrace("MainWindowWindowController.windowWillClose for ", description(*this));
     m_viewController.reset();
     FV2MainWindowController::windowWillClose();
 }

@@ -12,7 +12,7 @@ namespace fv2 {
 void StatusMessageItemSubview::resizeEvent(QResizeEvent* event) {
     FV2View::resizeEvent(event);
     Q_EMIT laidOut();
-    logTrace("StatusMessageSubview.layout for " + description(*this));
+    logTrace("StatusMessageSubview.layout for ", description(*this));
 }
 
 void StatusMessageItemSubview::changeEvent(QEvent* event) {

@@ -30,8 +30,7 @@ void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& table
         tableView.window()->focusWidget()->clearFocus();
     removeAllStatusMessagedTableViewItems(tableView);
     for (const FV2StatusMesssageListItem& message : messages) {
-        logTrace("StatusMessagesTableDelegate -> Creating status message item " +
-                 std::to_string(statusMessageItemViews.size()));
+        logTrace("StatusMessagesTableDelegate -> Creating status message item ", statusMessageItemViews.size());
         auto item = std::make_unique<StatusMessageItemSubviewController>(appModel, message);
         StatusMessageItemTextAndLink* const text = item->textView();
         QObject::connect(text, &NxTextAndLinksView::linkFocused, &tableView,
@@ -92,7 +91,7 @@ void StatusMessagesTableDelegate::giveFocusBack(const Focus& focus, StatusMessag
 
 //! The rows may be in the middle of a click, so they end in the event loop's next turn.
 void StatusMessagesTableDelegate::removeAllStatusMessagedTableViewItems(const StatusMessagesTableView& tableView) {
-    logTrace("StatusMessagesTableViewDelegate.removeAllStatusMessagedTableViewItems for " + description(tableView));
+    logTrace("StatusMessagesTableViewDelegate.removeAllStatusMessagedTableViewItems for ", description(tableView));
     for (auto& item : statusMessageItemViews)
         item.release()->deleteLater();
     statusMessageItemViews.clear();
@@ -108,7 +107,7 @@ int StatusMessagesTableDelegate::numberOfRows(const StatusMessagesTableView& /*t
         logTrace("StatusMessagesTableDelegate - numberOfRows NOT READY");
         return 0;
     }
-    logTrace("StatusMessagesTableDelegate - numberOfRows " + std::to_string(statusMessageItemViews.size()));
+    logTrace("StatusMessagesTableDelegate - numberOfRows ", statusMessageItemViews.size());
     return static_cast<int>(statusMessageItemViews.size());
 }
 

@@ -17,16 +17,16 @@ FV2ViewController::FV2ViewController(std::weak_ptr<FV2AppStateModel> model, QWid
 FV2ViewController::~FV2ViewController() {
     const std::string who = "FV2ViewController.deinit for vc " + m_description;
     if (dontRemoveFromSuperview) {
-        logUi(who + " view " + m_viewDescription + " (not calling removeFromSuperview)");
+        logUi(who, " view ", m_viewDescription, " (not calling removeFromSuperview)");
         return;
     }
-    logUi(who + " calling removeFromSuperview for view " + m_viewDescription + " ");
+    logUi(who, " calling removeFromSuperview for view ", m_viewDescription, " ");
     delete m_view;
 }
 
 FV2View* FV2ViewController::initsubview() {
     m_description = description(*this);
-    logUi("FV2ViewController.initsubview for " + m_description);
+    logUi("FV2ViewController.initsubview for ", m_description);
     auto* const own = qobject_cast<FV2View*>(m_view);
     if (own == nullptr || appModel.expired())
         return nullptr;

@@ -36,7 +36,7 @@ bool FV2WindowDelegate::canShow(fv2Window kind, bool userInitiated) const {
     } else if (kind == fv2Window::Password_Encrypt || kind == fv2Window::Password_Decrypt) {
         allowed = userInitiated && wndList.indexOfWindow(kind) == 0 && wndList.indexOfWindow(fv2Window::Main) != 0;
     }
-    logUi(std::string("canShow() returning ") + (allowed ? "true" : "false"));
+    logUi("canShow() returning ", allowed);
     return allowed;
 }
 
@@ -101,7 +101,7 @@ std::shared_ptr<FV2WindowController> FV2WindowDelegate::mainController() {
         logTrace("new main wc making..");
         mainWindowController = m_factory.makeMainWindow(*this);
         if (mainWindowController)
-            logTrace("new main wc is " + description(*mainWindowController));
+            logTrace("new main wc is ", description(*mainWindowController));
     }
     return mainWindowController;
 }

@@ -30,7 +30,8 @@ import dbus
 from Xlib.error import XError
 
 from accounts import listed_account
-from agent import AGENT_SOCKET, notify, program, resources_at_rest, start_agent, start_service
+from agent import (AGENT_SOCKET, NOT_UNDERSTOOD, UNDERSTOOD, notify, program, resources_at_rest, start_agent,
+                   start_service)
 from desktop import Desktop
 from mocks import LoginSession, Portal, set_do_not_disturb
 from neighbour import KINDS, start_neighbour
@@ -57,7 +58,10 @@ LINES = (*(f"state {number}" for number in (0, 1, 3, 3, 4, 5, 6, 7, 8, 10, 13, 9
          "notify", "credentials accept", "credentials refuse 7", "policy postpone none", "policy postpone 0")
 FAULTS = ("silent", "slow 1", "garbage", "half", "close", "endless", "error 3")
 KEYS = ("ctrl+1", "ctrl+2", "Up", "Down", "Tab", "Return", "Return", "Escape", "space", "ctrl+w", "a", "BackSpace")
-MESSAGES = (b"{}", b'{ "command": "status_changed" }', b'{ "command": "show_ui" }', b"[" * 3000, b"\xff", b'{"a":7')
+#: With the answer that each must get, and how often it comes.
+MESSAGES = ((b"{}", UNDERSTOOD, 60), (b'{ "command": "status_changed" }', UNDERSTOOD, 20),
+            (b'{ "command": "show_ui" }', UNDERSTOOD, 1), (b"[" * 3000, NOT_UNDERSTOOD, 5),
+            (b"\xff", NOT_UNDERSTOOD, 5), (b'{"a":7', NOT_UNDERSTOOD, 5))
 #: What may rightly go wrong for one who uses what has just gone.
 GONE = (XError, dbus.DBusException, subprocess.CalledProcessError, AssertionError, OSError)
 
@@ -98,7 +102,7 @@ class Soak:
                       "memory has grown": self.preset != "release" or memory_after - memory <= MIB,
                       "the main thread stood still": heart.longest <= STALL[self.preset],
                       **{f"never happened: {what}": self.seen[what] > 0 for what in EVIDENCE},
-                      **{f"never had a turn: {name}": self.turns[name] > 0 for name in self._actors}}
+                      **{f"never had a turn: {name}": self.turns[name] > 0 for name in [*self._actors, "answered"]}}
             self.failures += [what for what, good in checks.items() if not good]
 
     def noted(self, program_):
@@ -147,7 +151,7 @@ class Soak:
         dialog.wait_until_gone(30)
 
     def rest(self, wanted):
-        self.restart_service("state 6")  # whatever hangs on a silent one is let go
+        self.restart_service(signal.SIGTERM, "state 6")  # whatever hangs on a silent one is let go
         self.change_desktop(1, True, False)
         # What was freed is given back when the last window closes.
         wait_until(lambda: notify(b'{ "command": "show_ui" }') and self.windows(), "a window", 30)
@@ -172,12 +176,12 @@ class Soak:
                     try:
                         turn(chance)
                         self.turns[name] += 1
-                    except GONE:
-                        if name in ("copies", "service"):
+                    except Exception as error:
+                        if name in ("copies", "service") or not isinstance(error, GONE):
                             self.failures.append(f"{name}: {traceback.format_exc()}")
 
-    def restart_service(self, *lines):
-        self.service.signal(random.choice((signal.SIGKILL, signal.SIGTERM)))
+    def restart_service(self, how, *lines):
+        self.service.signal(how)
         self.service.wait()
         self.service = self.noted(start_service(self.desktop, *lines))
 
@@ -191,12 +195,16 @@ class Soak:
             self.service.send(line)
             time.sleep(chance.uniform(0, seconds))
         if chance.random() < 0.1:
-            self.restart_service()
+            self.restart_service(chance.choice((signal.SIGKILL, signal.SIGTERM)))
 
     def storm(self, chance):
         for _ in range(chance.randrange(1, 200)):
+            message, wanted, _ = chance.choices(MESSAGES, [weight for *_, weight in MESSAGES])[0]
             with contextlib.suppress(OSError):
-                notify(chance.choices(MESSAGES, (60, 20, 1, 5, 5, 5))[0])
+                answer = notify(message)
+                self.turns["answered"] += answer == wanted
+                if answer not in (wanted, b""):  # a crowd of peers may have thrown it out
+                    self.failures.append(f"{message} was answered {answer}")
         time.sleep(chance.uniform(0, 2))
 
     def bring_peers(self, chance):
