@@ -5,14 +5,12 @@
 namespace fv2 {
 
 void WorkerPool::post(std::function<void()> job) {
-    {
-        const std::lock_guard lock(m_mutex);
-        if (m_finishing)
-            return;
-        m_jobs.push_back(std::move(job));
-        while (m_threads.size() < m_threadCount)
-            m_threads.emplace_back([this] { work(); });
-    }
+    const std::lock_guard lock(m_mutex);
+    if (m_finishing)
+        return;
+    m_jobs.push_back(std::move(job));
+    while (m_threads.size() < m_threadCount)
+        m_threads.emplace_back([this] { work(); });
     m_changed.notify_one();
 }
 

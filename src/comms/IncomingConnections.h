@@ -65,8 +65,9 @@ private:
     enum class Reading { Waiting, Done };
 
     void readReady(const std::vector<pollfd>& set);
-    //! False when the listening socket has failed for good, or on the way to an end.
+    //! False when the listening socket has failed for good.
     [[nodiscard]] bool acceptOne(int listening);
+    //! Waits, then reads what has come. False when told to stop or when polling fails.
     [[nodiscard]] bool pollAll(int listening, const StopSignal& stop);
     void takeIn(UniqueFd socket);
     void finish(Connection connection);
@@ -80,7 +81,7 @@ private:
     std::list<Connection> m_open; //!< oldest first
     std::deque<FV2SocketComms_ReceivedData> m_finished;
     std::optional<Deadline> m_backOff;
-    int m_acceptsBeforePoll = 0; //!< so often the listening socket is asked straight away
+    int m_acceptsBeforePoll = 0; //!< accepts left until the next poll; all of them after one that saw somebody
     std::array<char, MessageReader::chunkSize> m_chunk{};
 };
 

@@ -25,11 +25,11 @@ public:
         : m_value(std::string_view(text)) {}
     FV2LogItem(const std::string& text)
         : m_value(std::string_view(text)) {}
-    FV2LogItem(bool value)
+    FV2LogItem(std::same_as<bool> auto value)
         : m_value(value) {}
     FV2LogItem(std::signed_integral auto value)
         : m_value(static_cast<long long>(value)) {}
-    FV2LogItem(std::unsigned_integral auto value)
+    FV2LogItem(std::unsigned_integral auto value) requires(!std::same_as<decltype(value), bool>)
         : m_value(static_cast<unsigned long long>(value)) {}
     FV2LogItem(std::floating_point auto value)
         : m_value(static_cast<double>(value)) {}

@@ -105,7 +105,7 @@ private:
         const std::size_t last = first == std::string_view::npos ? first : m_rest.find('>', first);
         if (last == std::string_view::npos)
             return m_rest.substr(m_rest.size());
-        const auto* const begin = static_cast<const char*>(memrchr(m_rest.data() + first, '<', last - first));
+        const auto* const begin = static_cast<const char*>(::memrchr(m_rest.data() + first, '<', last - first));
         return {begin, m_rest.data() + last + 1};
     }
 

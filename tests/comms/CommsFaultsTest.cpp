@@ -48,6 +48,28 @@ struct CommsFaults : testing::Test {
             }
     }
 
+    //! Lets it bind, listen, and begin its next call with a poll.
+    static void startListening(TestEndpoint& endpoint) {
+        EXPECT_TRUE(endpoint.createBinding());
+        takeIn(endpoint);
+    }
+    //! Lets it take in who waits, without an answer to anybody.
+    static void takeIn(TestEndpoint& endpoint, int polls = 0) {
+        const Faults faults({{"poll", ENOMEM, polls + 1}});
+        EXPECT_FALSE(endpoint.listenAcceptAndReceiveData().socket.isOpen());
+    }
+    //! The message that it answers; none when it does not listen any more.
+    std::string answerNext(TestEndpoint& endpoint) const {
+        FV2SocketComms_ReceivedData in = endpoint.listenAcceptAndReceiveData();
+        passesNothingOn();
+        if (!in.socket)
+            return "";
+        endpoint.send(in.socket.get(), in.data);
+        std::string text = in.data.empty() ? "nothing" : in.data;
+        endpoint.closeAfterAnswer(std::move(in));
+        return text;
+    }
+
     //! To a program that would be started in the middle of an exchange.
     void passesNothingOn() const { EXPECT_EQ(openDescriptors(true), inherited); }
 
@@ -124,10 +146,11 @@ TEST_F(CommsFaults, NeverKeepAListenerOrAWaitFromEnding) {
 TEST_F(CommsFaults, CostTheListenerAMessageAtMost) {
     const std::vector<Row> table{
         {"poll", {EINTR}, "one two", 1, 50},
-        {"poll", {ENOMEM}, "failed ", 2},
+        {"poll", {ENOMEM}, "failed "},
         {"accept4", {EINTR, EAGAIN, ECONNABORTED}, "one two"},
         {"accept4", {EMFILE}, "one two", 1, 3, 300ms}, // waits without turning
-        {"accept4", {EMFILE}, "one two", 2},
+        {"accept4", {EINTR, EAGAIN, ECONNABORTED, EMFILE}, "one two", 2},
+        {"accept4", {EINVAL}, "failedone ", 2},
         {"accept4", {ENFILE, ENOBUFS, ENOMEM}, "one two", 1, 1, 100ms},
         {"accept4", {EINVAL}, "failed "},
         {"getsockopt", {ENOPROTOOPT}, " two"},
@@ -141,36 +164,56 @@ TEST_F(CommsFaults, CostTheListenerAMessageAtMost) {
         {"close", {EINTR, EIO}, "one two"},
     };
     check(table, "one two", [this](TestEndpoint& endpoint, const Fault* fault) {
-        const auto answerNext = [this, &endpoint] {
-            FV2SocketComms_ReceivedData in = endpoint.listenAcceptAndReceiveData();
-            passesNothingOn();
-            const bool listens = in.socket.isOpen();
-            if (in.byteCount > 0)
-                endpoint.send(in.socket.get(), in.data);
-            endpoint.closeAfterAnswer(std::move(in));
-            return listens;
-        };
-        // From the first exchange on it listens.
-        EXPECT_TRUE(endpoint.createBinding());
-        const std::jthread first([this] {
-            const UniqueFd peer = connectTo(path);
-            sendAll(peer, "zero");
-            EXPECT_EQ(receiveAll(peer), "zero");
-        });
-        EXPECT_TRUE(answerNext());
+        startListening(endpoint);
         const std::array peers{connectTo(path), connectTo(path)};
         sendAll(peers[0], "one");
         sendAll(peers[1], "two");
         const bool listens = under(fault, [&] {
             bool still = true;
             while (still && !(isReadable(peers[0]) && isReadable(peers[1])))
-                still = answerNext();
+                still = !answerNext(endpoint).empty();
             return still;
         });
         if (!listens)
             endpoint.cleanup();
         return (listens ? receiveAll(peers[0]) : "failed" + receiveAll(peers[0])) + " " + receiveAll(peers[1]);
     });
+}
+
+//! One who has said nothing yet is thrown out for one who is there, not for a full table alone, and gets its turn
+//! however many come after it.
+TEST_F(CommsFaults, CostAWaitingPeerItsPlaceOnlyForAnotherOne) {
+    TestEndpoint endpoint(path);
+    startListening(endpoint);
+    std::vector<UniqueFd> silent;
+    const auto connectSilent = [&]() -> const UniqueFd& {
+        takeIn(endpoint);
+        silent.push_back(connectTo(path));
+        takeIn(endpoint, 1);
+        return silent.back();
+    };
+    const auto connectSpeaker = [this] {
+        UniqueFd peer = connectTo(path);
+        sendAll(peer, "one");
+        return peer;
+    };
+    for (const bool seenByPoll : {true, false}) {
+        const UniqueFd& waiting = connectSilent();
+        const UniqueFd peer = connectSpeaker();
+        const Faults faults({{"accept4", EMFILE, seenByPoll ? 1 : 2}, {"poll", ENOMEM, seenByPoll ? 3 : 2}});
+        EXPECT_EQ(answerNext(endpoint), "one");
+        EXPECT_EQ(seenByPoll ? "" : answerNext(endpoint), "");
+        EXPECT_EQ(isReadable(waiting), seenByPoll) << "closed";
+    }
+    const UniqueFd& patient = connectSilent();
+    std::vector<UniqueFd> others;
+    others.push_back(connectSpeaker());
+    EXPECT_EQ(answerNext(endpoint), "one");
+    sendAll(patient, "patient");
+    do
+        others.push_back(connectSpeaker());
+    while (answerNext(endpoint) != "patient" && others.size() < 30);
+    EXPECT_LT(others.size(), 20U);
 }
 
 } // namespace

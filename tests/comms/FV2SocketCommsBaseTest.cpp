@@ -81,7 +81,7 @@ TEST_F(Client, SendsTheRequestWholeAndReturnsTheReplyWhole) {
             sendAll(connection, jsonOf(size.second));
             receiveAll(connection);
         });
-        EXPECT_EQ(TestEndpoint(path, {1, 300ms}).sendAndReceive(jsonOf(size.first)),
+        EXPECT_EQ(TestEndpoint(path, {1, 10s}).sendAndReceive(jsonOf(size.first)),
                   size.second > TestEndpoint::maxReply ? "" : jsonOf(size.second));
     }
 }

@@ -2,19 +2,16 @@
 # SPDX-License-Identifier: Apache-2.0
 """The harness itself: what it starts ends with it, and what does not happen is said in time."""
 
-import functools
 import os
 import pwd
 import signal
-import subprocess
 import sys
 import time
 import unittest
 from pathlib import Path
 
 from desktop import Desktop
-from mocks import XFCE_SWITCH, LoginSession, Notifications, Portal, gnome_banners, set_do_not_disturb
-from tray import PROPERTIES
+from mocks import LoginSession
 from waiting import NotInTime, wait_until
 
 
@@ -29,10 +26,6 @@ def marked_processes(folder):
         except OSError:
             pass  # not ours, or gone meanwhile
     return found
-
-
-def ask(bus, name, path, interface, method, *arguments):
-    return bus.get_object(name, path, introspect=False).get_dbus_method(method, interface)(*arguments)
 
 
 class DesktopTest(unittest.TestCase):
@@ -73,40 +66,6 @@ class DesktopTest(unittest.TestCase):
             with self.assertRaisesRegex(NotInTime, "ended before"):
                 program.expect("third")
             self.assertEqual(program.wait(), 3)
-
-    def test_a_session_without_a_panel_has_no_tray(self):
-        with Desktop(panel=None, logs_folder=False) as desktop:
-            self.assertFalse(desktop.bus.name_has_owner("org.kde.StatusNotifierWatcher"))
-            self.assertFalse((desktop.home / "logs").exists())
-
-    def test_the_mocks_say_and_announce_what_was_set(self):
-        with Desktop(panel=None, system_bus=True) as desktop:
-            login, portal, alerts = LoginSession(desktop, active=False), Portal(desktop, 1), Notifications(desktop)
-            session = ask(desktop.system_bus, login.NAME, login.PATH, login.INTERFACE, "GetSession", "auto")
-            system, user = (desktop.start(["dbus-monitor", bus]) for bus in ("--system", "--session"))
-            for monitor in (system, user):
-                monitor.expect("NameAcquired")
-            scheme = (desktop.bus, portal.NAME, portal.PATH, portal.INTERFACE, "Read", *portal.SETTING)
-            xfconf = (desktop.bus, "org.xfce.Xfconf", "/org/xfce/Xfconf", "org.xfce.Xfconf")
-            switch = functools.partial(set_do_not_disturb, desktop)
-            cases = (
-                (login.set_active, True, system, f"^signal .*path={session};.*PropertiesChanged", True,
-                 (desktop.system_bus, login.NAME, session, PROPERTIES, "Get", login.SESSION_INTERFACE, "Active")),
-                (alerts.set_inhibited, True, user, f"^signal .*path={alerts.PATH};.*PropertiesChanged", True,
-                 (desktop.bus, alerts.NAME, alerts.PATH, PROPERTIES, "Get", alerts.INTERFACE, "Inhibited")),
-                (portal.set_color_scheme, 2, user, "member=SettingChanged", 2, scheme),
-                (switch, True, user, "member=PropertyChanged", True, (*xfconf, "GetProperty", *XFCE_SWITCH)),
-                (switch, None, user, "member=PropertyRemoved", False, (*xfconf, "PropertyExists", *XFCE_SWITCH)),
-            )
-            for change, value, monitor, announced, read, question in cases:
-                with self.subTest(announced):
-                    change(value)
-                    monitor.expect(announced)
-                    self.assertEqual(ask(*question), read)
-            self.assertEqual(ask(*scheme).variant_level, 2)
-            shown = subprocess.run(["gsettings", "get", "org.gnome.desktop.notifications", "show-banners"],
-                                   env={**desktop.env, **gnome_banners(desktop, False)}, capture_output=True, text=True)
-            self.assertEqual(shown.stdout, "false\n")
 
 
 if __name__ == "__main__":

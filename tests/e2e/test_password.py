@@ -9,7 +9,6 @@ import unittest
 from accounts import account, listed_account
 from agent import end, start_agent, start_service
 from desktop import Desktop
-from mocks import Notifications
 from password_dialog import PasswordDialog
 from waiting import wait_until
 
@@ -29,13 +28,12 @@ def scenario(desktop, wants, prepares, works, done):
 
 
 class PasswordTest(unittest.TestCase):
-    def start(self, *lines, who=listed_account, options=(), before=lambda desktop: None):
+    def start(self, *lines, who=listed_account):
         self.doCleanups()  # what an earlier case has left
         self.account = self.enterContext(who())
         self.desktop = self.enterContext(Desktop(window_manager=True, accessible=True, account=self.account))
-        before(self.desktop)
         self.service = start_service(self.desktop, *lines)
-        self.agent = start_agent(self.desktop, *options)
+        self.agent = start_agent(self.desktop)
         self.dialog = PasswordDialog(self.desktop, self.agent)
 
     def alert_says(self, title, text=""):
@@ -109,21 +107,6 @@ class PasswordTest(unittest.TestCase):
         self.dialog.enter(self.account.password)
         self.service.expect("^credentials of uid .*: accepted")
         self.dialog.wait_until_gone()
-
-    def test_no_dialog_comes_where_it_would_disturb(self):
-        def do_not_disturb(desktop):
-            self.alerts = Notifications(desktop, inhibited=True)
-
-        for what, options, before in (("the user is not to be disturbed", (), do_not_disturb),
-                                      ("the window is open", ["--show-window"], lambda desktop: None)):
-            with self.subTest(what):
-                self.start("state 1", options=options, before=before)
-                self.agent.expect("updateFromModel syncSource == Startup")
-                for state in (3, 1, 7):
-                    self.service.send(f"state {state}")
-                    self.service.expect("^status for uid")
-                time.sleep(1)
-                self.assertEqual(self.dialog.windows(), [])
 
 
 if __name__ == "__main__":

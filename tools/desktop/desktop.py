@@ -248,8 +248,15 @@ class Desktop:
 
     def _start_window_manager(self):
         self._write_settings("xfwm4", WINDOW_MANAGER_CONFIG)
-        manager = self.start(["xfwm4"])
-        wait_until(lambda: manager.running() and self.screen.managed(), "the window manager", 30)
+        self._manager = self.start(["xfwm4"])
+        wait_until(lambda: self._manager.running() and self.screen.managed(), "the window manager", 30)
+
+    def revive_window_manager(self):
+        """Starts the window manager again if it has crashed, as a session does, and tells whether it had."""
+        crashed = not self._manager.running()
+        if crashed:
+            self._start_window_manager()
+        return crashed
 
     def _start_accessibility(self):
         launcher = self.start(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"])
