@@ -27,12 +27,18 @@ std::string homeDirectory() {
     return found == nullptr ? std::string() : found->pw_dir;
 }
 
-//! Asks the kernel for nothing else, unlike fstat: it is asked for each line.
-std::optional<struct statx> kindOwnerAndSize(int fd) {
+struct KindOwnerAndSize {
+    mode_t mode;
+    uid_t owner;
+    off_t size;
+};
+
+//! Not by fstat: Linux 6.13 and later give a file whose times were asked for a new one at the next write, at a cost.
+std::optional<KindOwnerAndSize> kindOwnerAndSize(int fd) {
     struct statx status {};
     if (::statx(fd, "", AT_EMPTY_PATH, STATX_TYPE | STATX_UID | STATX_SIZE, &status) != 0)
         return std::nullopt;
-    return status;
+    return KindOwnerAndSize{status.stx_mode, status.stx_uid, static_cast<off_t>(status.stx_size)};
 }
 
 std::size_t writeAll(int fd, std::string_view text) {
@@ -59,15 +65,15 @@ bool appendToLogFile(const std::string& path, std::string_view text) {
         ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
     static const uid_t us = ::getuid();
     const auto before = file ? kindOwnerAndSize(file.get()) : std::nullopt;
-    if (!before || !S_ISREG(before->stx_mode) || before->stx_uid != us)
+    if (!before || !S_ISREG(before->mode) || before->owner != us)
         return false;
     const std::size_t written = writeAll(file.get(), text);
     if (written == text.size())
         return true;
     const auto after = kindOwnerAndSize(file.get());
-    const bool onlyOurs = after && after->stx_size == before->stx_size + written;
+    const bool onlyOurs = after && after->size == before->size + static_cast<off_t>(written);
     if (written > 0 && onlyOurs)
-        static_cast<void>(::ftruncate(file.get(), static_cast<off_t>(before->stx_size)) == 0);
+        static_cast<void>(::ftruncate(file.get(), before->size) == 0);
     return false;
 }
 
