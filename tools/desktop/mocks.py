@@ -117,13 +117,10 @@ class Notifications(Mock):
 
 
 def set_do_not_disturb(desktop, wanted):
-    """Xfce's switch, in the desktop's real settings service; None takes the setting away."""
+    """Xfce's switch, in the desktop's real settings service."""
     settings = desktop.bus.get_object("org.xfce.Xfconf", "/org/xfce/Xfconf", introspect=False)
-    if wanted is None:
-        settings.ResetProperty(*XFCE_SWITCH, False, dbus_interface="org.xfce.Xfconf")
-    else:
-        value = dbus.Boolean(wanted, variant_level=1)
-        settings.SetProperty(*XFCE_SWITCH, value, dbus_interface="org.xfce.Xfconf")
+    value = dbus.Boolean(wanted, variant_level=1)
+    settings.SetProperty(*XFCE_SWITCH, value, dbus_interface="org.xfce.Xfconf")
 
 
 def gnome_banners(desktop, shown):
