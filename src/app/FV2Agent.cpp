@@ -55,8 +55,7 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
                   .wndDelegate = m_wndDelegate,
                   .menuBarStatusItem = m_trayItem,
                   .menu = m_menu,
-                  .quit = [] { QCoreApplication::exit(); },
-                  .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); }}) {
+                  .quit = [] { QCoreApplication::exit(); }}) {
     // Panels show the application's name where they list their items.
     QGuiApplication::setApplicationDisplayName(QString::fromStdString(text("IDUS_PRODUCT_DISPLAY_NAME")));
     m_appModel->setAppConfigModel(makeAppConfigModel());
@@ -77,6 +76,8 @@ std::shared_ptr<FV2AppStateModel> FV2Agent::makeModel() {
                                        .computerName = computerName(),
                                        .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
                                        .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
+                                       .whenQuietIsKnown =
+                                           [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
                                        .passwords = &m_passwords},
         ::getuid());
 }

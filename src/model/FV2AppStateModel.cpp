@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/FV2AppStateModel.h"
 
-#include "comms/FV2Records.h"
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
 #include "model/FV2StatesTable.h"
@@ -13,8 +12,8 @@ namespace fv2 {
 
 namespace {
 
-//! How often the status is asked for while no notification can be expected: the service can't be reached, and a
-//! restarted one does not know us, or somebody else holds our socket's path.
+//! How often the status is asked for while no notification can be expected: the service can't be reached or gives no
+//! token, and a restarted one does not know us, or somebody else holds our socket's path.
 constexpr std::chrono::seconds kUnpromptedRefresh{60};
 //! And otherwise: a service that ended without a word, or came back without its memory, is noticed in the end.
 constexpr std::chrono::minutes kHeartbeat{10};
@@ -25,13 +24,14 @@ FV2AppStateModel::FV2AppStateModel(Surroundings surroundings, std::int64_t userI
     : m_outside(std::move(surroundings))
     , m_state(m_outside.strings, userId, m_outside.computerName)
     , jsonParser(m_outside.strings, m_outside.mediumDate)
-    , m_serviceGate(m_outside.timers, 2,
-                    [this] {
-                        m_refreshIsWanted = false;
-                        startRefresh(true, fv2SyncSource::Service, false, &m_serviceGate);
-                    })
-    , m_movedGate(m_outside.timers, 1, [this] { startRefresh(false, fv2SyncSource::Moved, false, &m_movedGate); })
-    , m_askCounter(std::make_shared<std::atomic<std::uint64_t>>(0))
+    , m_refreshes(m_outside.dispatch, m_outside.timers, m_outside.service, userId, m_owner, refreshEvents())
+    , m_showGate(m_outside.timers, 1,
+                 [this] {
+                     m_showIsWanted = false;
+                     m_appDelegate->menuShowMainWindow();
+                     m_showGate.finished();
+                 })
+    , m_prompt(promptOutside())
     , m_listener(
           m_outside.makeAppSocket(), backgroundThreadSemaphore,
           {.received = [this](fv2JsonCommand command) { onNotification(command); },
@@ -56,10 +56,12 @@ void FV2AppStateModel::stopBackgroundThread() {
     m_listener.stop();
 }
 
-//! Runs on the listener's thread. Main hears of the first notification only, until the refresh that it asks for begins.
+//! Runs on the listener's thread. Main hears of the first notification only, until the refresh that it asks for begins,
+//! and of the first wish to see the window until it is shown.
 void FV2AppStateModel::onNotification(fv2JsonCommand command) {
     if (command == fv2JsonCommand::Show) {
-        m_outside.dispatch.toMain(guarded([this] { m_appDelegate->menuShowMainWindow(); }));
+        if (!m_showIsWanted.exchange(true))
+            m_outside.dispatch.toMain(guarded([this] { m_showGate.request(); }));
     } else if (!m_refreshIsWanted.exchange(true)) {
         m_outside.dispatch.toMain(guarded([this] { syncCommsAsync(true, fv2SyncSource::Service, false); }));
     }
@@ -69,95 +71,77 @@ void FV2AppStateModel::onBound(bool bound) {
     if (std::exchange(m_notificationsArrive, bound) == bound || !m_wantsNotifications)
         return;
     if (bound)
-        syncCommsAsync(true, fv2SyncSource::Service, false);
+        refreshUnprompted(false);
     else
-        scheduleUnpromptedRefresh();
+        scheduleUnpromptedRefresh(true);
+}
+
+FV2RefreshCycle::Events FV2AppStateModel::refreshEvents() {
+    return {.begins =
+                [this](const FV2RefreshOrder& order) {
+                    if (order.pushed)
+                        m_refreshIsWanted = false;
+                },
+            .token = [this](const std::string& token) { m_state.commsToken = token; },
+            .finished = [this](const FV2RefreshOrder& order, const DecodedStatus& status,
+                               bool counts) { finishRefresh(order, status, counts); }};
 }
 
 void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bool alertOnFailure) {
     logRelease("syncCommsAsync() in.");
     m_wantsNotifications |= source == fv2SyncSource::Moved;
-    if (source == fv2SyncSource::Service && checkAction && !alertOnFailure)
-        m_serviceGate.request();
-    else if (source == fv2SyncSource::Moved && !checkAction && !alertOnFailure)
-        m_movedGate.request();
-    else
-        startRefresh(checkAction, source, alertOnFailure, nullptr);
+    m_startupIsUnderWay |= source == fv2SyncSource::Startup;
+    m_refreshes.request({.checkAction = checkAction,
+                         .source = source,
+                         .alertOnFailure = alertOnFailure,
+                         .pushed = source == fv2SyncSource::Service});
     logRelease("syncCommsAsync() out.");
 }
 
-void FV2AppStateModel::startRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, FV2RefreshGate* gate) {
-    auto job = [&service = m_outside.service, uid = m_state.userID, counter = m_askCounter] {
-        logRelease("syncCommsAsync -> calling syncCommsDirect()");
-        RefreshAnswer answer = syncCommsDirect(service, uid, *counter);
-        logRelease("syncCommsAsync -> called syncCommsDirect()");
-        return answer;
-    };
-    m_outside.dispatch.run(m_owner, std::move(job), [=, this](const RefreshAnswer& answer) {
-        if (gate != nullptr)
-            gate->finished();
-        finishRefresh(checkAction, source, alertOnFailure, answer);
-    });
+//! As a notification would, but neither the user nor the service asked for it.
+void FV2AppStateModel::refreshUnprompted(bool alertOnFailure) {
+    m_refreshes.request({.checkAction = true, .source = fv2SyncSource::Service, .alertOnFailure = alertOnFailure});
 }
 
-//! Runs on a worker.
-FV2AppStateModel::RefreshAnswer FV2AppStateModel::syncCommsDirect(FV2ServiceLink& service, std::int64_t uid,
-                                                                  std::atomic<std::uint64_t>& counter) {
-    logRelease("syncCommsDirect() in");
-    RefreshAnswer answer;
-    answer.tokenNumber = ++counter;
-    answer.token = FV2CommsToken::tokenOf(service.exchange(getTokenRequest(uid)));
-    logRelease("_updateStatus in.");
-    answer.statusNumber = ++counter;
-    answer.status = FV2JsonParserORM::decodeStatus(service.exchange(getStatusRequest(uid)));
-    logRelease("_updateStatus() out. (result = ", answer.status.result.ok, ")");
-    return answer;
-}
-
-void FV2AppStateModel::finishRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure,
-                                     const RefreshAnswer& answer) {
-    if (answer.tokenNumber > m_newestToken) {
-        m_newestToken = answer.tokenNumber;
-        m_state.commsToken = answer.token;
-    }
-    if (answer.statusNumber > m_newestStatus) {
-        m_newestStatus = answer.statusNumber;
-        jsonParser.apply(answer.status, m_state);
-    }
+void FV2AppStateModel::finishRefresh(const FV2RefreshOrder& order, const DecodedStatus& status, bool counts) {
+    if (order.source == fv2SyncSource::Startup)
+        m_startupIsUnderWay = false;
+    if (counts)
+        jsonParser.apply(status, m_state);
     logRelease("ORM - appModel updateFromModel calling UpdateStatusMessages");
     static_cast<void>(jsonParser.UpdateStatusMessages(m_state));
     logRelease("ORM - appModel updateFromModel called UpdateStatusMessages");
-    updateFromModel(checkAction, effectiveSource(source));
-    const CommandResult& result = answer.status.result;
-    if (alertOnFailure && !result.ok && isMainWindowOpen())
+    updateFromModel(order.checkAction, effectiveSource(order));
+    const CommandResult& result = status.result;
+    if (counts && order.alertOnFailure && !result.ok && isMainWindowOpen())
         doAlert(fv2Window::Main, result.errorCode, result.alert);
     if (m_wantsNotifications)
-        scheduleUnpromptedRefresh();
+        scheduleUnpromptedRefresh(jsonParser.state() != kNoValidAnswer);
     else
         sendUnsubscribe(); // this refresh was under way meanwhile: its new token has made the old one worthless
 }
 
 //! The notification that follows a user's synchronisation counts as the user's own request.
-fv2SyncSource FV2AppStateModel::effectiveSource(fv2SyncSource source) {
-    logRelease("syncCommsAsync -> source is ", caseName(source));
-    if (source != fv2SyncSource::Service) {
+fv2SyncSource FV2AppStateModel::effectiveSource(const FV2RefreshOrder& order) {
+    logRelease("syncCommsAsync -> source is ", caseName(order.source));
+    if (order.source != fv2SyncSource::Service) {
         logRelease("syncCommsAsync -> source was not .Service");
-        return source;
+        return order.source;
     }
-    if (!m_state.syncORMUserInitiated) {
+    if (!order.pushed || !m_state.syncORMUserInitiated) {
         logRelease("syncCommsAsync -> not user initiated proxy sync");
-        return source;
+        return order.source;
     }
     logRelease("syncCommsAsync -> handling. user initiated proxy sync");
     m_state.syncORMUserInitiated = false;
     return fv2SyncSource::User;
 }
 
-void FV2AppStateModel::scheduleUnpromptedRefresh() {
-    const bool expected = m_notificationsArrive && jsonParser.state() != kNoValidAnswer;
+void FV2AppStateModel::scheduleUnpromptedRefresh(bool serviceAnswers) {
+    const bool expected = serviceAnswers && m_notificationsArrive && !m_state.commsToken.empty();
     m_unpromptedRefresh = m_outside.timers.after(expected ? kHeartbeat : kUnpromptedRefresh, [this] {
         m_unpromptedRefresh.reset();
-        syncCommsAsync(true, fv2SyncSource::Service, false);
+        refreshUnprompted(false);
     });
 }
 
@@ -185,21 +169,25 @@ void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure)
         logRelease("syncProxyAsync() syncProxy() done.");
         return result;
     };
-    m_outside.dispatch.run(m_owner, std::move(job), [this, alertOnFailure](const CommandResult& result) {
-        finishProxySync(alertOnFailure, result);
+    m_outside.dispatch.run(m_owner, std::move(job), [this, source, alertOnFailure](const CommandResult& result) {
+        finishProxySync(source, alertOnFailure, result);
     });
     logRelease("syncProxyAsync() out.");
 }
 
-void FV2AppStateModel::finishProxySync(bool alertOnFailure, const CommandResult& result) {
+void FV2AppStateModel::finishProxySync(fv2SyncSource source, bool alertOnFailure, const CommandResult& result) {
     proxySyncSemaphore.signal();
     m_state.syncORMActive = false;
-    if (result.ok)
+    if (result.ok) {
         m_appDelegate->updateMenu(); // the service's notification brings the rest
-    else
-        updateFromModel(false, fv2SyncSource::None);
-    if (alertOnFailure && !result.ok && isMainWindowOpen())
+        return;
+    }
+    if (source == fv2SyncSource::User)
+        m_state.syncORMUserInitiated = false; // no notification follows that could be the user's
+    updateFromModel(false, fv2SyncSource::None);
+    if (alertOnFailure && isMainWindowOpen())
         doAlert(fv2Window::Main, result.errorCode, result.alert);
+    refreshUnprompted(false); // the service may have forgotten our token
 }
 
 void FV2AppStateModel::unsubscribeFromNotifications() {
@@ -244,10 +232,12 @@ void FV2AppStateModel::updateFromModel(bool checkAction, fv2SyncSource syncSourc
     updateWindows();
 
     logRelease("appModel->updateFromModel syncSource == ", caseName(syncSource));
-    const bool actionRequired = std::exchange(m_state.isActionRequired, false);
     const bool mainWindowOpen = isMainWindowOpen();
     const bool sourceAllows = syncSource == fv2SyncSource::Startup || syncSource == fv2SyncSource::User ||
                               (syncSource == fv2SyncSource::Service && !mainWindowOpen);
+    const bool actionRequired = m_state.isActionRequired;
+    // What may not act leaves the first action to the start-up refresh while that is under way.
+    m_state.isActionRequired = actionRequired && m_startupIsUnderWay && !sourceAllows;
     if (!sourceAllows) {
         logRelease("appModel->updateFromModel -> not checked for action required due to source");
         return;

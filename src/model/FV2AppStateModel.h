@@ -7,12 +7,16 @@
 #include "model/FV2JsonParserORM.h"
 #include "model/FV2ModelSurroundings.h"
 #include "model/FV2NotificationListener.h"
+#include "model/FV2PasswordPrompt.h"
+#include "model/FV2RefreshCycle.h"
 #include "model/FV2RefreshGate.h"
 #include "resources/FV2AppConfigModel.h"
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace fv2 {
@@ -50,8 +54,8 @@ public:
     void stopBackgroundThread();
 
     //! Asks the service for a token and the status on a worker, then updates everything on the main thread. Returns at
-    //! once. Refreshes with source Service, and those with source Moved, merge and are spaced: they always check
-    //! actions and never do, respectively, and never alert.
+    //! once. Refreshes of one source merge and are spaced; a merged one checks and alerts if any of them does. Service
+    //! stands for a notification that the service has pushed.
     void syncCommsAsync(bool checkAction, fv2SyncSource source, bool alertOnFailure);
 
     //! Asks the service to synchronise with its management server; dropped while one is in flight. Returns at once.
@@ -75,8 +79,7 @@ public:
     //! that the password is typed later, the password window of that direction is told.
     void doAlert(fv2Window window, std::uint64_t errorCode, fv2Alert alert);
 
-    //! Lets the password window come back after the time that the policy gives; not at all when that is none. A year at
-    //! most.
+    //! Lets the password window come back after the time that the policy gives; not at all when that is none.
     void postponePasswordDialog(bool encrypt);
 
     //! Checks a password of this computer on a worker; `done` gets the result unless the model has gone by then.
@@ -91,25 +94,20 @@ public:
     [[nodiscard]] CountingSemaphore& updateSemaphore() { return updateModelSemaphore; }
 
 private:
-    struct RefreshAnswer {
-        // Each number grows with the moment at which its value was asked for.
-        std::uint64_t tokenNumber = 0;
-        std::string token;
-        std::uint64_t statusNumber = 0;
-        DecodedStatus status;
-    };
-
-    void startRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, FV2RefreshGate* gate);
-    void finishRefresh(bool checkAction, fv2SyncSource source, bool alertOnFailure, const RefreshAnswer& answer);
-    [[nodiscard]] static RefreshAnswer syncCommsDirect(FV2ServiceLink& service, std::int64_t uid,
-                                                       std::atomic<std::uint64_t>& counter);
-    void onPasswordDialogTimer(bool encrypt);
-    void finishProxySync(bool alertOnFailure, const CommandResult& result);
-    [[nodiscard]] fv2SyncSource effectiveSource(fv2SyncSource source);
+    [[nodiscard]] FV2RefreshCycle::Events refreshEvents();
+    [[nodiscard]] FV2PasswordPrompt::Outside promptOutside();
+    void finishRefresh(const FV2RefreshOrder& order, const DecodedStatus& status, bool counts);
+    void refreshUnprompted(bool alertOnFailure);
+    void openPasswordWindow(fv2Window kind, bool userInitiated);
+    [[nodiscard]] FV2PasswordPrompt::Wish passwordWish(fv2Window kind) const;
+    void syncProxyUnasked();
+    void finishProxySync(fv2SyncSource source, bool alertOnFailure, const CommandResult& result);
+    [[nodiscard]] fv2SyncSource effectiveSource(const FV2RefreshOrder& order);
     void updateWindows();
     void onNotification(fv2JsonCommand command);
     void onBound(bool bound);
-    void scheduleUnpromptedRefresh();
+    //! Soon when no notification can be expected, as after an exchange that failed; otherwise late.
+    void scheduleUnpromptedRefresh(bool serviceAnswers);
     void sendUnsubscribe();
     [[nodiscard]] bool isMainWindowOpen() const;
     [[nodiscard]] std::function<void()> guarded(std::function<void()> job) const;
@@ -120,25 +118,26 @@ private:
     std::unique_ptr<FV2AppConfigModel> m_appConfigModel;
     FV2AppState m_state;
     FV2JsonParserORM jsonParser;
-    std::unique_ptr<FV2Timer> passwordDialogPostponeTimer;
 
     CountingSemaphore backgroundThreadSemaphore{1};
     CountingSemaphore updateModelSemaphore{1};
     CountingSemaphore proxySyncSemaphore{1};
     CountingSemaphore backgroundSyncSemaphore{1}; //!< stands with the others; nothing waits on it
 
-    FV2RefreshGate m_serviceGate;
-    FV2RefreshGate m_movedGate;
-    std::shared_ptr<std::atomic<std::uint64_t>> m_askCounter;
-    std::uint64_t m_newestToken = 0;
-    std::uint64_t m_newestStatus = 0;
+    std::shared_ptr<const char> m_alive = std::make_shared<const char>();
+    const std::weak_ptr<const void> m_owner = m_alive; //!< copied on any thread
+    FV2RefreshCycle m_refreshes;
+    FV2RefreshGate m_showGate;
+    FV2PasswordPrompt m_prompt;
     std::atomic<bool> m_refreshIsWanted = false;
+    std::atomic<bool> m_showIsWanted = false;
+    bool m_startupIsUnderWay = false;
     bool m_notificationsArrive = true;
     bool m_wantsNotifications = true;
     std::unique_ptr<FV2Timer> m_unpromptedRefresh;
+    std::optional<std::chrono::steady_clock::time_point> m_lastUnaskedSync;
+    std::unique_ptr<FV2Timer> m_nextUnaskedSync;
 
-    std::shared_ptr<const char> m_alive = std::make_shared<const char>();
-    const std::weak_ptr<const void> m_owner = m_alive; //!< copied on any thread
     FV2NotificationListener m_listener;
 };
 

@@ -6,15 +6,19 @@
 #include "logging/FV2Logging.h"
 #include "model/FV2AlertTable.h"
 #include "model/FV2AppStateModel.h"
-
-#include <algorithm>
+#include "model/FV2StatesTable.h"
 
 namespace fv2 {
 
 namespace {
 
-//! What the service asks beyond counts as this, a year.
-constexpr std::int64_t kLongestPostponement = std::int64_t{60} * 24 * 365;
+//! How long a synchronisation that nobody asked for keeps off the next one: its own failure calls for another.
+constexpr std::chrono::minutes kUnaskedSyncPause{10};
+
+fv2AppCommand commandFor(fv2Window passwordWindow) {
+    return passwordWindow == fv2Window::Password_Encrypt ? fv2AppCommand::EnterEncPassword
+                                                         : fv2AppCommand::EnterDecPassword;
+}
 
 } // namespace
 
@@ -22,22 +26,73 @@ void FV2AppStateModel::performAction(fv2AppCommand command, bool userInitiated) 
     switch (command) {
     case fv2AppCommand::RetryComms:
     case fv2AppCommand::GetStatus:
-        syncCommsAsync(true, fv2SyncSource::User, true);
+        if (userInitiated)
+            syncCommsAsync(true, fv2SyncSource::User, true);
+        else
+            refreshUnprompted(true);
         break;
     case fv2AppCommand::EnterEncPassword:
+        openPasswordWindow(fv2Window::Password_Encrypt, userInitiated);
+        break;
     case fv2AppCommand::EnterDecPassword:
-        if (m_wndDelegate != nullptr)
-            m_wndDelegate->openWindow(command == fv2AppCommand::EnterEncPassword ? fv2Window::Password_Encrypt
-                                                                                 : fv2Window::Password_Decrypt,
-                                      userInitiated);
+        openPasswordWindow(fv2Window::Password_Decrypt, userInitiated);
         break;
     case fv2AppCommand::ProxySync_ORM:
-        syncProxyAsync(userInitiated ? fv2SyncSource::User : fv2SyncSource::None, true);
+        if (userInitiated)
+            syncProxyAsync(fv2SyncSource::User, true);
+        else
+            syncProxyUnasked();
         break;
     case fv2AppCommand::NoAction:
     case fv2AppCommand::Initialising_ORM:
         break;
     }
+}
+
+void FV2AppStateModel::openPasswordWindow(fv2Window kind, bool userInitiated) {
+    if (m_wndDelegate == nullptr)
+        return;
+    if (userInitiated)
+        m_wndDelegate->openWindow(kind, true);
+    else
+        m_prompt.ask(kind);
+}
+
+FV2PasswordPrompt::Outside FV2AppStateModel::promptOutside() {
+    return {
+        .timers = m_outside.timers,
+        .wish = [this](fv2Window kind) { return passwordWish(kind); },
+        .open =
+            [this](fv2Window kind) {
+                m_wndDelegate->openWindow(kind, false);
+                return m_wndDelegate->isOpen(kind);
+            },
+        .doNotDisturb = [this] { return m_outside.doNotDisturb(); },
+        .whenQuietIsKnown = [this](std::function<void()> job) { m_outside.whenQuietIsKnown(guarded(std::move(job))); }};
+}
+
+FV2PasswordPrompt::Wish FV2AppStateModel::passwordWish(fv2Window kind) const {
+    if (!m_wantsNotifications || jsonParser.state() == kNoValidAnswer)
+        return FV2PasswordPrompt::Wish::NotNow;
+    return m_state.lastActionStored == commandFor(kind) ? FV2PasswordPrompt::Wish::Wanted
+                                                        : FV2PasswordPrompt::Wish::NotWanted;
+}
+
+//! At most one in a while: when it fails, the status calls for the next one at once.
+void FV2AppStateModel::syncProxyUnasked() {
+    const auto now = m_outside.timers.now();
+    const auto next = m_lastUnaskedSync ? *m_lastUnaskedSync + kUnaskedSyncPause : now;
+    if (now >= next) {
+        m_lastUnaskedSync = now;
+        syncProxyAsync(fv2SyncSource::None, true);
+        return;
+    }
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - now);
+    m_nextUnaskedSync = m_outside.timers.after(left, [this] {
+        m_nextUnaskedSync.reset();
+        if (m_wantsNotifications && !isMainWindowOpen() && m_state.lastActionStored == fv2AppCommand::ProxySync_ORM)
+            syncProxyUnasked();
+    });
 }
 
 void FV2AppStateModel::doAlert(fv2Window window, std::uint64_t errorCode, fv2Alert alert) {
@@ -56,19 +111,7 @@ void FV2AppStateModel::doAlert(fv2Window window, std::uint64_t errorCode, fv2Ale
 }
 
 void FV2AppStateModel::postponePasswordDialog(bool encrypt) {
-    passwordDialogPostponeTimer.reset();
-    if (m_state.postponeTimeInMins <= 0)
-        return;
-    const std::chrono::minutes delay(std::min(m_state.postponeTimeInMins, kLongestPostponement));
-    passwordDialogPostponeTimer = m_outside.timers.after(delay, [this, encrypt] { onPasswordDialogTimer(encrypt); });
-}
-
-void FV2AppStateModel::onPasswordDialogTimer(bool encrypt) {
-    passwordDialogPostponeTimer.reset();
-    // What the service no longer asks for would be closed again at once.
-    const fv2AppCommand wanted = encrypt ? fv2AppCommand::EnterEncPassword : fv2AppCommand::EnterDecPassword;
-    if (m_state.lastActionStored == wanted)
-        performAction(wanted, false);
+    m_prompt.postpone(encrypt ? fv2Window::Password_Encrypt : fv2Window::Password_Decrypt, m_state.postponeTimeInMins);
 }
 
 void FV2AppStateModel::verifyPassword(const std::string& userName, std::shared_ptr<SecretText> password,
@@ -86,6 +129,7 @@ void FV2AppStateModel::setUserCredentials(const std::string& userName, std::shar
     if (m_state.commsToken.empty()) {
         password->wipe();
         done({.ok = false, .errorCode = 0, .alert = fv2Alert::BadComms});
+        refreshUnprompted(false);
         return;
     }
     auto job = [&service = m_outside.service, uid = m_state.userID, token = m_state.commsToken, userName,
@@ -97,7 +141,13 @@ void FV2AppStateModel::setUserCredentials(const std::string& userName, std::shar
         request.wipe();
         return genericResult(answer, fv2Alert::FailPassword);
     };
-    m_outside.dispatch.run(m_owner, std::move(job), std::move(done));
+    m_outside.dispatch.run(m_owner, std::move(job), [this, done = std::move(done)](const CommandResult& result) {
+        done(result);
+        if (result.alert == fv2Alert::FailPassword)
+            refreshUnprompted(false); // the service may have forgotten our token
+        else if (!result.ok && m_wantsNotifications)
+            scheduleUnpromptedRefresh(false);
+    });
 }
 
 } // namespace fv2

@@ -27,6 +27,9 @@ struct FV2ModelSurroundings {
     std::chrono::milliseconds bindAgainAfter = std::chrono::seconds(30);
     //! Whether the desktop asks for silence; answers at once from what is known.
     std::function<bool()> doNotDisturb = [] { return false; };
+    //! Calls the job, at once or later, when it is known what the desktop asks for: the first status may call for a
+    //! window.
+    std::function<void(std::function<void()>)> whenQuietIsKnown = [](const std::function<void()>& job) { job(); };
     //! None in an agent without a password window.
     const FV2UserAndPasswordModel* passwords = nullptr;
 };

@@ -6,7 +6,8 @@
 
 namespace fv2 {
 
-//! Timers of Qt's event loop. Main thread only.
+//! Timers in Qt's event loop by a clock that goes on while the computer sleeps: what became due meanwhile is called
+//! right after. Main thread only.
 class FV2QtTimerService final : public FV2TimerService {
 public:
     [[nodiscard]] std::chrono::steady_clock::time_point now() const override;

@@ -44,7 +44,7 @@ void AppDelegate::applicationDidFinishLaunching(bool launchedByFileManager) {
     m_parts.menuBarStatusItem.show(state.getMenuBarStatusIcon(), state.overallState);
     m_trayWatcher.emplace([this] { m_parts.menuBarStatusItem.appear(); });
     m_parts.appModel.runBackgroundThread();
-    m_parts.whenQuietIsKnown([this] { m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false); });
+    m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false);
     if (launchedByFileManager) {
         menuShowMainWindow();
         logRelease("Was launched by Finder");

@@ -28,8 +28,6 @@ public:
         FV2TrayItem& menuBarStatusItem;
         FV2StatusMenu& menu;
         std::function<void()> quit; //!< ends the event loop, which reports it to applicationWillTerminate()
-        //! Calls the job once it is known whether a window would disturb: the first status may call for one.
-        std::function<void(std::function<void()>)> whenQuietIsKnown = [](const std::function<void()>& job) { job(); };
     };
 
     explicit AppDelegate(Parts parts);

@@ -38,6 +38,26 @@ TEST_F(Model, ActsOnAChangedActionOnceWhereTheSourceAllows) {
     EXPECT_EQ(interface.mainUpdates, 5 * 4) << "while it was open";
 }
 
+TEST_F(Model, LeavesTheDeedToTheStartUpRefreshUntilItIsOverAndQuietIsKnown) {
+    const std::string failing = statusAnswer(3, R"(,"sync_ok":0)");
+    quietIsKnown = false;
+    model->syncCommsAsync(true, Startup, false);
+    const auto startUp = std::exchange(dispatch.workers, {});
+    for (const fv2SyncSource source : {Moved, Service}) {
+        interface.open = fv2Window::Main;
+        EXPECT_EQ(refresh(failing, source), "");
+    }
+    interface.open = fv2Window::None;
+    startUp.at(0)();
+    EXPECT_EQ(settled(), "");
+    ASSERT_EQ(whenQuietIsKnown.size(), 1U);
+    whenQuietIsKnown.front()();
+    EXPECT_EQ(settled(), "open 2; ");
+    interface.open = fv2Window::Main;
+    EXPECT_EQ(refresh(statusAnswer(7), Service), "");
+    EXPECT_EQ(refresh(statusAnswer(7), User), "") << "the start is over";
+}
+
 TEST_F(Model, ShowsAnAlertOnlyWhenAskedForAndOnTheOpenMainWindow) {
     const std::string refused = R"({"result":false,"error_code":255})";
     refresh(refused, Moved); // from here on this failure calls for nothing new
@@ -46,9 +66,9 @@ TEST_F(Model, ShowsAnAlertOnlyWhenAskedForAndOnTheOpenMainWindow) {
         EXPECT_EQ(refresh(refused, User), "");
         for (const fv2AppCommand command : {fv2AppCommand::RetryComms, fv2AppCommand::GetStatus}) {
             model->performAction(command, true);
-            EXPECT_EQ(settled(), window == fv2Window::Main
-                                     ? "alert on 1: ALERT_TITLE_COMMS %1|ALERT_ERROR_COMMS %1 (0xFF)|BUTTON_OK %1|"
-                                     : "");
+            EXPECT_EQ(later(25ms), window == fv2Window::Main
+                                       ? "alert on 1: ALERT_TITLE_COMMS %1|ALERT_ERROR_COMMS %1 (0xFF)|BUTTON_OK %1|"
+                                       : "");
         }
     }
     EXPECT_EQ(refresh(statusAnswer(6), User, true, true), "");
@@ -59,10 +79,12 @@ TEST_F(Model, SynchronisesOneAtATimeAndTakesTheServicesNextWordForTheUsers) {
     refresh(statusAnswer(1), Moved);
     int rounds = 0;
     for (const auto& [answer, calls] : std::vector<std::pair<std::string, std::string>>{
-             {R"({"success":true})", ""},
              {R"({"error_code":-1})", "alert on 1: ALERT_ERROR_PROXYSYNC_GENERIC_TITLE %1|"
                                       "ALERT_ERROR_PROXYSYNC_PROBLEM %1 (0xFFFFFFFFFFFFFFFF)|BUTTON_OK %1|"},
-             {"{", "alert on 1: ALERT_TITLE_COMMS %1|ALERT_ERROR_COMMS %1|BUTTON_OK %1|"}}) {
+             {"{", "alert on 1: ALERT_TITLE_COMMS %1|ALERT_ERROR_COMMS %1|BUTTON_OK %1|"},
+             {R"({"success":true})", ""}}) {
+        EXPECT_EQ(refresh(statusAnswer(rounds % 2 == 0 ? 3 : 7), Service), "") << "one that failed leaves no mark";
+        refresh(statusAnswer(1), Moved);
         link.answerToOthers = answer;
         model->performAction(fv2AppCommand::ProxySync_ORM, true);
         EXPECT_EQ(interface.icons.back(), "orm_menu_icon_sync") << "at once";
@@ -73,15 +95,48 @@ TEST_F(Model, SynchronisesOneAtATimeAndTakesTheServicesNextWordForTheUsers) {
         model->syncProxyAsync(User, true);
         EXPECT_EQ(interface.icons.back(), "orm_menu_icon_warning") << "as it was before";
         const int updates = interface.mainUpdates;
+        const long refreshes = asked();
         inFlight.at(0)();
         EXPECT_EQ(settled(), calls) << answer;
         EXPECT_EQ(asked(proxySyncRequest(501, "t1")), ++rounds) << "not in flight, not dropped";
         EXPECT_FALSE(model->state().syncORMActive);
-        EXPECT_EQ(interface.mainUpdates - updates, calls.empty() ? 0 : 1) << "no notification follows a failure";
+        EXPECT_EQ(interface.mainUpdates > updates, !calls.empty()) << "no notification follows a failure";
+        later(25ms);
+        EXPECT_EQ(asked() - refreshes, calls.empty() ? 0 : 1) << "for a new token";
     }
-    EXPECT_EQ(refresh(statusAnswer(6), Moved), "") << "not the service's";
+    later(10min);
+    EXPECT_EQ(refresh(statusAnswer(6), Moved), "") << "neither is the service's";
     EXPECT_EQ(refresh(statusAnswer(3), Service), "status page; open 2 for user; ");
     EXPECT_EQ(refresh(statusAnswer(7), Service), "") << "only the first";
+}
+
+TEST_F(Model, SynchronisesByItselfOnceInTenMinutesWhileThatFails) {
+    const auto synchronisations = [this] { return asked(proxySyncRequest(501, "t1")); };
+    link.answerToOthers = R"({"result":true})";
+    const std::string failed = statusAnswer(6, R"(,"sync_ok":0)");
+    refresh(failed, Startup);
+    for (int minute = 0; minute < 30; ++minute) {
+        refresh(statusAnswer(6, R"(,"sync_active":1)"), Service);
+        refresh(failed, Service);
+        later(1min);
+    }
+    EXPECT_EQ(synchronisations(), 1 + 3);
+    model->performAction(fv2AppCommand::ProxySync_ORM, true);
+    settled();
+    EXPECT_EQ(synchronisations(), 5) << "the user's own";
+    interface.open = fv2Window::Main;
+    later(11min);
+    EXPECT_EQ(synchronisations(), 5) << "the user sees it";
+}
+
+TEST_F(Model, KeepsWhatNobodyAskedForFromPassingForTheUsers) {
+    link.answerToOthers = R"({"result":true})";
+    refresh(statusAnswer(6, R"(,"sync_ok":0)"), Startup); // it synchronises by itself
+    EXPECT_EQ(refresh(statusAnswer(3), Service), "open 2; ");
+    interface.open = fv2Window::None;
+    refresh("", Service); // it tries again by itself
+    link.status = statusAnswer(3);
+    EXPECT_EQ(later(25ms), "open 2; ");
 }
 
 TEST_F(Model, LetsThePasswordWindowComeBackWhenThePolicySaysUnlessItIsNoLongerWanted) {
@@ -91,44 +146,68 @@ TEST_F(Model, LetsThePasswordWindowComeBackWhenThePolicySaysUnlessItIsNoLongerWa
         std::chrono::minutes comesBack; //!< 0: never
     };
     for (const auto& [state, policy, comesBack] :
-         std::vector<Case>{{3, R"({"postponecredentialmins":1})", 1min},
-                           {7, R"({"postponecredentialmins":1})", 1min},
+         std::vector<Case>{{3, R"({"postponecredentialmins":2})", 2min},
+                           {7, R"({"postponecredentialmins":2})", 2min},
                            {3, "{}", 60min},
                            {3, R"({"postponecredentialmins":0})", 0min},
                            {3, R"({"postponecredentialmins":-5})", 0min},
                            {7, R"({"postponecredentialmins":9223372036854775807})", 365 * 24h / 1min * 1min}}) {
         SCOPED_TRACE(policy + std::to_string(state));
         const std::string kind = state == 3 ? "2" : "3";
+        const fv2Window window = state == 3 ? fv2Window::Password_Encrypt : fv2Window::Password_Decrypt;
         refresh(statusAnswer(6), Moved);
-        interface.open = state == 3 ? fv2Window::Password_Encrypt : fv2Window::Password_Decrypt;
+        interface.open = fv2Window::None;
         const std::string answer = R"({"result":true,"error_code":0,"policy":)" + policy + R"(,"status":{"state":)" +
                                    std::to_string(state) + "}}";
         EXPECT_EQ(refresh(answer, Startup), "open " + kind + "; ");
-        model->doAlert(interface.open, 0, state == 3 ? fv2Alert::PostponeEncWarning : fv2Alert::PostponeDecWarning);
+        model->doAlert(window, 0, state == 3 ? fv2Alert::PostponeEncWarning : fv2Alert::PostponeDecWarning);
         EXPECT_EQ(settled(), "alert on " + kind + ": ALERT_TITLE_PASSWORD_WARNING %1|ALERT_WARNING_PASSWORD_POSTPONE_" +
                                  (state == 3 ? "ENC" : "DEC") + " %1|BUTTON_OK %1|BUTTON_CANCEL %1|");
         interface.chooseFirstButton();
         EXPECT_EQ(settled(), "postpone " + kind);
-        const auto waits = [&](std::chrono::milliseconds time) {
-            timers.advance(time);
-            link.status = answer;
-            return settled();
-        };
+        interface.open = fv2Window::None;
+        interface.chooseFirstButton();
+        EXPECT_EQ(settled(), "") << "its window has gone";
         model->postponePasswordDialog(state == 3);
         if (comesBack == 0min) {
-            EXPECT_EQ(waits(48h), "");
+            EXPECT_EQ(later(48h), "");
             continue;
         }
-        waits(comesBack / 2);
+        later(comesBack / 2);
         model->postponePasswordDialog(state == 3);
-        EXPECT_EQ(waits(comesBack - 1ms), "") << "from the last time on";
-        EXPECT_EQ(waits(1ms), "open " + kind + "; ");
-        EXPECT_EQ(waits(2 * comesBack), "") << "once";
+        refresh("", Service);
+        EXPECT_EQ(refresh(answer, Service) + later(comesBack - 1min), "") << "from the last time on, whatever comes";
+        EXPECT_EQ(later(1min), "open " + kind + "; ");
+        EXPECT_EQ(later(2 * comesBack), "") << "once";
+        interface.open = fv2Window::None;
         model->postponePasswordDialog(state == 3);
         refresh(statusAnswer(5), Moved);
-        link.status = statusAnswer(5);
-        timers.advance(comesBack);
-        EXPECT_EQ(settled(), "") << "no longer wanted";
+        EXPECT_EQ(later(2 * comesBack), "") << "no longer wanted";
+    }
+}
+
+TEST_F(Model, LooksEveryMinuteForAnOpeningForAPromptThatIsDue) {
+    const std::vector<std::function<void(bool)>> obstacles{
+        [this](bool there) { interface.silence = there; },
+        [this](bool there) { interface.open = there ? fv2Window::Main : fv2Window::None; },
+        [this](bool there) { refresh(there ? "" : statusAnswer(3), Moved); },
+        [this](bool there) {
+            there ? model->unsubscribeFromNotifications() : model->syncCommsAsync(false, Moved, false);
+        }};
+    interface.silence = true;
+    EXPECT_EQ(refresh(statusAnswer(3), Startup), "open 2; ") << "in vain";
+    interface.silence = false;
+    EXPECT_EQ(later(1min), "open 2; ");
+    for (const auto& obstacle : obstacles) {
+        interface.open = fv2Window::None;
+        model->postponePasswordDialog(true);
+        obstacle(true);
+        later(65min);
+        EXPECT_NE(interface.open, fv2Window::Password_Encrypt);
+        obstacle(false);
+        settled();
+        EXPECT_EQ(later(1min), "open 2; ");
+        EXPECT_EQ(later(5min), "");
     }
 }
 
@@ -144,6 +223,7 @@ TEST_F(Model, HandsOverAPasswordThatIsRightAndLeavesNoneBehind) {
     EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1);
     const auto password = secret("p\"ä");
     std::optional<CommandResult> result;
+    int handed = 0;
     const auto hand = [&] {
         result.reset();
         model->setUserCredentials("someone", password, [&result](const CommandResult& told) { result = told; });
@@ -151,9 +231,10 @@ TEST_F(Model, HandsOverAPasswordThatIsRightAndLeavesNoneBehind) {
         EXPECT_TRUE(password->empty());
         return *result;
     };
+    link.status = statusAnswer(3);
     EXPECT_EQ(hand(), (CommandResult{false, 0, fv2Alert::BadComms}));
-    EXPECT_EQ(link.asked.size(), 0U) << "without a token nothing is sent";
-    refresh(statusAnswer(3), Moved);
+    const std::vector<std::string> askedForAToken{getTokenRequest(501), getStatusRequest(501)};
+    EXPECT_EQ(link.asked, askedForAToken) << "without one nothing is sent";
     for (const auto& [answer, expected] : std::vector<std::pair<std::string, CommandResult>>{
              {R"({"result":true})", {true, 0, fv2Alert::NoError}},
              {R"({"result":false,"error_code":7})", {false, 7, fv2Alert::FailPassword}},
@@ -162,37 +243,81 @@ TEST_F(Model, HandsOverAPasswordThatIsRightAndLeavesNoneBehind) {
         password->append("p\"ä");
         EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 0);
         link.answerToOthers = answer;
+        const auto refreshes = asked();
         EXPECT_EQ(hand(), expected) << answer;
         EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1);
-        EXPECT_EQ(link.asked.back(), R"({"command":"set_user_credentials","uid":501,"token":"t1",)"
-                                     R"("parameters":{"username":"someone","password":"p\"ä"}})");
+        EXPECT_EQ(asked(R"({"command":"set_user_credentials","uid":501,"token":"t1",)"
+                        R"("parameters":{"username":"someone","password":"p\"ä"}})"),
+                  ++handed);
+        later(25ms);
+        EXPECT_EQ(asked() - refreshes, expected.alert == fv2Alert::FailPassword ? 1 : 0) << "for a new token";
     }
+    const auto refreshes = asked();
+    later(1min);
+    EXPECT_EQ(asked() - refreshes, 1) << "the last one was not answered";
 }
 
 TEST_F(Model, NeverPutsAnOlderTokenOrStatusOverANewerOne) {
-    for (const std::string held : {"get_token", "get_status"}) {
-        model->syncCommsAsync(true, User, false);
-        model->syncCommsAsync(true, User, false);
+    interface.open = fv2Window::Main;
+    struct Case {
+        std::string held;
+        std::string older;
+        std::string newer;
+    };
+    const std::string good = statusAnswer(6);
+    for (const auto& [held, older, newer] : std::vector<Case>{{"get_token", "", good},
+                                                              {"get_status", statusAnswer(1), good},
+                                                              {"get_status", R"({"error_code":1})", good},
+                                                              {"get_status", good, ""}}) {
+        later(25ms);
+        model->syncCommsAsync(false, User, true);
+        model->syncCommsAsync(false, Moved, false);
         const auto jobs = std::exchange(dispatch.workers, {});
         link.heldUp = held;
         link.token = "older";
-        link.status = statusAnswer(1);
-        link.meanwhile = [&] {
+        link.status = older;
+        link.meanwhile = [&, next = newer] {
             link.token = "newer";
-            link.status = statusAnswer(6);
+            link.status = next;
             jobs.at(1)();
         };
         jobs.at(0)();
-        settled();
-        EXPECT_EQ(model->state().commsToken + " " + interface.icons.back(), "newer orm_menu_icon") << held;
+        EXPECT_EQ(settled(), "") << "no alert of what has been refuted";
+        EXPECT_EQ(model->state().commsToken + " " + interface.icons.back(), "newer orm_menu_icon") << held << older;
     }
+}
+
+TEST_F(Model, KnowsATokenBeforeTheStatusIsAnsweredAndLosesItOnlyToAnAnswer) {
+    link.heldUp = "get_status";
+    link.meanwhile = [this] {
+        dispatch.main.drain();
+        EXPECT_EQ(model->state().commsToken, "t1");
+    };
+    refresh(statusAnswer(6), Startup);
+    link.token.clear();
+    refresh(statusAnswer(6), Moved);
+    EXPECT_EQ(model->state().commsToken, "");
+    const auto refreshes = asked();
+    link.token = "t2";
+    later(1min);
+    EXPECT_EQ(asked() - refreshes, 1) << "without one no notification comes";
+    EXPECT_EQ(model->state().commsToken, "t2");
+}
+
+TEST_F(Model, MergesTheRefreshesOfEachSourceAndLetsOnlyNotificationsOvertakeOneThatHangs) {
+    for (const auto& [source, most] : {std::pair(Service, 2), {Moved, 1}, {User, 1}})
+        for (int request = 0; request < 9; ++request, timers.advance(25ms)) {
+            model->syncCommsAsync(true, source, true);
+            EXPECT_EQ(dispatch.workers.size(), std::min(request + 1, most)) << caseName(source);
+            if (request == 8)
+                dispatch.workers.clear();
+        }
 }
 
 TEST_F(Model, AsksEveryMinuteWhileNoNotificationCanBeExpectedAndOtherwiseNowAndThen) {
     const auto asksIn = [&](std::chrono::milliseconds time) {
         const auto before = asked();
-        timers.advance(time);
-        settled();
+        later(time);
         return asked() - before;
     };
     refresh("", Moved);
@@ -201,22 +326,31 @@ TEST_F(Model, AsksEveryMinuteWhileNoNotificationCanBeExpectedAndOtherwiseNowAndT
     refresh(statusAnswer(0), Moved);
     EXPECT_EQ(asksIn(9min), 0) << "reached, so its notifications come";
     EXPECT_EQ(asksIn(1min), 1);
-    std::filesystem::create_directory(path);
-    model->runBackgroundThread();
-    long asks = 0;
-    for (int halfMinute = 0; halfMinute < 8; ++halfMinute, ::usleep(40'000)) // in which it tries its path again
-        asks += asksIn(30s);
-    EXPECT_GE(asks, 3);
-    std::filesystem::remove(path);
-    EXPECT_TRUE(connectTo(path));
-    model->stopBackgroundThread();
-    EXPECT_EQ(asksIn(25ms), 1) << "for what was missed";
+    for (const bool leaves : {false, true}) {
+        std::filesystem::create_directory(path);
+        model = make(dispatch, link);
+        model->runBackgroundThread();
+        refresh(statusAnswer(6), Moved);
+        long asks = 0;
+        for (int halfMinute = 0; halfMinute < 8; ++halfMinute, ::usleep(40'000)) // in which it tries its path again
+            asks += asksIn(30s);
+        EXPECT_GE(asks, 3);
+        if (leaves) {
+            model->unsubscribeFromNotifications();
+            EXPECT_EQ(asksIn(20min), 0) << "the user's session is not in front";
+        }
+        std::filesystem::remove(path);
+        EXPECT_TRUE(connectTo(path));
+        model->stopBackgroundThread();
+        EXPECT_EQ(asksIn(25ms), leaves ? 0 : 1) << "for what was missed";
+    }
 }
 
 TEST_F(Model, AnswersEachMessageAndRefreshesOnceForThoseThatWait) {
     link.status = statusAnswer(6);
     model->runBackgroundThread();
-    for (const std::string message : {"{}", R"({ "command": "get_status" })", R"({ "command": "show_ui" })"})
+    const std::string show = R"({ "command": "show_ui" })";
+    for (const std::string& message : {std::string("{}"), std::string(R"({ "command": "get_status" })"), show, show})
         EXPECT_EQ(exchange(message), R"("{ "result": 0 }")");
     EXPECT_EQ(exchange("garbage"), R"("{ "result": 1 }")");
     model->stopBackgroundThread();

@@ -104,6 +104,8 @@ struct FakeInterface : FV2StatusItem, FV2ApplicationDelegate, FV2WindowRegistry 
     bool isOpen(fv2Window kind) const override { return kind == open; }
     void openWindow(fv2Window kind, bool userInitiated) override {
         calls += "open " + std::to_string(static_cast<int>(kind)) + (userInitiated ? " for user; " : "; ");
+        if (open == fv2Window::None && (userInitiated || !silence))
+            open = kind;
     }
     [[nodiscard]] std::string mainWindowDescription() const override { return "main window"; }
     void updateMainWindow() override { ++mainUpdates; }
@@ -119,6 +121,7 @@ struct FakeInterface : FV2StatusItem, FV2ApplicationDelegate, FV2WindowRegistry 
     void confirmPostponement(fv2Window kind) override { calls += "postpone " + std::to_string(static_cast<int>(kind)); }
 
     fv2Window open = fv2Window::None;
+    bool silence = false; //!< nothing may open by itself
     std::string calls;
     std::vector<std::string> icons;
     int mainUpdates = 0;
@@ -143,16 +146,18 @@ struct OnePassword final : FV2UserAndPasswordModel {
 struct Model : testing::Test {
     std::shared_ptr<FV2AppStateModel> make(FV2Dispatch& jobs, FV2ServiceLink& service) {
         auto made = std::make_shared<FV2AppStateModel>(
-            FV2ModelSurroundings{.dispatch = jobs,
-                                 .timers = timers,
-                                 .service = service,
-                                 .strings = strings,
-                                 .mediumDate = [](std::int64_t) { return "today"; },
-                                 .computerName = "desk",
-                                 .makeAppSocket = [this] { return std::make_unique<TestEndpoint>(path); },
-                                 .bindAgainAfter = std::chrono::milliseconds(20),
-                                 .doNotDisturb = [this] { return silence; },
-                                 .passwords = &passwords},
+            FV2ModelSurroundings{
+                .dispatch = jobs,
+                .timers = timers,
+                .service = service,
+                .strings = strings,
+                .mediumDate = [](std::int64_t) { return "today"; },
+                .computerName = "desk",
+                .makeAppSocket = [this] { return std::make_unique<TestEndpoint>(path); },
+                .bindAgainAfter = std::chrono::milliseconds(20),
+                .doNotDisturb = [this] { return interface.silence; },
+                .whenQuietIsKnown = [this](auto job) { quietIsKnown ? job() : whenQuietIsKnown.push_back(job); },
+                .passwords = &passwords},
             501);
         interface.updates = &made->updateSemaphore();
         made->setAppDelegate(interface);
@@ -165,6 +170,11 @@ struct Model : testing::Test {
         link.status = answer;
         timers.advance(FV2RefreshGate::spacing);
         model->syncCommsAsync(checkAction, source, alert);
+        return settled();
+    }
+    //! What they are asked to do by what comes due meanwhile.
+    std::string later(std::chrono::milliseconds time) {
+        timers.advance(time);
         return settled();
     }
     std::string settled() {
@@ -191,7 +201,8 @@ struct Model : testing::Test {
     ScriptedLink link;
     FakeInterface interface;
     OnePassword passwords;
-    bool silence = false;
+    bool quietIsKnown = true;
+    std::vector<std::function<void()>> whenQuietIsKnown;
     std::shared_ptr<FV2AppStateModel> model = make(dispatch, link);
 };
 

@@ -69,17 +69,17 @@ TEST_F(WindowDelegateTest, ShowsAWindowOnlyWhereItsKindTheListTheAskerAndTheDesk
         {{kMain, kEnc}, kMain, false, false},
     };
     for (const Case& tested : cases) {
-        silence = false;
+        interface.silence = false;
         reopen(tested.open);
         SCOPED_TRACE("kind " + std::to_string(static_cast<int>(tested.kind)) + " over " +
                      std::to_string(tested.open.size()));
         EXPECT_EQ(registry.canShow(tested.kind, true), tested.whenUserAsks);
         EXPECT_EQ(registry.canShow(tested.kind, false), tested.whenModelAsks);
-        silence = true;
+        interface.silence = true;
         EXPECT_EQ(registry.canShow(tested.kind, true), tested.whenUserAsks);
         EXPECT_FALSE(registry.canShow(tested.kind, false));
 
-        silence = false;
+        interface.silence = false;
         const bool opens = tested.whenModelAsks && tested.kind != fv2Window::None;
         registry.openWindow(tested.kind, false);
         EXPECT_EQ(windows.made, opens ? 1 : 0);

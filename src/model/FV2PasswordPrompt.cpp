@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "model/FV2PasswordPrompt.h"
+
+#include <algorithm>
+
+namespace fv2 {
+
+namespace {
+
+//! What the policy asks beyond counts as this, a year.
+constexpr std::int64_t kLongestPostponement = std::int64_t{60} * 24 * 365;
+constexpr std::chrono::minutes kLookAgain{1};
+
+} // namespace
+
+void FV2PasswordPrompt::ask(fv2Window kind) {
+    m_outside.whenQuietIsKnown([this, kind] { askNow(kind); });
+}
+
+void FV2PasswordPrompt::askNow(fv2Window kind) {
+    if (m_postponed && m_waiting == kind)
+        return;
+    const bool isDone = tryToOpen(kind);
+    if (m_postponed)
+        return; // the one of the other direction keeps its time
+    m_waiting = kind;
+    passwordDialogPostponeTimer.reset();
+    // Beside another window the user has read what is asked for, and it need not come later.
+    if (!isDone && (m_outside.wish(kind) == Wish::NotNow || m_outside.doNotDisturb()))
+        waitFor(kLookAgain);
+}
+
+bool FV2PasswordPrompt::tryToOpen(fv2Window kind) {
+    const Wish wish = m_outside.wish(kind);
+    return wish == Wish::NotWanted || (wish == Wish::Wanted && m_outside.open(kind));
+}
+
+void FV2PasswordPrompt::postpone(fv2Window kind, std::int64_t minutes) {
+    passwordDialogPostponeTimer.reset();
+    m_waiting = kind;
+    m_postponed = minutes > 0;
+    if (m_postponed)
+        waitFor(std::chrono::minutes(std::min(minutes, kLongestPostponement)));
+}
+
+void FV2PasswordPrompt::waitFor(std::chrono::minutes delay) {
+    passwordDialogPostponeTimer = m_outside.timers.after(delay, [this] {
+        passwordDialogPostponeTimer.reset();
+        m_postponed = false;
+        if (!tryToOpen(m_waiting))
+            waitFor(kLookAgain);
+    });
+}
+
+} // namespace fv2

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FV2JsonParserORM.h"
+#include "model/FV2Ports.h"
+#include "model/FV2RefreshGate.h"
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace fv2 {
+
+//! Who wants a refresh, and what is to follow from its answer.
+struct FV2RefreshOrder {
+    bool checkAction = false;
+    fv2SyncSource source = fv2SyncSource::None;
+    bool alertOnFailure = false;
+    bool pushed = false; //!< a notification of the service asks for it
+};
+
+//! Asks the service for a token and the status on a worker. Orders of one source merge while a refresh of theirs waits
+//! to start, and starts are spaced. What was asked for later counts more than what was asked for earlier, whenever it
+//! is answered; an exchange that failed counts until anything better is read. Main thread only.
+class FV2RefreshCycle {
+public:
+    //! Called on the main thread, unless the owner has died by then.
+    struct Events {
+        //! A refresh begins, so that what happens from here on needs another one.
+        std::function<void(const FV2RefreshOrder&)> begins;
+        //! A token counts from here on; empty when the service gave none.
+        std::function<void(const std::string&)> token;
+        //! A refresh is over. `counts`: its status is the newest that was read.
+        std::function<void(const FV2RefreshOrder&, const DecodedStatus&, bool counts)> finished;
+    };
+
+    //! All references outlive this object and the workers.
+    FV2RefreshCycle(FV2Dispatch& dispatch, FV2TimerService& timers, FV2ServiceLink& service, std::int64_t userId,
+                    std::weak_ptr<const void> owner, Events events);
+
+    void request(const FV2RefreshOrder& order);
+
+private:
+    //! The token in one answer.
+    struct Token {
+        std::uint64_t number = 0; //!< grows with the moment at which it was asked for
+        bool answered = false;
+        std::string text;
+    };
+    struct Answer {
+        std::optional<Token> token; //!< none when it has been told before
+        std::uint64_t statusNumber = 0;
+        bool statusAnswered = false;
+        DecodedStatus status;
+    };
+    //! The refreshes of one source.
+    struct Lane {
+        FV2RefreshOrder waiting;
+        std::unique_ptr<FV2RefreshGate> gate;
+    };
+
+    void start(Lane& lane);
+    void takeToken(const Token& token);
+    void finish(Lane& lane, const FV2RefreshOrder& order, const Answer& answer);
+
+    FV2Dispatch& m_dispatch;
+    FV2ServiceLink& m_service;
+    const std::int64_t m_userId;
+    const std::weak_ptr<const void> m_owner;
+    const Events m_events;
+    std::array<Lane, 5> m_lanes; //!< by source
+    const std::shared_ptr<std::atomic<std::uint64_t>> m_counter = std::make_shared<std::atomic<std::uint64_t>>(0);
+    std::uint64_t m_newestToken = 0;
+    std::uint64_t m_newestStatus = 0;
+    std::string m_token;
+};
+
+} // namespace fv2
