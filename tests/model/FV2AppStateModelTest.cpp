@@ -124,6 +124,8 @@ TEST_F(Model, SynchronisesByItselfOnceInTenMinutesWhileThatFails) {
     model->performAction(fv2AppCommand::ProxySync_ORM, true);
     settled();
     EXPECT_EQ(synchronisations(), 5) << "the user's own";
+    refresh(statusAnswer(6, R"(,"sync_active":1)"), Service);
+    refresh(failed, Service);
     interface.open = fv2Window::Main;
     later(11min);
     EXPECT_EQ(synchronisations(), 5) << "the user sees it";
@@ -194,6 +196,11 @@ TEST_F(Model, LooksEveryMinuteForAnOpeningForAPromptThatIsDue) {
         [this](bool there) {
             there ? model->unsubscribeFromNotifications() : model->syncCommsAsync(false, Moved, false);
         }};
+    interface.open = fv2Window::Main;
+    EXPECT_EQ(refresh(statusAnswer(3), Startup), "open 2; ") << "in vain";
+    interface.open = fv2Window::None;
+    EXPECT_EQ(later(5min), "") << "the user has read of it";
+    refresh(statusAnswer(6), Moved);
     interface.silence = true;
     EXPECT_EQ(refresh(statusAnswer(3), Startup), "open 2; ") << "in vain";
     interface.silence = false;
@@ -346,18 +353,21 @@ TEST_F(Model, AsksEveryMinuteWhileNoNotificationCanBeExpectedAndOtherwiseNowAndT
     }
 }
 
-TEST_F(Model, AnswersEachMessageAndRefreshesOnceForThoseThatWait) {
+TEST_F(Model, AnswersEachMessageAndTellsMainOnceOfThoseThatWait) {
     link.status = statusAnswer(6);
     model->runBackgroundThread();
-    const std::string show = R"({ "command": "show_ui" })";
-    for (const std::string& message : {std::string("{}"), std::string(R"({ "command": "get_status" })"), show, show})
-        EXPECT_EQ(exchange(message), R"("{ "result": 0 }")");
-    EXPECT_EQ(exchange("garbage"), R"("{ "result": 1 }")");
+    EXPECT_TRUE(connectTo(path));
+    for (int round = 1; round <= 2; ++round) {
+        const int posted = dispatch.posted;
+        for (const std::string message :
+             {"{}", R"({ "command": "get_status" })", R"({ "command": "show_ui" })", R"({ "command": "show_ui" })"})
+            EXPECT_EQ(exchange(message), R"("{ "result": 0 }")");
+        EXPECT_EQ(exchange("garbage"), R"("{ "result": 1 }")");
+        EXPECT_EQ(dispatch.posted - posted, 2);
+        EXPECT_EQ(later(25ms), "show main window; ");
+        EXPECT_EQ(asked(), round);
+    }
     model->stopBackgroundThread();
-    EXPECT_EQ(settled(), "show main window; ");
-    timers.advance(1min);
-    settled();
-    EXPECT_EQ(asked(), 1) << "no second one waits";
 }
 
 TEST_F(Model, StopsWithinMomentsFromAnyState) {

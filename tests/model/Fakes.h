@@ -24,7 +24,10 @@ struct MarkedStrings final : OxStringBundle {
 
 //! Keeps jobs until the test runs them, on the test's thread.
 struct HandDispatch final : FV2Dispatch {
-    void toMain(std::function<void()> job) override { main.post(std::move(job)); }
+    void toMain(std::function<void()> job) override {
+        ++posted;
+        main.post(std::move(job));
+    }
     void toWorker(std::function<void()> job) override { workers.push_back(std::move(job)); }
 
     //! Runs what waits and what comes of it, in order.
@@ -35,6 +38,7 @@ struct HandDispatch final : FV2Dispatch {
     }
 
     MainQueue main;
+    std::atomic<int> posted = 0;
     std::vector<std::function<void()>> workers;
 };
 
