@@ -204,7 +204,10 @@ TEST(LogFile, IsItsOwnersAloneInTheHomeDirectory) {
     struct stat status {};
     EXPECT_EQ(::stat(logFilePath().c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0600U);
+    const std::string path = logFilePath();
     ::setenv("HOME", "relative", 1);
+    EXPECT_EQ(logFilePath(), path) << "remembered";
+    rememberLogFilePath();
     EXPECT_EQ(logFilePath().front(), '/') << "the password database knows better";
 }
 
