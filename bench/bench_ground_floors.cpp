@@ -26,6 +26,7 @@ public:
         m_folder = ::mkdtemp(name);
         std::filesystem::create_directory(m_folder / "logs");
         ::setenv("HOME", m_folder.c_str(), 1);
+        rememberLogFilePath();
     }
     TemporaryHome(const TemporaryHome&) = delete;
     TemporaryHome& operator=(const TemporaryHome&) = delete;

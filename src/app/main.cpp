@@ -5,6 +5,7 @@
 #include "app/LogLevelSwitch.h"
 #include "base/StandardDescriptors.h"
 #include "logging/FV2Logging.h"
+#include "logging/LogFile.h"
 #include "platform/FV2DesktopActivation.h"
 #include "platform/FV2UnixSignals.h"
 #include "shell/AppDelegate.h"
@@ -26,10 +27,11 @@ void giveMemoryBack() {
     ::mallopt(M_ARENA_MAX, 1);
 }
 
-//! A Wayland compositor lets the running copy's window come to the front only with the token that was given to us.
-void passOnActivationToken(int argc, char* argv[]) {
+//! A Wayland compositor lets the running copy's window come to the front only with the token that was given to us. A
+//! copy whose socket's file has been removed is reached by the session bus alone.
+void passOnActivation(int argc, char* argv[], bool isUnreachable) {
     const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
-    if (token.isEmpty())
+    if (token.isEmpty() && !isUnreachable)
         return;
     const QCoreApplication application(argc, argv);
     fv2::FV2DesktopActivation::passOn(token);
@@ -41,12 +43,14 @@ int main(int argc, char* argv[]) {
     giveMemoryBack();
     fv2::fillStandardDescriptors();
     fv2::FV2UnixSignals signals;
+    fv2::outliveFileSizeLimit();
+    fv2::rememberLogFilePath();
     fv2::applyLogLevelSwitch();
     fv2::AppDelegate::logBanner();
 
     fv2::FV2DuplicateInstance duplicate(fv2::FV2UnixSignals::raised());
     if (duplicate.handleDuplicateInstance()) {
-        passOnActivationToken(argc, argv);
+        passOnActivation(argc, argv, duplicate.isUnreachable());
         fv2::log(fv2::FV2LoggingLevel::release, {"exitApplication called"});
         return 0;
     }

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/Deadline.h"
+
 #include <cerrno>
 #include <semaphore.h>
+#include <thread>
 
 namespace fv2 {
 
@@ -27,6 +30,16 @@ public:
         while (::sem_trywait(&m_semaphore) != 0) {
             if (errno != EINTR)
                 return false;
+        }
+        return true;
+    }
+
+    //! Takes one count; false when there is none before the deadline. Looks every millisecond.
+    [[nodiscard]] bool waitUntil(const Deadline& deadline) {
+        while (!tryWait()) {
+            if (deadline.passed())
+                return false;
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
         return true;
     }

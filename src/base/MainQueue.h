@@ -22,6 +22,7 @@ public:
     //! Runs the jobs that wait at this moment; those that they post wait for the next call.
     void drain();
 
+    //! -1 when the system had none left: the queue is then to be drained now and then.
     [[nodiscard]] int descriptor() const { return m_event.get(); }
 
 private:

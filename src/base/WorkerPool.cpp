@@ -2,16 +2,31 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "base/WorkerPool.h"
 
+#include <system_error>
+
 namespace fv2 {
 
-void WorkerPool::post(std::function<void()> job) {
+bool WorkerPool::post(std::function<void()> job) {
     const std::lock_guard lock(m_mutex);
     if (m_finishing)
-        return;
+        return true;
     m_jobs.push_back(std::move(job));
-    while (m_threads.size() < m_threadCount)
-        m_threads.emplace_back([this] { work(); });
     m_changed.notify_one();
+    return makeThreadsLocked();
+}
+
+bool WorkerPool::makeThreads() {
+    const std::lock_guard lock(m_mutex);
+    return m_finishing || makeThreadsLocked();
+}
+
+bool WorkerPool::makeThreadsLocked() {
+    try {
+        while (m_threads.size() < m_threadCount)
+            m_threads.emplace_back([this] { work(); });
+    } catch (const std::system_error&) { // the system has no thread left; those that there are do it alone
+    }
+    return !m_threads.empty();
 }
 
 void WorkerPool::work() {

@@ -13,7 +13,8 @@
 
 namespace fv2 {
 
-//! A small fixed set of threads that run jobs in the order in which they came. They are made with the first job.
+//! A small fixed set of threads that run jobs in the order in which they came. They are made with the first job; those
+//! that the system has no room for with a later one.
 class WorkerPool {
 public:
     explicit WorkerPool(std::size_t threadCount)
@@ -23,8 +24,11 @@ public:
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
 
-    //! Any thread. A job that comes after finish() is dropped.
-    void post(std::function<void()> job);
+    //! Any thread. A job that comes after finish() is dropped. False when no thread could be made: the job waits.
+    bool post(std::function<void()> job);
+
+    //! Any thread. Makes the threads that are missing; false while there is none at all.
+    [[nodiscard]] bool makeThreads();
 
     //! Runs the jobs that wait, then ends and joins all threads. False when that takes too long: some threads still
     //! run.
@@ -32,6 +36,7 @@ public:
 
 private:
     void work();
+    [[nodiscard]] bool makeThreadsLocked();
     void takeNoMore();
     void join();
 

@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "comms/FV2SocketCommsBase.h"
 
+#include "comms/ListeningPlace.h"
 #include "comms/MessageReader.h"
+#include "comms/StallGuard.h"
 #include "comms/StreamSocket.h"
 #include "logging/FV2Logging.h"
+#include "logging/SystemReport.h"
 
 #include <array>
-#include <cstring>
+#include <cerrno>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -17,6 +20,11 @@ namespace fv2 {
 namespace {
 
 constexpr int kBacklog = 5;
+
+ssize_t receiveGuarded(int descriptor, std::array<char, MessageReader::chunkSize>& chunk) {
+    const StallGuard guard;
+    return receiveNow(descriptor, chunk.data(), chunk.size());
+}
 
 } // namespace
 
@@ -28,21 +36,22 @@ FV2SocketCommsBase::FV2SocketCommsBase(std::string_view className, std::string p
     , m_patience(patience)
     , m_stop(std::move(stop))
     , m_incoming(m_trusted) {
-    setPath(m_path);
+    sockAddrUn.sun_family = AF_UNIX;
+    m_path.copy(sockAddrUn.sun_path, sizeof sockAddrUn.sun_path - 1);
 }
 
 FV2SocketCommsBase::~FV2SocketCommsBase() {
     logTrace("FV2SocketCommsBase deinit for ", m_description);
-}
-
-void FV2SocketCommsBase::setPath(std::string_view path) {
-    sockAddrUn.sun_family = AF_UNIX;
-    // The last byte stays zero; the paths in use have at most 31 bytes.
-    std::memcpy(sockAddrUn.sun_path, path.data(), std::min(path.size(), sizeof sockAddrUn.sun_path - 1));
+    closeSocket();
+    m_incoming.closeAll();
 }
 
 void FV2SocketCommsBase::closeSocket() {
-    sock.reset();
+    const StallGuard guard;
+    UniqueFd closing;
+    const std::lock_guard lock(m_sockMutex); // given back before it is closed
+    closing = std::move(sock);
+    m_boundFile.reset();
     connected = false;
 }
 
@@ -52,25 +61,34 @@ bool FV2SocketCommsBase::createConnection() {
 
 bool FV2SocketCommsBase::connectWithin(const Deadline& deadline) {
     closeSocket();
-    m_metStranger = false;
+    const ListeningPlace place(m_path);
+    m_metStranger = place.owner() && refusesStranger(place.owner());
+    if (m_metStranger || !place.isSocket())
+        return false;
     sock = makeStreamSocket();
-    if (!sock || !connectStream(sock.get(), sockAddrUn, deadline, *m_stop)) {
-        closeSocket();
-        return false;
+    if (sock && connectStream(sock.get(), place.address(), deadline, *m_stop)) {
+        m_metStranger = refusesStranger(peerOf(sock.get()));
+        if (!m_metStranger)
+            return true;
+    } else if (sock && errno == ENOENT) {
+        reportOnce("connect by /proc", "can't connect to " + m_path + ": /proc is not mounted");
     }
-    const std::optional<uid_t> peer = peerOf(sock.get());
-    m_metStranger = !peer || !m_trusted.trusts(*peer);
-    if (m_metStranger) {
-        log(FV2LoggingLevel::error, {"createConnection() refused a stranger at " + m_path +
-                                     ", uid:" + (peer ? std::to_string(*peer) : std::string("unknown"))});
-        closeSocket();
+    closeSocket();
+    return false;
+}
+
+bool FV2SocketCommsBase::refusesStranger(std::optional<uid_t> uid) {
+    if (uid && m_trusted.trusts(*uid))
         return false;
-    }
+    const std::string what =
+        "refused a stranger at " + m_path + ", uid:" + (uid ? std::to_string(*uid) : std::string("unknown"));
+    log(FV2LoggingLevel::error, {"createConnection() " + what});
+    reportOnce(what, what);
     return true;
 }
 
 std::string FV2SocketCommsBase::sendAndReceive(std::string_view text) {
-    for (int attempt = 1; attempt <= m_patience.attempts && !m_stop->isRaised(); ++attempt) {
+    for (int attempt = 1; attempt <= m_patience.attempts && !text.empty() && !m_stop->isRaised(); ++attempt) {
         std::string reply = exchangeOnce(text);
         if (!reply.empty())
             return reply;
@@ -115,7 +133,7 @@ std::optional<std::string> FV2SocketCommsBase::receiveWithin(int descriptor, con
     MessageReader::State state = MessageReader::State::Reading;
     while (wait == fv2Wait::Ready) {
         logTrace("Receive go recv");
-        const ssize_t count = receiveNow(descriptor, chunk.data(), chunk.size());
+        const ssize_t count = receiveGuarded(descriptor, chunk);
         logTrace("Receive recv got ", count);
         if (count < 1)
             break;
@@ -144,15 +162,45 @@ bool FV2SocketCommsBase::unlinkPath() const {
 bool FV2SocketCommsBase::createBinding() {
     cleanup();
     // Without an event to wake it, shutdown() would not end a waiting listener.
-    if (m_stop->descriptor() < 0)
+    if (m_stop->descriptor() < 0) {
+        reportOnce("no event", "no notifications: the system has no event left to end a listener by");
         return false;
-    sock = makeStreamSocket();
-    const bool bound =
-        sock && ::bind(sock.get(), reinterpret_cast<const sockaddr*>(&sockAddrUn), sizeof sockAddrUn) >= 0;
-    if (bound && ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0)
+    }
+    if (bindPath())
         return true;
+    reportOnce("bind " + m_path, "no notifications: can't bind " + m_path);
     closeSocket();
     return false;
+}
+
+bool FV2SocketCommsBase::bindPath() {
+    UniqueFd made = makeStreamSocket();
+    if (!made || m_path.size() >= sizeof sockAddrUn.sun_path ||
+        ::bind(made.get(), reinterpret_cast<const sockaddr*>(&sockAddrUn), sizeof sockAddrUn) < 0 ||
+        ::chmod(m_path.c_str(), S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) != 0)
+        return false;
+    const std::lock_guard lock(m_sockMutex);
+    sock = std::move(made);
+    m_boundFile = fileAtPath();
+    return true;
+}
+
+std::optional<FV2SocketCommsBase::FileId> FV2SocketCommsBase::fileAtPath() const {
+    struct stat status {};
+    if (::lstat(m_path.c_str(), &status) != 0)
+        return std::nullopt;
+    return FileId{status.st_dev, status.st_ino};
+}
+
+bool FV2SocketCommsBase::isPathGone() {
+    const std::lock_guard lock(m_sockMutex);
+    return m_boundFile && fileAtPath() != m_boundFile;
+}
+
+void FV2SocketCommsBase::stopListening() {
+    const std::lock_guard lock(m_sockMutex);
+    if (m_boundFile)
+        ::shutdown(sock.get(), SHUT_RDWR);
 }
 
 FV2SocketComms_ReceivedData FV2SocketCommsBase::listenAcceptAndReceiveData() {

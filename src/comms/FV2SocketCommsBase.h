@@ -10,6 +10,7 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,12 +35,12 @@ public:
     FV2SocketCommsBase(const FV2SocketCommsBase&) = delete;
     FV2SocketCommsBase& operator=(const FV2SocketCommsBase&) = delete;
 
-    //! Connects as client, dropping an earlier connection, and asks the kernel who listens: false when nobody does or a
-    //! stranger, who has then received no byte.
+    //! Connects as client, dropping an earlier connection: to a socket of somebody trusted alone, and then asks the
+    //! kernel who listens. False when nobody does or a stranger, who has then received no byte.
     bool createConnection();
 
-    //! One exchange; tried again while the reply is empty. Empty after the last attempt, at once for a stranger or a
-    //! raised stop signal.
+    //! One exchange; tried again while the reply is empty. Empty after the last attempt, at once for an empty text, a
+    //! stranger or a raised stop signal.
     [[nodiscard]] std::string sendAndReceive(std::string_view text);
 
     //! Makes the listening socket, replacing a stale socket file; its mode becomes 644. False when the path can't be
@@ -57,8 +58,15 @@ public:
     //! A new connection takes all of a text of up to 200 KB.
     ssize_t send(int descriptor, std::string_view text) const;
 
-    //! Closes the socket and removes its file; true when there was one.
+    //! Closes the socket, the connections that came in on it, and removes its file; true when there was one. While a
+    //! thread listens, by that thread.
     bool cleanup();
+
+    //! Any thread: the listening socket's file has gone or another one stands in its place, so that nobody finds us.
+    [[nodiscard]] bool isPathGone();
+
+    //! Any thread: listening ends as if the socket had failed. Another binding may follow.
+    void stopListening();
 
     //! Ends the listening side from any thread and any state: a waiting listenAcceptAndReceiveData() returns, later
     //! calls return at once.
@@ -72,9 +80,18 @@ protected:
                        std::shared_ptr<const StopSignal> stop, CommsPatience patience);
 
 private:
-    void setPath(std::string_view path);
+    struct FileId {
+        dev_t device;
+        ino_t number;
+        bool operator==(const FileId&) const = default;
+    };
+
     void closeSocket();
     [[nodiscard]] bool connectWithin(const Deadline& deadline);
+    //! Logs a stranger; true for one.
+    [[nodiscard]] bool refusesStranger(std::optional<uid_t> uid);
+    [[nodiscard]] bool bindPath();
+    [[nodiscard]] std::optional<FileId> fileAtPath() const;
     [[nodiscard]] std::string exchangeOnce(std::string_view text);
     [[nodiscard]] std::optional<std::string> receiveWithin(int descriptor, const Deadline& deadline) const;
     bool unlinkPath() const;
@@ -90,6 +107,8 @@ private:
     bool connected = false;
     std::atomic<bool> acceptActive = false; //!< the listening thread waits in listenAcceptAndReceiveData()
     std::atomic<int> m_listening = -1;      //!< what shutdown() may say about `sock`
+    std::mutex m_sockMutex;                 //!< while `sock` changes its number, and while another thread uses it
+    std::optional<FileId> m_boundFile;
     UniqueFd sock;
     sockaddr_un sockAddrUn{};
 };

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "comms/IncomingConnections.h"
 
+#include "comms/StallGuard.h"
 #include "comms/StreamSocket.h"
 #include "logging/FV2Logging.h"
+#include "logging/SystemReport.h"
 
 #include <array>
 #include <cerrno>
@@ -54,6 +56,7 @@ bool IncomingConnections::pollAll(int listening, const StopSignal& stop) {
         return errno == EINTR;
     if (set[0].revents != 0)
         return false;
+    const StallGuard guard;
     readReady(set);
     m_acceptsBeforePoll = set[1].revents == 0 ? 0 : kAcceptsBeforePoll;
     return true;
@@ -81,6 +84,7 @@ void IncomingConnections::finish(Connection connection) {
 }
 
 bool IncomingConnections::acceptOne(int listening) {
+    const StallGuard guard;
     const bool pollHasSeenOne = m_acceptsBeforePoll-- == kAcceptsBeforePoll;
     UniqueFd socket(::accept4(listening, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
     if (socket) {
@@ -99,8 +103,9 @@ bool IncomingConnections::acceptOne(int listening) {
 void IncomingConnections::takeIn(UniqueFd socket) {
     const std::optional<uid_t> peer = peerOf(socket.get());
     if (!peer || !m_trusted.trusts(*peer)) {
-        log(FV2LoggingLevel::error, {"listenAcceptAndReceiveData() - refused a stranger, uid:" +
-                                     (peer ? std::to_string(*peer) : std::string("unknown"))});
+        const std::string what = "refused a stranger, uid:" + (peer ? std::to_string(*peer) : std::string("unknown"));
+        log(FV2LoggingLevel::error, {"listenAcceptAndReceiveData() - " + what});
+        reportOnce(what, what);
         return;
     }
     logTrace("listenAcceptAndReceiveData() - accept -> calling Receive");
@@ -148,17 +153,25 @@ IncomingConnections::Reading IncomingConnections::drain(Connection& connection) 
 }
 
 void IncomingConnections::close(FV2SocketComms_ReceivedData message) {
+    const StallGuard guard;
+    UniqueFd socket = std::move(message.socket);
     char unread = 0;
-    if (!message.cut && receiveNow(message.socket.get(), &unread, 1) < 1)
+    if (!message.cut && receiveNow(socket.get(), &unread, 1) < 1)
         return;
-    ::shutdown(message.socket.get(), SHUT_WR);
+    ::shutdown(socket.get(), SHUT_WR);
     if (m_open.size() >= maxOpen)
         dropOldest();
-    m_open.push_back({.socket = std::move(message.socket),
+    m_open.push_back({.socket = std::move(socket),
                       .total = Deadline(kTotalTime),
                       .nextChunk = Deadline(kTotalTime),
                       .reader = MessageReader(maxMessage),
                       .draining = true});
+}
+
+void IncomingConnections::closeAll() {
+    const StallGuard guard;
+    m_open.clear();
+    m_finished.clear();
 }
 
 bool IncomingConnections::dropOldest() {

@@ -47,10 +47,7 @@ public:
     //! for a while, as closing over unread bytes would discard the answer too.
     void close(FV2SocketComms_ReceivedData message);
 
-    void closeAll() {
-        m_open.clear();
-        m_finished.clear();
-    }
+    void closeAll();
 
 private:
     struct Connection {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "comms/StreamSocket.h"
 
+#include "comms/StallGuard.h"
+
 #include <cerrno>
 #include <sys/socket.h>
 
@@ -9,15 +11,20 @@ namespace fv2 {
 
 namespace {
 
-constexpr std::chrono::milliseconds kBacklogPause{10};
+constexpr std::chrono::milliseconds kFirstPause{10};
+constexpr std::chrono::milliseconds kLongestPause{320};
 
 } // namespace
 
 UniqueFd makeStreamSocket() {
-    return UniqueFd(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    UniqueFd made(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (made)
+        StallGuard::refuseDescriptors(made.get());
+    return made;
 }
 
 bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline, const StopSignal& stop) {
+    auto pause = kFirstPause;
     for (;;) {
         const int result = ::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address);
         if (result == 0 || errno == EISCONN)
@@ -26,8 +33,9 @@ bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& d
             continue;
         if (errno != EAGAIN || deadline.passed())
             return false;
-        if (stop.waitFor(-1, 0, Deadline::earlier(deadline, Deadline(kBacklogPause))) == fv2Wait::Stopped)
+        if (stop.waitFor(-1, 0, Deadline::earlier(deadline, Deadline(pause))) == fv2Wait::Stopped)
             return false;
+        pause = std::min(2 * pause, kLongestPause);
     }
 }
 

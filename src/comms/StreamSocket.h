@@ -16,10 +16,12 @@ namespace fv2 {
 //! So long may a peer take for the next chunk of its message.
 inline constexpr std::chrono::milliseconds kChunkTime{5000};
 
-//! A new UNIX stream socket: closed on exec, and no call on it waits. The limits of waiting are those of the polls.
+//! A new UNIX stream socket: closed on exec, no call on it waits, and it takes no descriptors. The limits of waiting
+//! are those of the polls.
 [[nodiscard]] UniqueFd makeStreamSocket();
 
-//! Connects within the deadline. A full backlog is tried again until then: a blocking connect would wait without end.
+//! Connects within the deadline. A full backlog is tried again until then, more and more rarely: a blocking connect
+//! would wait without end. False leaves the last try's errno.
 [[nodiscard]] bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline,
                                  const StopSignal& stop);
 

@@ -5,14 +5,10 @@
 #include "logging/LogEscape.h"
 #include "logging/LogFile.h"
 
-#include <algorithm>
 #include <array>
 #include <atomic>
-#include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <ctime>
-#include <poll.h>
 #include <unistd.h>
 
 namespace fv2 {
@@ -24,21 +20,6 @@ int threadNumber() {
     static std::atomic<int> last{1};
     thread_local const int number = ::gettid() == ::getpid() ? 1 : ++last;
     return number;
-}
-
-//! A reader of our standard output that has stopped reading must not stop us: such a line is in the file only. A pipe
-//! that is ready takes PIPE_BUF bytes without waiting; one without a reader would raise SIGPIPE.
-void writeToConsole(std::string_view line) {
-    while (!line.empty()) {
-        pollfd console{STDOUT_FILENO, POLLOUT, 0};
-        if (::poll(&console, 1, 0) != 1 || console.revents != POLLOUT)
-            return;
-        const ssize_t written = ::write(STDOUT_FILENO, line.data(), std::min<std::size_t>(line.size(), PIPE_BUF));
-        if (written > 0)
-            line.remove_prefix(static_cast<std::size_t>(written));
-        else if (errno != EINTR)
-            return;
-    }
 }
 
 } // namespace
@@ -139,9 +120,9 @@ void FV2Logging::buildLine(std::initializer_list<FV2LogItem> items, std::string_
     setContent(escapedForLog(message).append(separator));
 }
 
-void FV2Logging::writeLine() const {
+void FV2Logging::writeLine() {
     const std::string line = _logString_prefix + _logString_filectx + _logString_content;
-    writeToConsole(line + "\n");
+    m_console.write(line + "\n");
     appendToLogFile(logFilePath(), line + _terminatorString);
 }
 

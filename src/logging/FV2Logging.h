@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/CountingSemaphore.h"
+#include "logging/Console.h"
 #include "logging/FV2LoggingLevel.h"
 #include "logging/SystemLog.h"
 
@@ -73,7 +74,7 @@ private:
     [[nodiscard]] bool filtersOutAtOnce(FV2LoggingLevel level);
     bool checkLevel(FV2LoggingLevel level);
     void buildLine(std::initializer_list<FV2LogItem> items, std::string_view separator, std::string_view terminator);
-    void writeLine() const;
+    void writeLine();
     void setContent(std::string content) { _logString_content = std::move(content); }
 
     std::atomic<FV2LoggingLevel> _levels; //!< changed with the semaphore held
@@ -87,6 +88,7 @@ private:
     bool _showThread = true;
     bool _showLevel = true;
     CountingSemaphore _semaphore{1};
+    Console m_console;
 };
 
 //! Write one line through the shared logger, of several values at a level or of parts that are joined without a

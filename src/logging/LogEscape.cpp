@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "logging/LogEscape.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -34,10 +35,28 @@ CodePoint firstCodePoint(std::string_view text) {
     return value < smallest[length] || surrogate || value > 0x10FFFF ? CodePoint{0, 0} : CodePoint{value, length};
 }
 
+struct Range {
+    std::uint32_t first, last;
+};
+
+//! Controls, separators of lines, what turns the direction of a text or can't be seen at all.
+constexpr std::array<Range, 11> kNeverShown{{{0x00, 0x1F},
+                                             {0x7F, 0x9F},
+                                             {0xAD, 0xAD},
+                                             {0x61C, 0x61C},
+                                             {0x180E, 0x180E},
+                                             {0x200B, 0x200F},
+                                             {0x2028, 0x202E},
+                                             {0x2060, 0x206F},
+                                             {0xFEFF, 0xFEFF},
+                                             {0xFFF9, 0xFFFB},
+                                             {0xE0000, 0xE007F}}};
+
 bool isHarmless(std::uint32_t value) {
-    const bool control = value < 0x20 || (value >= 0x7F && value < 0xA0);
-    const bool separator = value == 0x2028 || value == 0x2029;
-    return !control && !separator;
+    if (value >= 0x20 && value < 0x7F)
+        return true; // nearly all
+    return std::ranges::none_of(kNeverShown,
+                                [value](const Range& range) { return range.first <= value && value <= range.last; });
 }
 
 void appendHex(std::string& out, std::string_view mark, unsigned value, int digits) {

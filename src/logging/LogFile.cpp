@@ -6,8 +6,10 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <mutex>
 #include <optional>
 #include <pwd.h>
 #include <sys/stat.h>
@@ -25,6 +27,21 @@ std::string homeDirectory() {
     passwd* found = nullptr;
     ::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &found);
     return found == nullptr ? std::string() : found->pw_dir;
+}
+
+struct Path {
+    std::mutex mutex;
+    std::string text;
+};
+
+//! Never destroyed: threads may log to the very end.
+Path& rememberedPath() {
+    static auto& path = *new Path();
+    return path;
+}
+
+std::string workedOutPath() {
+    return homeDirectory() + "/logs/mac-fv2-ui.log";
 }
 
 struct KindOwnerAndSize {
@@ -56,7 +73,24 @@ std::size_t writeAll(int fd, std::string_view text) {
 } // namespace
 
 std::string logFilePath() {
-    return homeDirectory() + "/logs/mac-fv2-ui.log";
+    Path& path = rememberedPath();
+    const std::lock_guard lock(path.mutex);
+    if (path.text.empty())
+        path.text = workedOutPath();
+    return path.text;
+}
+
+void rememberLogFilePath() {
+    Path& path = rememberedPath();
+    const std::lock_guard lock(path.mutex);
+    path.text = workedOutPath();
+}
+
+void outliveFileSizeLimit() {
+    struct sigaction action {};
+    action.sa_handler = [](int) {}; // unlike SIG_IGN not inherited
+    action.sa_flags = SA_RESTART;
+    ::sigaction(SIGXFSZ, &action, nullptr);
 }
 
 bool appendToLogFile(const std::string& path, std::string_view text) {

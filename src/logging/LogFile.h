@@ -7,8 +7,16 @@
 
 namespace fv2 {
 
-//! Home directory ($HOME, else the password database) + "/logs/mac-fv2-ui.log".
+//! Home directory ($HOME, else the password database) + "/logs/mac-fv2-ui.log", as it was when it was remembered, or
+//! when it was first asked for.
 [[nodiscard]] std::string logFilePath();
+
+//! Works the path out from the environment, which may be changed afterwards while other threads log.
+void rememberLogFilePath();
+
+//! A line that a limit on the size of files forbids is dropped; otherwise it would end the process. Programs that are
+//! started later have the limit's usual effect. Once, at the start.
+void outliveFileSizeLimit();
 
 //! Appends one whole text in one go: opens, writes, closes. A new file gets mode 0600; a link is not followed, and
 //! anything but a regular file of ours is refused. When the disk takes only a part, that part is taken back.

@@ -17,11 +17,12 @@ namespace fv2 {
 //! model; created, started and stopped on the main thread.
 class FV2NotificationListener {
 public:
-    //! Called on the listener's thread.
+    //! Called on the listener's thread, or by start() when there is none.
     struct Events {
         //! A message came and has been answered.
         std::function<void(fv2JsonCommand)> received;
-        //! Whether notifications can come in: false while somebody else holds the socket's path.
+        //! Whether notifications can come in: false while somebody else holds the socket's path or no thread can be
+        //! made.
         std::function<void(bool)> bound;
     };
 
@@ -32,23 +33,33 @@ public:
         , m_life(life)
         , m_events(std::move(events))
         , m_retryAfter(retryAfter) {}
-    ~FV2NotificationListener() { stop(); }
+    //! Ends the process when the loop could not be ended.
+    ~FV2NotificationListener();
     FV2NotificationListener(const FV2NotificationListener&) = delete;
     FV2NotificationListener& operator=(const FV2NotificationListener&) = delete;
 
     void start();
-    //! Ends the loop from any state, in well under 200 ms, and removes the socket's file. A second call does nothing.
+    //! Ends the loop from any state, in well under 200 ms, and removes the socket's file. If the system holds it up, it
+    //! is left behind after 400 ms: then the process has to end without destroying what it uses. A second call does
+    //! nothing.
     void stop();
 
+    //! To be called now and then: binds again if the socket's file has been removed or replaced, and makes the thread
+    //! if none could be made. Costs one look at the path.
+    void rebindIfPathIsGone();
+
 private:
+    void makeThread();
     void run();
     void serve();
-    void answer(FV2SocketComms_ReceivedData received);
+    void answer(const FV2SocketComms_ReceivedData& received);
 
     std::unique_ptr<FV2SocketCommsBase> backgroundAppSocketComms;
     CountingSemaphore& m_life;
     Events m_events;
     std::chrono::milliseconds m_retryAfter;
+    bool m_started = false;
+    bool m_isLeftBehind = false;
     std::thread m_thread;
 };
 

@@ -7,6 +7,9 @@
 #include "model/FV2Ports.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
+
+#include <optional>
 
 namespace fv2 {
 
@@ -17,15 +20,19 @@ public:
     FV2DesktopDispatch();
 
     void toMain(std::function<void()> job) override { m_mainQueue.post(std::move(job)); }
-    void toWorker(std::function<void()> job) override { m_workers.post(std::move(job)); }
+    void toWorker(std::function<void()> job) override;
 
     //! Runs what the workers still have to do and ends them; results for the main thread are no longer delivered. False
     //! when some still work after that time.
     [[nodiscard]] bool finish(const Deadline& deadline);
 
 private:
+    void makeWorkersLater();
+
     MainQueue m_mainQueue;
-    QSocketNotifier m_notifier;
+    std::optional<QSocketNotifier> m_notifier;
+    QTimer m_drainAgain; //!< in place of the notifier where the system had no descriptor left for it
+    QTimer m_makeWorkersAgain;
     WorkerPool m_workers;
 };
 

@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2DuplicateInstance.h"
 
+#include "base/CountingSemaphore.h"
 #include "comms/FV2AppSocketComms.h"
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
 
 #include <iostream>
+#include <system_error>
+#include <thread>
 
 namespace fv2 {
 
@@ -14,6 +17,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kPause{20};
 constexpr CommsPatience kHandOver{.attempts = 2, .perAttempt = std::chrono::seconds(2)};
+constexpr std::chrono::seconds kLongestHandOver{5};
 
 } // namespace
 
@@ -36,6 +40,7 @@ bool FV2DuplicateInstance::findAndHandOver() {
         if (handOver())
             return true;
         if (deadline.passed()) {
+            m_isUnreachable = true;
             std::cerr << "fv2-agent: another copy runs but does not answer; ending without it\n";
             return true;
         }
@@ -45,14 +50,36 @@ bool FV2DuplicateInstance::findAndHandOver() {
     return handOver();
 }
 
+//! On a thread of its own, which is left behind if the system holds it up: nothing may keep the agent from starting.
 bool FV2DuplicateInstance::handOver() const {
-    FV2AppSocketComms comms(m_stop, kHandOver);
-    if (!comms.createConnection())
-        return false;
-    logTrace("handleDuplicateInstance -> canConnect TRUE");
-    static_cast<void>(comms.sendAndReceive(showUiRequest()));
-    logTrace("handleDuplicateInstance -> done sendAndReceive");
-    return true;
+    struct Attempt {
+        CountingSemaphore over{0};
+        bool connected = false;
+    };
+    const auto attempt = std::make_shared<Attempt>();
+    const auto job = [attempt, stop = m_stop] {
+        FV2AppSocketComms comms(stop, kHandOver);
+        attempt->connected = comms.createConnection();
+        if (attempt->connected) {
+            logTrace("handleDuplicateInstance -> canConnect TRUE");
+            static_cast<void>(comms.sendAndReceive(showUiRequest()));
+            logTrace("handleDuplicateInstance -> done sendAndReceive");
+        }
+        attempt->over.signal();
+    };
+    std::thread thread;
+    try {
+        thread = std::thread(job);
+    } catch (const std::system_error&) { // the system has no thread left
+        job();
+        return attempt->connected;
+    }
+    const bool inTime = attempt->over.waitUntil(Deadline(kLongestHandOver));
+    if (inTime)
+        thread.join();
+    else
+        thread.detach();
+    return inTime && attempt->connected;
 }
 
 } // namespace fv2

@@ -24,12 +24,16 @@ public:
     //! standard error, or stop was raised. False makes this process the one copy for as long as this object lives.
     [[nodiscard]] bool handleDuplicateInstance();
 
+    //! The other copy runs, but it has not been told that the user wants to see it.
+    [[nodiscard]] bool isUnreachable() const { return m_isUnreachable; }
+
 private:
     [[nodiscard]] bool findAndHandOver();
     [[nodiscard]] bool handOver() const;
 
     std::shared_ptr<const StopSignal> m_stop;
     std::chrono::milliseconds m_patience;
+    bool m_isUnreachable = false;
     FV2InstanceLock m_lock;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "logging/LogEscape.h"
+#include "logging/SystemReport.h"
 #include "support/Faults.h"
 #include "support/LogScope.h"
 #include "support/Process.h"
@@ -122,6 +123,20 @@ TEST(FV2Logging, KeepsTheLinesOfManyThreadsApartAndNeverStallsOnAPipeThatNobodyR
     }
 }
 
+TEST(ReportOnce, TellsEachCauseOnceAndAFloodOfThemNotForEver) {
+    reportOnce("first", "what \u202E " + std::string(100'000, 'x'));
+    EXPECT_EQ(sent.first, LOG_ERR);
+    EXPECT_EQ(std::string_view(sent.second.data()).substr(0, 15), R"(what \u202e xxx)");
+    int told = 0;
+    for (int report = 0; report < 1000; ++report) {
+        sent.first = 0;
+        reportOnce(report < 10 ? "first" : std::to_string(report), "again");
+        EXPECT_TRUE(report >= 10 || sent.first == 0);
+        told += sent.first == 0 ? 0 : 1;
+    }
+    EXPECT_EQ(told, 63);
+}
+
 TEST(EscapedForLog, ShowsWhatCouldBreakALineOrSteerATerminal) {
     const std::vector<std::pair<std::string_view, std::string_view>> table{
         {"\\ \"~ caf\u00E9 \u20AC \U0001F512 \U0010FFFF", "\\ \"~ caf\u00E9 \u20AC \U0001F512 \U0010FFFF"},
@@ -129,6 +144,8 @@ TEST(EscapedForLog, ShowsWhatCouldBreakALineOrSteerATerminal) {
         {"\xC2\x85\xC2\x9B 31m\u00A0\u2027\u2028\u2029\u2030", "\\u0085\\u009b 31m\u00A0\u2027\\u2028\\u2029\u2030"},
         {"\xC0\x8A \xC1\xBF \xE0\x80\x8A \xF0\x80\x80\x8A", R"(\xc0\x8a \xc1\xbf \xe0\x80\x8a \xf0\x80\x80\x8a)"},
         {"\xED\xA0\x80 \xED\xBF\xBF \xEE\x80\x80", "\\xed\\xa0\\x80 \\xed\\xbf\\xbf \uE000"},
+        {"\u202Eexe\u202C \u2066\u2069\u200F\u061C\u200B\U000E0041",
+         R"(\u202eexe\u202c \u2066\u2069\u200f\u061c\u200b\ue0041)"},
         {"\xF4\x90\x80\x80 \xF5\x80\x80\x80\xFF", R"(\xf4\x90\x80\x80 \xf5\x80\x80\x80\xff)"}};
     for (const auto& [text, escaped] : table)
         EXPECT_EQ(escapedForLog(text), escaped);
@@ -187,7 +204,10 @@ TEST(LogFile, IsItsOwnersAloneInTheHomeDirectory) {
     struct stat status {};
     EXPECT_EQ(::stat(logFilePath().c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0600U);
+    const std::string path = logFilePath();
     ::setenv("HOME", "relative", 1);
+    EXPECT_EQ(logFilePath(), path) << "remembered";
+    rememberLogFilePath();
     EXPECT_EQ(logFilePath().front(), '/') << "the password database knows better";
 }
 

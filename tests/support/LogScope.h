@@ -18,6 +18,7 @@ public:
     explicit LogScope(FV2LoggingLevel levels = {}) {
         std::filesystem::create_directory(m_home / "logs");
         ::setenv("HOME", m_home.path().c_str(), 1);
+        rememberLogFilePath();
         FV2Logging::shared().setLevels(levels);
     }
     ~LogScope() { FV2Logging::shared().setLevels({}); }

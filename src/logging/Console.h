@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "base/UniqueFd.h"
+
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+
+namespace fv2 {
+
+//! Standard output for log lines: never waits for whoever reads it, and every line begins at a line's start. One thread
+//! at a time.
+class Console {
+public:
+    //! Writes a line, which ends with a line feed, or drops it. How many were dropped is written before the next one
+    //! that finds room.
+    void write(std::string_view line);
+
+private:
+    //! What standard output turned out to be with the first line: what never waits, a socket, a pipe or terminal that
+    //! could be opened once more for our own use, and one that couldn't.
+    enum class Kind { Unknown, Plain, Socket, Own, Foreign };
+
+    void lookAtIt();
+    [[nodiscard]] bool hasRoom() const;
+    //! As write(), but never waits for longer than a moment.
+    ssize_t writeOnce(std::string_view text) const;
+    //! Removes what could be written from the text's beginning.
+    void writeFrom(std::string_view& text) const;
+
+    Kind m_kind = Kind::Unknown;
+    UniqueFd m_own;     //!< a description of our own: not to wait is nobody else's wish
+    std::string m_rest; //!< of a line that has been written in part
+    unsigned long m_dropped = 0;
+};
+
+} // namespace fv2
