@@ -121,9 +121,6 @@ class SecretsTest(unittest.TestCase):
                         wait_until(lambda: item.icon_colour() == "yellow", "the agent to know")
                     else:
                         self.dialog.answer()
-                self.assertEqual(copies_in_memory(self.service.pid, *pieces(self.account.password)),
-                                 {"utf-8": 0, "utf-16-le": 0}, "the demo service wipes its copies too")
-                self.assertEqual(self.service.stop(), 0)
                 print(f"{rounds} rounds; from an answer to a search that found none at most",
                       *(f"{seconds * 1000:.1f} ms ({what})" for what, seconds in slowest.items()))
 
