@@ -8,6 +8,7 @@ usage: session.py <folder of the two programs>"""
 import os
 import subprocess
 import sys
+import tempfile
 import threading
 from pathlib import Path
 
@@ -26,6 +27,20 @@ def show(lines):
 
 
 def run(build):
+    with tempfile.TemporaryDirectory(prefix="fv2-demo-") as settings:
+        return play(build, Path(settings))
+
+
+def lenient(settings):
+    """An environment in which the agent hands passwords to a service that runs as the user, as the demo's does."""
+    file = settings / "fv2-agent/agent.conf"
+    file.parent.mkdir()
+    file.write_text("[credentials]\nrootOnly=false\n", encoding="utf-8")
+    folders = os.environ.get("XDG_CONFIG_DIRS") or "/etc/xdg"
+    return {**os.environ, "XDG_CONFIG_DIRS": f"{settings}:{folders}"}
+
+
+def play(build, settings):
     service = subprocess.Popen([build / "fv2-demo-service", "--scenario", "encrypt"], stdout=subprocess.PIPE, text=True)
     running = {service.pid: service}
     try:
@@ -34,7 +49,7 @@ def run(build):
         show([first])
         if not first.startswith("listening on "):
             return service.wait() or 1
-        agent = subprocess.Popen([build / "fv2-agent"])
+        agent = subprocess.Popen([build / "fv2-agent"], env=lenient(settings))
         running[agent.pid] = agent
         print(WELCOME, flush=True)
         threading.Thread(target=show, args=(service.stdout,), daemon=True).start()

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "Require.h"
-#include "resources/SlowTagScanner.h"
+#include "SlowTagScanner.h"
 
 #include <cstdint>
 

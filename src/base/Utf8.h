@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <string>
 #include <string_view>
 
 namespace fv2 {
@@ -29,5 +30,22 @@ namespace fv2 {
     }
     return all;
 }
+
+struct CodePoint {
+    std::uint32_t value;
+    std::size_t length; //!< bytes; 0 when the text does not begin with whole UTF-8
+};
+
+//! Of a text that is not empty.
+[[nodiscard]] CodePoint firstCodePoint(std::string_view text);
+
+//! Controls, separators of lines, what turns the direction of a text or can't be seen at all.
+[[nodiscard]] bool isNeverShown(std::uint32_t codePoint);
+
+inline constexpr std::size_t kMostReadableCharacters = 200;
+
+//! What people will read of a stranger's name or version: its first characters in valid UTF-8 and on one line, without
+//! those that are never shown.
+[[nodiscard]] std::string readableText(std::string_view text);
 
 } // namespace fv2

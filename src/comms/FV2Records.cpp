@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "comms/FV2Records.h"
 
+#include "base/Utf8.h"
 #include "comms/JsonExtent.h"
 
 #include <nlohmann/json.hpp>
@@ -62,9 +63,18 @@ bool read(const json& object, const char* key, std::optional<Member>& member) {
     return convert(*found, member.emplace());
 }
 
+//! A text that people will read.
+bool readReadable(const json& object, const char* key, std::optional<std::string>& member) {
+    if (!read(object, key, member))
+        return false;
+    if (member)
+        member = readableText(*member);
+    return true;
+}
+
 bool convert(const json& value, FV2EISStatus& out) {
     return value.is_object() && read(value, "state", out.state) && read(value, "progress", out.progress) &&
-           read(value, "uuid", out.uuid) && read(value, "version", out.version) &&
+           readReadable(value, "uuid", out.uuid) && readReadable(value, "version", out.version) &&
            read(value, "sync_active", out.sync_active) && read(value, "sync_ok", out.sync_ok) &&
            read(value, "sync_last", out.sync_last);
 }

@@ -16,7 +16,7 @@ namespace fv2 {
 struct FV2EISStatus {
     std::optional<std::int64_t> state;
     std::optional<std::int64_t> progress; //!< percent
-    std::optional<std::string> uuid;
+    std::optional<std::string> uuid;      //!< this and the next as readableText() leaves them
     std::optional<std::string> version;
     std::optional<std::int64_t> sync_active; //!< 1 while a synchronisation runs
     std::optional<std::int64_t> sync_ok;     //!< 1 when the last one succeeded

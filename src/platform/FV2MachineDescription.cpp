@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2MachineDescription.h"
 
+#include "base/Utf8.h"
 #include "platform/SmallFiles.h"
-
-#include <QList>
-#include <QString>
 
 #include <cerrno>
 #include <optional>
@@ -16,7 +14,6 @@ namespace fv2 {
 namespace {
 
 constexpr std::size_t kMost = 64 * 1024;
-constexpr qsizetype kMostCharacters = 200; //!< of a value
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::string_view kModelName = "model name";
 
@@ -25,27 +22,6 @@ std::string trimmed(std::string_view text) {
     if (first == std::string_view::npos)
         return {};
     return std::string(text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
-}
-
-//! The first characters of a value that people will read: without control and format characters, line separators, and
-//! what isn't UTF-8.
-std::string readable(const std::string& value) {
-    QList<uint> characters = QString::fromStdString(value).toUcs4();
-    characters.removeIf([](uint each) {
-        switch (QChar::category(each)) {
-        case QChar::Other_Control:
-        case QChar::Other_Format:
-        case QChar::Separator_Line:
-        case QChar::Separator_Paragraph:
-            return true;
-        default:
-            return each == QChar::ReplacementCharacter;
-        }
-    });
-    QString text;
-    for (const uint each : characters.first(std::min(characters.size(), kMostCharacters)))
-        text += QChar::fromUcs4(each);
-    return text.toStdString();
 }
 
 SysctlError failure(int code, const std::filesystem::path& cpuinfo) {
@@ -59,7 +35,7 @@ std::string describedBy(const std::filesystem::path& path) {
     for (std::string line; std::getline(lines, line);)
         if (const std::size_t equals = line.find('='); equals != std::string::npos)
             values[line.substr(0, equals)] =
-                readable(unquotedValue(trimmed(std::string_view(line).substr(equals + 1))));
+                readableText(unquotedValue(trimmed(std::string_view(line).substr(equals + 1))));
     if (const std::string& pretty = values["PRETTY_NAME"]; !pretty.empty())
         return pretty;
     const std::string& name = values["NAME"];
@@ -78,7 +54,7 @@ std::variant<std::string, SysctlError> machineDescription(const std::filesystem:
         const std::size_t colon = line.find(':');
         if (colon == std::string::npos || trimmed(std::string_view(line).substr(0, colon)) != kModelName)
             continue;
-        if (const std::string name = readable(trimmed(std::string_view(line).substr(colon + 1))); !name.empty())
+        if (const std::string name = readableText(trimmed(std::string_view(line).substr(colon + 1))); !name.empty())
             return name + (sizeof(void*) == 8 ? " (64-bit)" : " (32-bit)");
     }
     return failure(ENOENT, cpuinfo);

@@ -2,18 +2,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 namespace fv2 {
 
 //! What the administrator of this computer can set.
 struct FV2Settings {
-    std::string helpHost = "help.example.com"; //!< a reserved name, which nobody can own
-    bool credentialsToRootOnly = false;        //!< a service that runs as the user gets no password
+    std::string helpHost = "help.example.com"; //!< a reserved name, which nobody can own; empty: there is no help
+    bool credentialsToRootOnly = true;         //!< a service that runs as the user gets no password
 };
 
-//! Reads "fv2-agent/agent.conf" in the first of the system's folders for settings (XDG_CONFIG_DIRS, then /etc/xdg) that
-//! has it; what is not said there keeps its default. A file that can't be read counts as the stricter choice.
-[[nodiscard]] FV2Settings readSettings();
+//! Reads "fv2-agent/agent.conf" in the first of the system's folders for settings (XDG_CONFIG_DIRS, then `computer`)
+//! that has it; what is not said there keeps its default. A file with a mistake counts for nothing, and the system log
+//! is told of the first one. Whoever has set XDG_CONFIG_DIRS can't lower credentialsToRootOnly against the file of the
+//! computer: where there is one, it has to say so too.
+[[nodiscard]] FV2Settings readSettings(const std::filesystem::path& computer = "/etc/xdg");
 
 } // namespace fv2

@@ -6,14 +6,20 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace fv2 {
 
 std::optional<std::string> readSmallFile(const std::filesystem::path& path, std::size_t most) {
     const UniqueFd file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    if (!file)
+    struct stat facts {};
+    if (!file || ::fstat(file.get(), &facts) != 0)
         return std::nullopt;
+    if (!S_ISREG(facts.st_mode)) {
+        errno = S_ISDIR(facts.st_mode) ? EISDIR : EINVAL;
+        return std::nullopt;
+    }
     std::string content(most, '\0');
     std::size_t have = 0;
     while (have < most) {

@@ -10,8 +10,8 @@
 
 namespace fv2 {
 
-//! The first `most` bytes of a file, or an empty result with errno set. Does not wait for a writer, should it be a
-//! pipe.
+//! The first `most` bytes of a file, or an empty result with errno set: EISDIR for a folder, EINVAL for a pipe or a
+//! device, without waiting for either.
 [[nodiscard]] std::optional<std::string> readSmallFile(const std::filesystem::path& path, std::size_t most);
 
 //! The value of a shell-like assignment: one pair of quotes taken off, a backslash makes the next character plain.

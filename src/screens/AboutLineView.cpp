@@ -84,7 +84,7 @@ void AboutLineView::setLine(const QString& label, const QString& value) {
     } else if (value != m_value->text()) {
         m_value->setText(value);
     }
-    setAccessibleName(label + value);
+    setAccessibleName(QString(label.trimmed() + u' ' + value).trimmed());
 }
 
 } // namespace fv2

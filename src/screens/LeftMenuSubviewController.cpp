@@ -72,8 +72,9 @@ void LeftMenuSubviewController::viewDidLoad() {
     const auto model = appModel.lock();
     menuItemsArray = {
         {"IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS", "home_template", eMainWindowContentSubViewType::ProtectionStatus,
-         model ? statusMessageCount(model->state()) : 0},
-        {"IDUS_MGUI_LEFT_MENU_ABOUT", "talvik_about_template", eMainWindowContentSubViewType::About, 0},
+         model ? statusMessageCount(model->state()) : 0, "IDUS_MGUI_PROTECTION_STATUS_INDICATOR_ACC_HELP"},
+        {"IDUS_MGUI_LEFT_MENU_ABOUT", "talvik_about_template", eMainWindowContentSubViewType::About, 0,
+         "IDUS_MGUI_ABOUT_INDICATOR_ACC_HELP"},
     };
     for (const menuItem& item : menuItemsArray)
         addRow(item);
@@ -85,6 +86,7 @@ void LeftMenuSubviewController::addRow(const menuItem& item) {
     const QString title = translated(QString::fromUtf8(item.title));
     auto* const row = new QListWidgetItem(tableView);
     row->setData(Qt::AccessibleTextRole, title);
+    row->setData(Qt::AccessibleDescriptionRole, translated(QString::fromUtf8(item.help)));
     auto* const cell = new NxLeftMenuCellView(tableView);
     cell->setObjectName(QStringLiteral("LeftMenuCell"));
     cell->textField().setText(title);
@@ -125,7 +127,9 @@ void LeftMenuSubviewController::updateCounter(NxLeftMenuCellView& cell, long cou
     }
     cell.imageView().setImageName(QString::fromUtf8(look.icon));
     // Screen readers are told of every change, so there must be one.
-    const QString spoken = count == 0 ? QString() : counterValueDescription(number, look.spokenStatus);
+    const QString help = translated(QString::fromUtf8(menuItemsArray.front().help));
+    const QString spoken =
+        count == 0 ? help : counterValueDescription(number, look.spokenStatus) + QStringLiteral(". ") + help;
     if (QListWidgetItem* const row = tableView->item(0); row->data(Qt::AccessibleDescriptionRole).toString() != spoken)
         row->setData(Qt::AccessibleDescriptionRole, spoken);
 }

@@ -52,6 +52,7 @@ private:
         const char* icon;
         eMainWindowContentSubViewType id;
         long counter;
+        const char* help; //!< what screen readers tell of the row beside its title
     };
 
     void viewDidLoad();

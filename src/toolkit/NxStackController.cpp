@@ -16,6 +16,20 @@ arrayOf(std::initializer_list<std::shared_ptr<NxViewController>> controllers) {
     return array;
 }
 
+//! The view's widgets that Tab may reach, in Tab's order, come behind `last`; tells the last one then.
+QWidget* orderForTab(QWidget* last, QWidget* view) {
+    std::vector<QWidget*> inside{view};
+    for (QWidget* each = view->nextInFocusChain(); each != view; each = each->nextInFocusChain())
+        if (view->isAncestorOf(each))
+            inside.push_back(each);
+    for (QWidget* each : inside)
+        if (each->focusPolicy() != Qt::NoFocus) {
+            QWidget::setTabOrder(last, each);
+            last = each;
+        }
+    return last;
+}
+
 } // namespace
 
 NxStackController::NxStackController()
@@ -101,8 +115,11 @@ void NxStackController::layOutViews() {
             each->view()->parentWidget() == m_innerView)
             each->view()->setParent(nullptr);
     layout->setSpacing(std::max(m_spacing, 0));
-    for (const auto& each : controllers)
+    QWidget* last = m_innerView;
+    for (const auto& each : controllers) {
         layout->addWidget(each->view());
+        last = orderForTab(last, each->view());
+    }
     // Room to spare goes to the last view, which reaches down to the bottom, and what it can't take is left below it;
     // it never widens the gaps.
     if (!controllers.empty())

@@ -17,7 +17,6 @@ namespace fv2 {
 
 namespace {
 
-//! The view asks for lines of at most about so many letters.
 //! Of the font's own; leaves room for the focus mark between two lines.
 constexpr double kLineHeight = 1.2;
 
@@ -144,7 +143,13 @@ std::optional<int> NxTextAndLinksView::characterIndexAt(const QPoint& place) con
     const QTextLayout& layout = layoutAt(width());
     for (int number = 0; number < layout.lineCount(); ++number) {
         const QTextLine line = layout.lineAt(number);
-        if (!line.naturalTextRect().contains(inText))
+        QRectF text = line.naturalTextRect();
+        // Lines share what lies between them.
+        if (number > 0)
+            text.setTop((layout.lineAt(number - 1).naturalTextRect().bottom() + text.top()) / 2);
+        if (number + 1 < layout.lineCount())
+            text.setBottom((text.bottom() + layout.lineAt(number + 1).naturalTextRect().top()) / 2);
+        if (!text.contains(inText))
             continue;
         const int index = line.xToCursor(inText.x(), QTextLine::CursorOnCharacter);
         return index < m_text.length() ? std::optional(index) : std::nullopt;

@@ -104,6 +104,18 @@ TEST(Records, AreWholeJsonObjectsWithValuesOfTheirTypes) {
         }
 }
 
+TEST(Records, TakeOfTheServicesTextsWhatPeopleCanReadAndTokensWhole) {
+    const std::string name = std::string(199, 'x') + "\u00fc";
+    const std::string sent = "\u202E\u0007" + name + std::string(1'000'000, 'y');
+    const auto status = FV2EISResponse::decode(R"({"status":{"uuid":")" + sent.substr(4) + R"(","version":")" +
+                                               std::string(sent).replace(3, 1, "\\u0007") + R"("}})")
+                            .value()
+                            .status.value();
+    EXPECT_EQ(status.version, name);
+    EXPECT_EQ(status.uuid, name);
+    EXPECT_EQ(FV2CommsToken::tokenOf(R"({"token":")" + sent.substr(4) + R"("})"), sent.substr(4));
+}
+
 TEST(Records, JudgeAnAnswerByItsResultThenItsSuccessAndGiveATokenOnlyWithoutAnError) {
     const auto ok = [](const char* text) { return FV2AISResponse::decode(text)->ok(); };
     EXPECT_TRUE(ok(R"({"success":true})") && ok(R"({"result":true,"success":false})"));

@@ -85,7 +85,7 @@ class TrayTest(unittest.TestCase):
             start_service(desktop)
             start_agent(desktop, LANG="C.UTF-8", LANGUAGE="xx:de:en")
             item = desktop.tray_item()
-            wait_until(lambda: "Bitte beachten Sie die Hinweise" in item.tooltip(), "the German title")
+            wait_until(lambda: "Bitte beachten Sie die Meldungen" in item.tooltip(), "the German title")
 
 
 class LogSwitchTest(unittest.TestCase):

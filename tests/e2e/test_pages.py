@@ -28,12 +28,12 @@ class OpenWindow(unittest.TestCase):
                                                  account=self.enterContext(listed_account())))
         self.screen, self.service = self.desktop.screen, start_service(self.desktop, *lines)
         settings, browser = (self.desktop.folder / name for name in ("xdg/fv2-agent/agent.conf", "bin/xdg-open"))
-        for file, text in ((settings, "[help]\nhost=help.intra.example:8080\n"), (browser, BROWSER)):
-            file.parent.mkdir(parents=True)
-            file.write_text(text, encoding="utf-8")
+        settings.write_text(settings.read_text() + "[help]\nhost=help.intra.example:8080\n", encoding="utf-8")
+        browser.parent.mkdir()
+        browser.write_text(BROWSER, encoding="utf-8")
         browser.chmod(0o755)
-        self.agent = start_agent(self.desktop, "--show-window", XDG_CONFIG_DIRS=str(settings.parents[1]),
-                                 PATH=f"{browser.parent}:{self.desktop.env['PATH']}", **env)
+        self.agent = start_agent(self.desktop, "--show-window", PATH=f"{browser.parent}:{self.desktop.env['PATH']}",
+                                 **env)
         self.agent.expect("updateFromModel syncSource == Startup")
         self.dialog = PasswordDialog(self.desktop, self.agent)
         self.page = self.dialog.elements()

@@ -11,13 +11,17 @@ from waiting import wait_until
 
 TEXTS = {
     "en": {
-        "rows": ["Protection status", "About"], "about": "About this program", "link": "Try again", "states": (
-            (1, "1, status: warning", "Please read the messages"), (3, "2, status: problem", "Your attention is needed"),
-            (6, "", "No problems reported"))},
+        "rows": ["Protection status", "About"], "about": "About this program", "link": "Try again",
+        "help": ("Opens the messages about the protection of your data; the number says how many there are.",
+                 "Opens what there is to know about this program and this computer."), "states": (
+            (1, "1, status: warning. ", "Please read the messages"),
+            (3, "2, status: problem. ", "Your attention is needed"), (6, "", "No problems reported"))},
     "de": {
-        "rows": ["Schutzstatus", "Über"], "about": "Über dieses Programm", "link": "Versuchen Sie es erneut", "states": (
-            (1, "1, Status: Warnung", "Bitte beachten Sie die Hinweise"),
-            (3, "2, Status: Problem", "Ihre Aufmerksamkeit ist gefragt"), (6, "", "Keine Probleme gemeldet"))},
+        "rows": ["Schutzstatus", "Über"], "about": "Über dieses Programm", "link": "Versuchen Sie es erneut",
+        "help": ("Öffnet die Meldungen zum Schutz Ihrer Daten; die Zahl sagt, wie viele es sind.",
+                 "Öffnet die Angaben zu diesem Programm und diesem Computer."), "states": (
+            (1, "1, Status: Warnung. ", "Bitte beachten Sie die Meldungen"),
+            (3, "2, Status: Problem. ", "Ihre Aufmerksamkeit ist erforderlich"), (6, "", "Keine Probleme gemeldet"))},
 }
 
 
@@ -35,10 +39,11 @@ class ScreenReaderTest(unittest.TestCase):
                 self.assertIn("selected", status.states())
                 for state, description, title in texts["states"]:
                     service.send(f"state {state}")
-                    wait_until(lambda: status.description() == description, f"'{description}' in state {state}")
+                    wait_until(lambda: status.description() == description + texts["help"][0],
+                               f"'{description}' in state {state}")
                     window.find("filler", title, ["showing"])
                     window.find("label", title, ["showing"])
-                self.assertEqual(about.description(), "")
+                self.assertEqual(about.description(), texts["help"][1])
                 about.do("Toggle")
                 wait_until(lambda: "selected" in about.states(), "the row to be selected")
                 self.assertNotIn("selected", status.states())

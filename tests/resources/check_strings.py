@@ -17,6 +17,8 @@ USED = re.compile(r'(?<=[">])(IDC?US_\w*[A-Za-z0-9])(?=["<])')
 PLACEHOLDER = re.compile(r"%(?:L?\d+|[A-Za-z@])")
 TAG = re.compile(r"<[^<>]*>")
 LINK = re.compile(r'<A TYPE="COMMAND" COMMAND="[A-Z-]+" TITLE">([^<>]*)</A>')
+#: Every table has it, though no message of ours has such a link.
+WITHOUT_USE = {"IDUS_LINK_SHOW_ENTER_PASSWORD_DIALOG"}
 WITH_PLACEHOLDER = {
     "IDUS_ORM_SM_PERCENT_FMT",
     "IDUS_ORM_SM_STARTING_ENC",
@@ -100,6 +102,9 @@ def check(root):
     first_file, (first_texts, first_sources) = next(iter(tables.items()))
     for file, (texts, sources) in tables.items():
         captions = {text for name, text in texts.items() if name.startswith("IDUS_LINK_")}
+        in_links = set().union(*map(LINK.findall, texts.values()))
+        faults += [f"{file}: {name}: used nowhere" for name, text in texts.items()
+                   if name not in WITHOUT_USE | set(used) and not (text in captions and text in in_links)]
         for name in sorted(known | set(used)):
             if name not in texts:
                 faults.append(f"{file}: {name}: missing" + (f", used in {used[name]}" if name in used else ""))

@@ -25,10 +25,10 @@ protected:
 TEST_F(AboutTest, ShowsTheServicesTextsAsTheyAre) {
     refreshShown(statusAnswer(6, R"(,"version":"<b>5</b>","uuid":"<img src='/dev/zero'>","sync_last":9)"));
     openAbout();
-    EXPECT_EQ(line("fieldProductVersion"), "MGUI_PRODUCT_VERSION %1<b>5</b>");
-    EXPECT_EQ(line("fieldUUID"), "Workstation ID:<img src='/dev/zero'>");
-    EXPECT_EQ(line("fieldOperatingSystem"), "MGUI_OPERATING_SYSTEM %1An OS");
-    EXPECT_EQ(line("fieldMachine"), "MGUI_MACHINE %1A CPU");
+    EXPECT_EQ(line("fieldProductVersion"), "MGUI_PRODUCT_VERSION %1 <b>5</b>");
+    EXPECT_EQ(line("fieldUUID"), "Workstation ID: <img src='/dev/zero'>");
+    EXPECT_EQ(line("fieldOperatingSystem"), "MGUI_OPERATING_SYSTEM %1 An OS");
+    EXPECT_EQ(line("fieldMachine"), "MGUI_MACHINE %1 A CPU");
     for (const auto* const field : window().findChildren<QLabel*>())
         EXPECT_EQ(field->textFormat(), Qt::PlainText);
     auto* const value = window().findChild<QLineEdit*>();
@@ -54,7 +54,7 @@ TEST_F(AboutTest, TellsOfTheSynchronisationAndStartsOneAtATime) {
                            {statusAnswer(0, R"(,"sync_last":9)"), "UNKNOWN %1", false},
                            {"", "UNKNOWN %1", false}}) {
         refreshShown(answer);
-        EXPECT_EQ(line("fieldLastORMSync"), "MGUI_LAST_SYNC %1" + expected) << answer;
+        EXPECT_EQ(line("fieldLastORMSync"), "MGUI_LAST_SYNC %1 " + expected) << answer;
         EXPECT_EQ(sync().isEnabled(), enabled) << answer;
     }
     refreshShown(statusAnswer(6));

@@ -105,7 +105,7 @@ TEST_F(MainWindowTest, ShowsStateAndNumberOfMessagesInTheMenusFirstRow) {
             EXPECT_TRUE(spoken.startsWith(tested.number + ", ") && spoken.contains(tested.spoken))
                 << spoken.toStdString();
         } else {
-            EXPECT_EQ(spoken, "");
+            EXPECT_EQ(spoken, "MGUI_PROTECTION_STATUS_INDICATOR_ACC_HELP %1");
         }
         EXPECT_EQ(window().findChild<NxImageView*>(QStringLiteral("statusLineIcon"))->imageName(), tested.line);
         EXPECT_FALSE(cell(1).counterImage().isVisible());

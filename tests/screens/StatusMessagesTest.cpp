@@ -13,9 +13,6 @@
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
-#include <ctime>
-#include <limits>
-
 namespace fv2::test {
 namespace {
 
@@ -185,22 +182,6 @@ TEST_F(StatusMessages, ComeRightBehindTheirTableInTheOrderOfTab) {
         back();
         EXPECT_EQ(table().hasFocus(), count == 30) << "the list itself only while it scrolls";
     }
-}
-
-TEST_F(StatusMessages, CostNoMoreByTheRowWhenTheyAreMany) {
-    const auto costOf = [this](Messages messages) { // in processor time
-        std::clock_t best = std::numeric_limits<std::clock_t>::max();
-        for (int round = 0; round < 5; ++round) {
-            messages[0].Text = std::to_string(round);
-            const std::clock_t before = std::clock();
-            show(messages);
-            best = std::min(best, std::clock() - before);
-            settle();
-        }
-        return best;
-    };
-    // Ten times the rows: a cost that grew with their square would be a hundredfold.
-    EXPECT_LT(costOf(numbered(200)), 40 * costOf(numbered(20)));
 }
 
 //! A click may change the messages, and with them all rows, before it is over.

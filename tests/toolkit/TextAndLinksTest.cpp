@@ -190,7 +190,11 @@ TEST(TextAndLinksView, FollowsItsTextFontAndColours) {
     EXPECT_LT(view.heightForWidth(1000), height);
     EXPECT_GE(container.minimumSizeHint().height(), height);
     EXPECT_GE(view.rectOfLink(0).height(), 2 * view.fontMetrics().height());
-    EXPECT_TRUE(view.rect().contains(view.rectOfLink(0)));
+    const QRect link = view.rectOfLink(0);
+    EXPECT_TRUE(view.rect().contains(link));
+    for (int y = link.top() + 1; y < link.bottom(); ++y)
+        EXPECT_TRUE(view.hasLinkAt(view.characterIndexAt({link.left() + 2, y}).value_or(0)))
+            << "between its lines " << y;
     const auto has = [&view](const QColor& colour) {
         const QImage without = view.grab().toImage().createMaskFromColor(colour.rgb(), Qt::MaskOutColor);
         return !QRegion(QBitmap::fromImage(without)).isEmpty(); // a bitmap has its colours the other way round

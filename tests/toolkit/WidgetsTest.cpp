@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QBitmap>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTextDocument>
 #include <gtest/gtest.h>
 
@@ -257,10 +258,11 @@ TEST(LeftMenuCell, KeepsEveryTextReadableBesideTheBubble) {
     EXPECT_EQ((cell.counterImage().x() | cell.counterImage().y()) % 2, 0) << "blurred at 150 %";
 }
 
-//! A view of a height that its model tells, or of any for 0.
+//! A button in a view of a height that its model tells, or of any for 0.
 class Block final : public NxAutoViewController<int> {
     std::unique_ptr<QWidget> loadView() override {
         auto view = std::make_unique<QWidget>();
+        new QPushButton(view.get());
         if (*modelData() > 0)
             view->setFixedHeight(*modelData());
         return view;
@@ -282,8 +284,14 @@ TEST(Stack, LaysViewsOutUnderOneAnotherAndFollowsItsModel) {
         QCoreApplication::processEvents(); // shows views that have come
         stack->view()->resize(100, stack->view()->sizeHint().height());
         std::vector<QRect> all{stack->view()->rect()};
-        for (const auto& each : stack->childViewControllers())
+        QWidget* last = stack->view();
+        for (const auto& each : stack->childViewControllers()) {
             all.emplace_back(each->view()->mapTo(stack->view(), QPoint(0, 0)), each->view()->size());
+            do
+                last = last->nextInFocusChain();
+            while (last->focusPolicy() == Qt::NoFocus);
+            EXPECT_EQ(last->parentWidget(), each->view()) << "Tab goes downwards";
+        }
         return all;
     };
     using Places = std::vector<QRect>;

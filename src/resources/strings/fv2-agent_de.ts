@@ -17,7 +17,7 @@
     </message>
     <message id="IDUS_ORM_SM_BADFCONFIG">
         <source>The settings for disk encryption are missing or not valid on this computer. Please contact your administrator, who can correct them.</source>
-        <translation>Die Einstellungen zur Festplattenverschlüsselung fehlen auf diesem Computer oder sind ungültig. Bitte wenden Sie sich an Ihre Administration, die das beheben kann.</translation>
+        <translation>Die Einstellungen zur Festplattenverschlüsselung fehlen auf diesem Computer oder sind ungültig. Bitte wenden Sie sich an Ihre Systemadministration, die das beheben kann.</translation>
     </message>
     <message id="IDUS_ORM_SM_NOT_ENCD">
         <source>Your disk is not encrypted</source>
@@ -73,7 +73,7 @@
     </message>
     <message id="IDUS_ORM_SM_OTHER_MANAGED_DESC">
         <source>The encryption of this disk was not set up by this program, so it cannot be managed here. Please contact your administrator.</source>
-        <translation>Die Verschlüsselung dieser Festplatte wurde nicht von diesem Programm eingerichtet und kann hier nicht verwaltet werden. Bitte wenden Sie sich an Ihre Administration.</translation>
+        <translation>Die Verschlüsselung dieser Festplatte wurde nicht von diesem Programm eingerichtet und kann hier nicht verwaltet werden. Bitte wenden Sie sich an Ihre Systemadministration.</translation>
     </message>
     <message id="IDUS_ORM_SM_PERCENT_FMT">
         <source>%1%</source>
@@ -85,7 +85,7 @@
     </message>
     <message id="IDUS_ORM_SM_SYNC_ISSUE">
         <source>The last synchronization with the management server did not succeed. &lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Try again&lt;/A&gt;. If that does not help, check your network connection or contact your administrator.</source>
-        <translation>Die letzte Synchronisierung mit dem Verwaltungsserver ist nicht gelungen. &lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Versuchen Sie es erneut&lt;/A&gt;. Wenn das nicht hilft, prüfen Sie Ihre Netzwerkverbindung oder wenden Sie sich an Ihre Administration.</translation>
+        <translation>Die letzte Synchronisierung mit dem Verwaltungsserver ist fehlgeschlagen. &lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Versuchen Sie es erneut&lt;/A&gt;. Wenn das nicht hilft, prüfen Sie Ihre Netzwerkverbindung oder wenden Sie sich an Ihre Systemadministration.</translation>
     </message>
     <message id="IDUS_ORM_SM_SYNC_ACTIVE">
         <source>This computer is exchanging its settings with the management server. There is nothing for you to do.</source>
@@ -113,15 +113,15 @@
     </message>
     <message id="IDUS_ALERT_ERROR_COMMS">
         <source>The service that looks after the encryption of this computer could not be reached. &lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Try again&lt;/A&gt;. If that does not help, restart the computer or contact your administrator.</source>
-        <translation>Der Dienst, der sich um die Verschlüsselung dieses Computers kümmert, ist nicht erreichbar. &lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Versuchen Sie es erneut&lt;/A&gt;. Wenn das nicht hilft, starten Sie den Computer neu oder wenden Sie sich an Ihre Administration.</translation>
+        <translation>Der Dienst, der sich um die Verschlüsselung dieses Computers kümmert, ist nicht erreichbar. &lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Versuchen Sie es erneut&lt;/A&gt;. Wenn das nicht hilft, starten Sie den Computer neu oder wenden Sie sich an Ihre Systemadministration.</translation>
     </message>
     <message id="IDUS_ALERT_ERROR_PROXYSYNC_GENERIC_TITLE">
         <source>Synchronization did not succeed</source>
-        <translation>Die Synchronisierung ist nicht gelungen</translation>
+        <translation>Die Synchronisierung ist fehlgeschlagen</translation>
     </message>
     <message id="IDUS_ALERT_ERROR_PROXYSYNC_PROBLEM">
         <source>The settings of this computer could not be exchanged with the management server. Check your network connection and try again later. If that does not help, contact your administrator.</source>
-        <translation>Die Einstellungen dieses Computers konnten nicht mit dem Verwaltungsserver abgeglichen werden. Prüfen Sie Ihre Netzwerkverbindung und versuchen Sie es später erneut. Wenn das nicht hilft, wenden Sie sich an Ihre Administration.</translation>
+        <translation>Die Einstellungen dieses Computers konnten nicht mit dem Verwaltungsserver abgeglichen werden. Prüfen Sie Ihre Netzwerkverbindung und versuchen Sie es später erneut. Wenn das nicht hilft, wenden Sie sich an Ihre Systemadministration.</translation>
     </message>
     <message id="IDUS_ALERT_TITLE_PASSWORD_WARNING">
         <source>Enter your password later?</source>
@@ -141,11 +141,11 @@
     </message>
     <message id="IDUS_ALERT_ERROR_PASSWORD_FAILURE">
         <source>You typed your password correctly, but the encryption service did not accept it. Please try again. If that does not help, contact your administrator.</source>
-        <translation>Sie haben Ihr Passwort richtig eingegeben, aber der Verschlüsselungsdienst hat es nicht angenommen. Bitte versuchen Sie es erneut. Wenn das nicht hilft, wenden Sie sich an Ihre Administration.</translation>
+        <translation>Sie haben Ihr Passwort richtig eingegeben, aber der Verschlüsselungsdienst hat es nicht akzeptiert. Bitte versuchen Sie es erneut. Wenn das nicht hilft, wenden Sie sich an Ihre Systemadministration.</translation>
     </message>
     <message id="IDUS_ALERT_TITLE_PASSWORD_VALIDATION">
         <source>The password was not accepted</source>
-        <translation>Das Passwort wurde nicht angenommen</translation>
+        <translation>Das Passwort wurde nicht akzeptiert</translation>
     </message>
     <message id="IDUS_ALERT_ERROR_PASSWORD_VALIDATION">
         <source>Check that Caps Lock is off, then type the password again that you use to log in to this computer.</source>
@@ -171,7 +171,7 @@
     </message>
     <message id="IDUS_PASSWORDDIALOG_CAPS_LOCK">
         <source>Caps Lock is on.</source>
-        <translation>Die Feststelltaste ist aktiv.</translation>
+        <translation>Die Feststelltaste ist eingeschaltet.</translation>
     </message>
     <message id="IDUS_PASSWORDDIALOG_CHECKING">
         <source>Checking your password…</source>
@@ -179,7 +179,7 @@
     </message>
     <message id="IDUS_PASSWORDDIALOG_REFUSED">
         <source>Not added: the password would become too long or hold characters that it cannot have.</source>
-        <translation>Nicht übernommen: Das Passwort würde zu lang oder enthielte unzulässige Zeichen.</translation>
+        <translation>Nicht übernommen: Das Passwort wäre zu lang oder enthielte unzulässige Zeichen.</translation>
     </message>
     <message id="IDUS_BUTTON_OK">
         <source>OK</source>
@@ -221,11 +221,11 @@
     </message>
     <message id="IDUS_MGUI_STATUS_TITLE_YELLOW">
         <source>Please read the messages</source>
-        <translation>Bitte beachten Sie die Hinweise</translation>
+        <translation>Bitte beachten Sie die Meldungen</translation>
     </message>
     <message id="IDUS_MGUI_STATUS_TITLE_RED">
         <source>Your attention is needed</source>
-        <translation>Ihre Aufmerksamkeit ist gefragt</translation>
+        <translation>Ihre Aufmerksamkeit ist erforderlich</translation>
     </message>
     <message id="IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS">
         <source>Protection status</source>
@@ -270,8 +270,8 @@
         <translation>Betriebssystem: </translation>
     </message>
     <message id="IDUS_MGUI_MACHINE">
-        <source>Computer type: </source>
-        <translation>Computertyp: </translation>
+        <source>Processor: </source>
+        <translation>Prozessor: </translation>
     </message>
     <message id="IDUS_MGUI_LAST_SYNC">
         <source>Last synchronization: </source>
@@ -321,19 +321,19 @@
     </message>
     <message id="IDUS_MGUI_LEFT_MENU_COUNTER_STATE_INFO">
         <source>information</source>
-        <translation>Hinweis</translation>
+        <translation>Information</translation>
     </message>
     <message id="IDUS_MGUI_LEFT_MENU_COUNTER_ACC_VALUE_DESC">
         <source>message counter</source>
         <translation>Meldungszähler</translation>
     </message>
     <message id="IDUS_MGUI_PROTECTION_STATUS_INDICATOR_ACC_HELP">
-        <source>Shows how many messages there are about the protection of your data.</source>
-        <translation>Zeigt, wie viele Meldungen es zum Schutz Ihrer Daten gibt.</translation>
+        <source>Opens the messages about the protection of your data; the number says how many there are.</source>
+        <translation>Öffnet die Meldungen zum Schutz Ihrer Daten; die Zahl sagt, wie viele es sind.</translation>
     </message>
     <message id="IDUS_MGUI_ABOUT_INDICATOR_ACC_HELP">
-        <source>Shows how many messages there are about this program.</source>
-        <translation>Zeigt, wie viele Meldungen es zu diesem Programm gibt.</translation>
+        <source>Opens what there is to know about this program and this computer.</source>
+        <translation>Öffnet die Angaben zu diesem Programm und diesem Computer.</translation>
     </message>
 </context>
 </TS>

@@ -270,8 +270,8 @@
         <translation>Operating system: </translation>
     </message>
     <message id="IDUS_MGUI_MACHINE">
-        <source>Computer type: </source>
-        <translation>Computer type: </translation>
+        <source>Processor: </source>
+        <translation>Processor: </translation>
     </message>
     <message id="IDUS_MGUI_LAST_SYNC">
         <source>Last synchronization: </source>
@@ -328,12 +328,12 @@
         <translation>message counter</translation>
     </message>
     <message id="IDUS_MGUI_PROTECTION_STATUS_INDICATOR_ACC_HELP">
-        <source>Shows how many messages there are about the protection of your data.</source>
-        <translation>Shows how many messages there are about the protection of your data.</translation>
+        <source>Opens the messages about the protection of your data; the number says how many there are.</source>
+        <translation>Opens the messages about the protection of your data; the number says how many there are.</translation>
     </message>
     <message id="IDUS_MGUI_ABOUT_INDICATOR_ACC_HELP">
-        <source>Shows how many messages there are about this program.</source>
-        <translation>Shows how many messages there are about this program.</translation>
+        <source>Opens what there is to know about this program and this computer.</source>
+        <translation>Opens what there is to know about this program and this computer.</translation>
     </message>
 </context>
 </TS>
