@@ -9,9 +9,11 @@
 #include "platform/FV2Launcher.h"
 #include "platform/FV2MachineDescription.h"
 #include "platform/FV2MediumDate.h"
+#include "platform/FV2WaylandSession.h"
 #include "resources/FV2HelpAddress.h"
 #include "resources/NxAppearance.h"
 #include "resources/NxDesign.h"
+#include "shell/FV2Palette.h"
 
 #include <QFile>
 
@@ -56,8 +58,9 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
                   .menuBarStatusItem = m_trayItem,
                   .menu = m_menu,
                   .quit = [] { QCoreApplication::exit(); }}) {
-    // Panels show the application's name where they list their items.
-    QGuiApplication::setApplicationDisplayName(QString::fromStdString(text("IDUS_PRODUCT_DISPLAY_NAME")));
+    // Panels show the application's name where they list their items; window titles end with the other one.
+    QCoreApplication::setApplicationName(QString::fromStdString(text("IDUS_PRODUCT_DISPLAY_NAME")));
+    QGuiApplication::setApplicationDisplayName(QCoreApplication::applicationName());
     m_appModel->setAppConfigModel(makeAppConfigModel());
     m_appModel->setWndDelegate(&m_wndDelegate);
     onAppearanceChanged();
@@ -102,22 +105,28 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
     QObject::connect(&m_appearance, &FV2Appearance::changed, &m_delegate, [this] { onAppearanceChanged(); });
     QObject::connect(&m_wndDelegate, &FV2WindowDelegate::firstWindow, &m_delegate, [this] {
         QApplication::setWindowIcon(m_images.imageNamed(QStringLiteral("orm_menu_icon")));
+        m_hasWindows = true;
+        m_appearance.dressApplication(windowPalette);
         m_appearance.askPortal();
     });
     QObject::connect(&m_session, &FV2LoginSession::becameActive, &m_delegate, &AppDelegate::sessionBecameActive);
     QObject::connect(&m_session, &FV2LoginSession::resigned, &m_delegate, &AppDelegate::sessionResigned);
     QObject::connect(&m_activation, &FV2DesktopActivation::activated, &m_delegate, [this](const QString& token) {
         // Read by Qt when it next asks the compositor to bring a window to the front.
-        if (!token.isEmpty() && QGuiApplication::platformName().startsWith(u"wayland"))
+        if (!token.isEmpty() && isWaylandClient())
             qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
         m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain());
+        qunsetenv("XDG_ACTIVATION_TOKEN"); // one that was not used is good for nothing later
     });
 }
 
 void FV2Agent::onAppearanceChanged() {
+    if (m_hasWindows)
+        m_appearance.dressApplication(windowPalette);
     NxAppearance::setCurrent(m_appearance.isDark() ? NxAppearance::dark : NxAppearance::aqua);
     m_trayItem.setDark(m_appearance.isDark());
     m_wndDelegate.refreshAppearance();
+    renewFrames();
 }
 
 int FV2Agent::run(bool showWindow) {

@@ -51,6 +51,7 @@ private:
     FV2DoNotDisturb m_doNotDisturb;
     FV2LoginSession m_session;
     FV2DesktopActivation m_activation;
+    bool m_hasWindows = false; //!< or had some
     std::shared_ptr<FV2AppStateModel> m_appModel;
     FV2ScreenFactory m_screens;
     FV2WindowDelegate m_wndDelegate;

@@ -4,7 +4,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QPalette>
+#include <QScopedValueRollback>
 
 namespace fv2 {
 
@@ -20,6 +20,11 @@ const QString kSchemeKey = QStringLiteral("color-scheme");
 constexpr unsigned kPreferDark = 1;
 constexpr unsigned kPreferLight = 2;
 
+bool isDarkPalette() {
+    const QPalette palette = QGuiApplication::palette();
+    return qGray(palette.color(QPalette::Window).rgb()) < qGray(palette.color(QPalette::WindowText).rgb());
+}
+
 } // namespace
 
 FV2Appearance::FV2Appearance()
@@ -30,7 +35,8 @@ FV2Appearance::FV2Appearance()
                                                {kGroup, kSchemeKey},
                                                {QStringLiteral("SettingChanged")},
                                                {kGroup, kSchemeKey}})
-    , m_isDark(looksDark()) {
+    , m_desktopIsDark(isDarkPalette())
+    , m_isDark(m_desktopIsDark) {
     connect(&m_scheme, &FV2BusValue::learnt, this, &FV2Appearance::update);
     qGuiApp->installEventFilter(this);
 }
@@ -41,7 +47,8 @@ void FV2Appearance::askPortal() {
 }
 
 bool FV2Appearance::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ApplicationPaletteChange && watched == qGuiApp) {
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == qGuiApp && !m_isDressing) {
+        m_desktopIsDark = isDarkPalette();
         m_isDark = looksDark();
         Q_EMIT changed();
     }
@@ -53,8 +60,16 @@ bool FV2Appearance::looksDark() const {
     const unsigned wish = scheme.typeId() == QMetaType::UInt ? scheme.toUInt() : 0;
     if (wish == kPreferDark || wish == kPreferLight)
         return wish == kPreferDark;
-    const QPalette palette = QGuiApplication::palette();
-    return qGray(palette.color(QPalette::Window).rgb()) < qGray(palette.color(QPalette::WindowText).rgb());
+    return m_desktopIsDark;
+}
+
+void FV2Appearance::dressApplication(QPalette (*paletteFor)(bool dark)) {
+    const QScopedValueRollback dressing(m_isDressing, true);
+    QGuiApplication::setPalette(QPalette()); // the desktop's own again
+    m_desktopIsDark = isDarkPalette();
+    m_isDark = looksDark();
+    if (m_isDark != m_desktopIsDark)
+        QGuiApplication::setPalette(paletteFor(m_isDark));
 }
 
 void FV2Appearance::update() {

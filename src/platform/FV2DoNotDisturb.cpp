@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2DoNotDisturb.h"
 
-#include "platform/GnomeBanners.h"
+#include "platform/NotificationBanners.h"
 
 #include <utility>
 
@@ -56,7 +56,7 @@ void FV2DoNotDisturb::call() {
 }
 
 bool FV2DoNotDisturb::isOn() const {
-    return m_inhibited.isTrue() || m_xfce.isTrue() || gnomeBannersAreOff();
+    return m_inhibited.isTrue() || m_xfce.isTrue() || notificationBannersAreOff();
 }
 
 } // namespace fv2

@@ -166,7 +166,7 @@ void EnterPasswordWindowViewController::startAgain(std::uint64_t errorCode, fv2A
 
 void EnterPasswordWindowViewController::onPostponeButton() {
     const auto model = appModel.lock();
-    if (model != nullptr && m_registry.registeredController(kind()) != nullptr)
+    if (model != nullptr && m_postponeButton->isEnabled() && m_registry.registeredController(kind()) != nullptr)
         model->doAlert(kind(), 0, encrypting ? fv2Alert::PostponeEncWarning : fv2Alert::PostponeDecWarning);
 }
 

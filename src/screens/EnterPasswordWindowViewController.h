@@ -28,6 +28,9 @@ public:
     //! Empties the field, unless its password is being checked.
     void forget();
 
+    //! Asks whether the password is to be typed later; not while that can't be chosen.
+    void onPostponeButton();
+
 Q_SIGNALS:
     //! The service has accepted the password.
     void finished();
@@ -42,7 +45,6 @@ private:
     void updateButtons();
     void onShowButton();
     void onOKButton();
-    void onPostponeButton();
     void onVerified(bool isRight, std::shared_ptr<SecretText> password);
     void onAnswered(const CommandResult& result);
     //! After a failure: everything is as at first, and the alert says why.

@@ -32,10 +32,13 @@ EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const s
         if (!window().isVisible())
             dialog->forget();
     });
+    // Some desktops draw a button for closing all the same.
+    connect(&window(), &FV2Window::closeRefused, viewController.get(),
+            &EnterPasswordWindowViewController::onPostponeButton);
     window().hideTitlebarButtons();
     window().setContentView(viewController->view());
     window().growWithContent();
-    window().setWindowTitle(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
+    window().setWindowTitle(translated(QStringLiteral("IDUS_PASSWORDDIALOG_TITLE")));
     window().center();
 }
 

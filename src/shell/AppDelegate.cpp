@@ -3,20 +3,11 @@
 #include "shell/AppDelegate.h"
 
 #include "logging/FV2Logging.h"
+#include "platform/FV2WaylandSession.h"
 
 #include <QCursor>
-#include <QGuiApplication>
 
 namespace fv2 {
-
-namespace {
-
-//! Under Wayland a program can't place a menu beside somebody else's panel.
-bool canPlaceMenus() {
-    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-}
-
-} // namespace
 
 AppDelegate::AppDelegate(Parts parts)
     : m_parts(std::move(parts)) {
@@ -71,16 +62,18 @@ void AppDelegate::sessionResigned() {
 void AppDelegate::onMenuBarStatusItemClicked() {
     logTrace("lbup");
     logRelease("StatusBarMenu Clicked");
-    if (canPlaceMenus())
-        m_parts.menu.popUp(QCursor::pos());
-    else
+    // There a program can't place a menu beside somebody else's panel.
+    if (isWaylandSession())
         m_parts.menu.triggerFirst();
+    else
+        m_parts.menu.popUp(QCursor::pos());
 }
 
-//! Hidden windows count as not there: the entry that brings them back has to be offered.
+//! Hidden windows count as not there: the entry that brings them back has to be offered. So do all windows of a Wayland
+//! client, as nobody tells whether they were minimised.
 void AppDelegate::updateMenu() {
     const FV2WindowDelegate& windows = m_parts.wndDelegate;
-    m_parts.menu.update(windows.isOpen(fv2Window::Main) && windows.isAnyWindowMain(),
+    m_parts.menu.update(windows.isOpen(fv2Window::Main) && windows.isAnyWindowMain() && !isWaylandClient(),
                         !m_parts.appModel.state().syncORMActive);
 }
 

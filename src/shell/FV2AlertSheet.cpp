@@ -26,15 +26,15 @@ NxTextField* wrappedText(const std::string& text) {
 
 } // namespace
 
-FV2AlertSheet::FV2AlertSheet(QWidget* window, FV2AlertContent content, const std::function<void()>& onFirstButton)
+FV2AlertSheet::FV2AlertSheet(QWidget* window, FV2Alert alert)
     : QDialog(window)
-    , m_content(std::move(content)) {
+    , m_alert(std::move(alert)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_WindowPropagation); // the window's palette
     setWindowModality(Qt::WindowModal);
     setWindowTitle(window->windowTitle());
-    setAccessibleName(QString::fromStdString(m_content.messageText));
-    setAccessibleDescription(QString::fromStdString(m_content.informativeText));
+    setAccessibleName(QString::fromStdString(content().messageText));
+    setAccessibleDescription(QString::fromStdString(content().informativeText));
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     grid->setHorizontalSpacing(kMargin);
@@ -42,28 +42,28 @@ FV2AlertSheet::FV2AlertSheet(QWidget* window, FV2AlertContent content, const std
     grid->setColumnStretch(1, 1);
     addTexts(*grid);
     addButtons(*grid);
-    connect(this, &QDialog::accepted, window, [onFirstButton] { onFirstButton(); });
+    connect(this, &QDialog::accepted, window, [onFirstButton = m_alert.onFirstButton] { onFirstButton(); });
 }
 
 void FV2AlertSheet::addTexts(QGridLayout& grid) {
     auto* const icon = new NxImageView;
     icon->setImageName(QStringLiteral("threat_48x48"));
     icon->setFixedSize(kIconSize, kIconSize);
-    auto* const title = wrappedText(m_content.messageText);
+    auto* const title = wrappedText(content().messageText);
     QFont bold = title->font();
     bold.setBold(true);
     title->setFont(bold);
     grid.addWidget(icon, 0, 0, 2, 1, Qt::AlignTop);
     grid.addWidget(title, 0, 1);
-    grid.addWidget(wrappedText(m_content.informativeText), 1, 1, Qt::AlignTop);
+    grid.addWidget(wrappedText(content().informativeText), 1, 1, Qt::AlignTop);
     grid.setRowStretch(1, 1);
 }
 
 void FV2AlertSheet::addButtons(QGridLayout& grid) {
     auto* const box = new QDialogButtonBox(this); // a button learns in the sheet that it is the default one
-    for (std::size_t position = 0; position < m_content.buttons.size(); ++position) {
+    for (std::size_t position = 0; position < content().buttons.size(); ++position) {
         auto* const button = new NxButton;
-        button->setText(QString::fromStdString(m_content.buttons[position]));
+        button->setText(QString::fromStdString(content().buttons[position]));
         box->addButton(button, position == 0 ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole);
         button->setAutoDefault(true);
         button->setDefault(position == 0);
@@ -75,8 +75,8 @@ void FV2AlertSheet::addButtons(QGridLayout& grid) {
     grid.addWidget(box, 2, 0, 1, 2);
 }
 
-void FV2AlertSheet::beginModal() {
-    setAttribute(Qt::WA_ShowWithoutActivating, !parentWidget()->isActiveWindow());
+void FV2AlertSheet::beginModal(bool takesKeyboard) {
+    setAttribute(Qt::WA_ShowWithoutActivating, !takesKeyboard);
     adjustSize(); // before there is a window: one that takes its size while it is shown may be left with another
     open();
 }

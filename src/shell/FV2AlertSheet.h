@@ -12,24 +12,33 @@ class QGridLayout;
 
 namespace fv2 {
 
+//! What an alert says, what its first button does, and the kind of window that it is about: only while one is open does
+//! it mean anything.
+struct FV2Alert {
+    fv2Window about = fv2Window::None;
+    FV2AlertContent content;
+    std::function<void()> onFirstButton;
+};
+
 //! One alert over a window: picture, title, text, buttons. It blocks that window and those behind it; there is no loop
 //! of its own. Dies when it has been answered, or with its window. Main thread only.
 class FV2AlertSheet final : public QDialog {
     Q_OBJECT
 public:
-    //! `onFirstButton` runs once the sheet has gone from the screen, if that button was chosen.
-    FV2AlertSheet(QWidget* window, FV2AlertContent content, const std::function<void()>& onFirstButton);
+    //! What the first button does is done once the sheet has gone from the screen, if that button was chosen.
+    FV2AlertSheet(QWidget* window, FV2Alert alert);
 
-    [[nodiscard]] const FV2AlertContent& content() const { return m_content; }
+    [[nodiscard]] const FV2Alert& alert() const { return m_alert; }
+    [[nodiscard]] const FV2AlertContent& content() const { return m_alert.content; }
 
-    //! Returns at once. Takes the keyboard only where the window has it.
-    void beginModal();
+    //! Returns at once.
+    void beginModal(bool takesKeyboard);
 
 private:
     void addTexts(QGridLayout& grid);
     void addButtons(QGridLayout& grid);
 
-    const FV2AlertContent m_content;
+    const FV2Alert m_alert;
 };
 
 } // namespace fv2

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2Palette.h"
 
+#include "platform/FV2WaylandSession.h"
 #include "toolkit/NxQtColor.h"
 
-#include <QGuiApplication>
+#include <QWindow>
 
 namespace fv2 {
 
@@ -44,6 +45,16 @@ QPalette windowPalette(bool dark) {
     // Every role is this palette's own: the application's may turn to the other kind while the window is open.
     palette.setResolveMask(~QPalette::ResolveMask(0));
     return palette;
+}
+
+void renewFrames() {
+    if (!isWaylandClient())
+        return;
+    for (QWindow* const window : QGuiApplication::topLevelWindows())
+        if (window->isVisible() && !(window->flags() & Qt::FramelessWindowHint)) {
+            window->setFlag(Qt::FramelessWindowHint, true);
+            window->setFlag(Qt::FramelessWindowHint, false);
+        }
 }
 
 } // namespace fv2

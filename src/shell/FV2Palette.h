@@ -10,4 +10,8 @@ namespace fv2 {
 //! windows although its widget style knows nothing of it.
 [[nodiscard]] QPalette windowPalette(bool dark);
 
+//! Gives the windows of a Wayland client that are shown a frame in the application's colours of now: Qt, which draws
+//! it, takes them once for each frame.
+void renewFrames();
+
 } // namespace fv2

@@ -2,7 +2,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2StatusMenu.h"
 
+#include <QApplication>
+#include <QMouseEvent>
+
 namespace fv2 {
+
+namespace {
+
+//! Milliseconds from the press, which closes a menu that is shown, to the click, which the panel tells us.
+constexpr int kLongestClick = 1000;
+
+} // namespace
 
 FV2StatusMenu::FV2StatusMenu(const OxStringBundle& strings)
     : m_strings(strings)
@@ -30,10 +40,28 @@ void FV2StatusMenu::popUp(const QPoint& place) {
         m_popUp->close();
         return;
     }
+    // The press of this very click has closed the menu already.
+    const bool isSecondClick = m_pressBeside.isValid() && !m_pressBeside.hasExpired(kLongestClick) &&
+                               (place - m_pressPlace).manhattanLength() <= QApplication::startDragDistance();
+    m_pressBeside.invalidate();
+    if (isSecondClick)
+        return;
     m_popUp = std::make_unique<QMenu>();
+    m_popUp->installEventFilter(this);
     m_popUp->addActions(m_menu.actions());
     connect(m_popUp.get(), &QMenu::aboutToHide, this, &FV2StatusMenu::closed);
     m_popUp->popup(place);
+}
+
+bool FV2StatusMenu::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) {
+        const QPoint place = static_cast<const QMouseEvent*>(event)->globalPosition().toPoint();
+        if (!m_popUp->geometry().contains(place)) {
+            m_pressPlace = place;
+            m_pressBeside.start();
+        }
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void FV2StatusMenu::update(bool windowShown, bool proxySyncPossible) {

@@ -5,8 +5,10 @@
 #include "resources/OxTranslatedString.h"
 
 #include <QAction>
+#include <QElapsedTimer>
 #include <QMenu>
 #include <QObject>
+#include <QPoint>
 
 #include <memory>
 
@@ -21,7 +23,8 @@ public:
 
     //! For the tray's host. Never popped up by us: a host and we showing the same menu would close each other's.
     [[nodiscard]] QMenu& menu() { return m_menu; }
-    //! Shows the same entries at a place of the screen, in a menu of our own; closes that menu when it is shown.
+    //! Shows the same entries at a place of the screen, in a menu of our own. A click there while that menu is shown
+    //! only closes it.
     void popUp(const QPoint& place);
 
     //! Changes only what is different: the host fetches the entries anew after every change.
@@ -37,12 +40,18 @@ Q_SIGNALS:
     void hideMainWindow();
     void proxySync();
 
+protected:
+    //! Of the menu that we pop up.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     [[nodiscard]] QString text(std::string_view identifier) const;
 
     const OxStringBundle& m_strings;
     QMenu m_menu;
     std::unique_ptr<QMenu> m_popUp;
+    QElapsedTimer m_pressBeside; //!< since the press that closed it, if one beside it did
+    QPoint m_pressPlace;
     QAction* m_window;
     QAction* m_proxySync;
     bool m_windowShown = false;

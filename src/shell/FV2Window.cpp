@@ -3,15 +3,18 @@
 #include "shell/FV2Window.h"
 
 #include "logging/FV2Logging.h"
+#include "platform/FV2WaylandSession.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
 #include <QShortcut>
 #include <QWindow>
 
 #include <algorithm>
+#include <iterator>
 
 namespace fv2 {
 
@@ -19,6 +22,21 @@ namespace {
 
 constexpr Qt::WindowFlags kTitledAndClosable =
     Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+
+//! Under Wayland nobody tells that a window was minimised, and only with a token may one that is mapped come to the
+//! front.
+bool canOnlyComeAnew() {
+    return isWaylandClient() && QApplication::activeWindow() == nullptr &&
+           !qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN");
+}
+
+void showInFront(QWidget& window, bool anew) {
+    if (anew)
+        window.hide();
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+}
 
 //! Without it screen readers would take the window for a mere container.
 QAccessibleInterface* accessibleWindow(const QString& className, QObject* object) {
@@ -87,6 +105,7 @@ bool FV2Window::event(QEvent* event) {
 void FV2Window::closeEvent(QCloseEvent* event) {
     if (!isCloseEnabled() && !m_closing) {
         event->ignore();
+        Q_EMIT closeRefused();
         return;
     }
     event->accept();
@@ -96,7 +115,9 @@ void FV2Window::closeEvent(QCloseEvent* event) {
 void FV2Window::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     Q_EMIT shownOrHidden();
-    beginNextSheet();
+    // This window is not mapped yet: what is mapped before it ends up below and without the keyboard.
+    QMetaObject::invokeMethod(
+        this, [this] { beginNextSheet(!testAttribute(Qt::WA_ShowWithoutActivating)); }, Qt::QueuedConnection);
 }
 
 void FV2Window::hideEvent(QHideEvent* event) {
@@ -116,24 +137,25 @@ void FV2Window::paintEvent(QPaintEvent* event) {
         logUi("FV2Window first paint");
 }
 
-void FV2Window::showAtFront() {
-    // A window that is mapped anew gets the keyboard; one that is only restored doesn't always.
-    if (isMinimized())
-        hide();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
+void FV2Window::makeKeyAndOrderFront() {
+    orderFront();
+    if (FV2AlertSheet* const sheet = unansweredSheet()) {
+        showInFront(*sheet, canOnlyComeAnew());
+        sheet->activateWindow();
+    } else {
+        activateWindow();
+    }
 }
 
-void FV2Window::makeKeyAndOrderFront() {
+void FV2Window::orderFront() {
     setAttribute(Qt::WA_ShowWithoutActivating, false);
-    showAtFront();
-    activateWindow();
+    // Under X11 a window that is mapped anew gets the keyboard; one that is only restored doesn't always.
+    showInFront(*this, isMinimized() || canOnlyComeAnew());
 }
 
 void FV2Window::orderFrontRegardless() {
     setAttribute(Qt::WA_ShowWithoutActivating);
-    showAtFront();
+    showInFront(*this, isMinimized());
 }
 
 void FV2Window::orderOut() {
@@ -147,25 +169,45 @@ void FV2Window::center() {
     move(free.center() - QPoint(width() / 2, height() / 2));
 }
 
-void FV2Window::beginSheet(const FV2AlertContent& content, std::function<void()> onFirstButton) {
-    const bool isShown = m_sheet != nullptr && m_sheet->content() == content;
-    const bool waits = std::any_of(m_waitingSheets.begin(), m_waitingSheets.end(),
-                                   [&content](const WaitingSheet& sheet) { return sheet.content == content; });
+void FV2Window::beginSheet(FV2Alert alert) {
+    const bool isShown = m_sheet != nullptr && m_sheet->content() == alert.content;
+    const bool waits = std::any_of(m_waitingAlerts.begin(), m_waitingAlerts.end(),
+                                   [&alert](const FV2Alert& other) { return other.content == alert.content; });
     if (isShown || waits)
         return;
-    m_waitingSheets.push_back({content, std::move(onFirstButton)});
-    beginNextSheet();
+    m_waitingAlerts.push_back(std::move(alert));
+    beginNextSheet(isActiveWindow());
 }
 
-void FV2Window::beginNextSheet() {
-    if (m_sheet != nullptr || m_waitingSheets.empty() || !isVisible())
+void FV2Window::beginNextSheet(bool takesKeyboard) {
+    if (m_sheet != nullptr || m_waitingAlerts.empty() || !isVisible())
         return;
-    const WaitingSheet next = std::move(m_waitingSheets.front());
-    m_waitingSheets.pop_front();
-    m_sheet = new FV2AlertSheet(this, next.content, next.onFirstButton);
+    m_sheet = new FV2AlertSheet(this, std::move(m_waitingAlerts.front()));
+    m_waitingAlerts.pop_front();
     // In a turn of its own: whoever closes a sheet may be about to hide this window as well.
-    connect(m_sheet, &QObject::destroyed, this, &FV2Window::beginNextSheet, Qt::QueuedConnection);
-    m_sheet->beginModal();
+    connect(
+        m_sheet, &QObject::destroyed, this, [this] { beginNextSheet(isActiveWindow()); }, Qt::QueuedConnection);
+    m_sheet->beginModal(takesKeyboard);
+}
+
+std::vector<FV2Alert> FV2Window::takeAlerts() {
+    std::vector<FV2Alert> all;
+    if (FV2AlertSheet* const sheet = unansweredSheet()) {
+        all.push_back(sheet->alert());
+        sheet->close();
+    }
+    std::move(m_waitingAlerts.begin(), m_waitingAlerts.end(), std::back_inserter(all));
+    m_waitingAlerts.clear();
+    return all;
+}
+
+//! One that has been answered is hidden and dies soon.
+FV2AlertSheet* FV2Window::unansweredSheet() const {
+    return m_sheet != nullptr && m_sheet->isVisible() ? m_sheet.data() : nullptr;
+}
+
+bool FV2Window::hasKeyboard() const {
+    return isActiveWindow() || (m_sheet != nullptr && m_sheet->isActiveWindow());
 }
 
 void FV2Window::addChildWindow(FV2Window& child) {

@@ -9,7 +9,7 @@
 #include <QWidget>
 
 #include <deque>
-#include <functional>
+#include <vector>
 
 namespace fv2 {
 
@@ -39,8 +39,11 @@ public:
     //! keyboard would not do: while the tray's menu is open that is the panel.
     [[nodiscard]] bool isMainWindow() const { return isVisible() && !isMinimized(); }
 
-    //! Shows the window in front of all others and gives it the keyboard, as far as the desktop lets us.
+    //! Shows the window in front of all others and gives it, or the alert over it, the keyboard, as far as the desktop
+    //! lets us.
     void makeKeyAndOrderFront();
+    //! The same without the keyboard, for a window that lies under one that gets it at once.
+    void orderFront();
     //! Shows the window without taking the keyboard from where it is.
     void orderFrontRegardless();
     //! Hides the window; an alert over it goes unanswered.
@@ -54,13 +57,19 @@ public:
 
     //! Shows an alert over this window as soon as the window is on the screen and earlier ones have been answered; one
     //! that is there already, with the same texts, is not shown again. Returns at once.
-    void beginSheet(const FV2AlertContent& content, std::function<void()> onFirstButton);
+    void beginSheet(FV2Alert alert);
+    //! Takes away the alert that is shown and those that wait, unanswered and in this order.
+    [[nodiscard]] std::vector<FV2Alert> takeAlerts();
+    //! Whether this window or the alert over it has the keyboard.
+    [[nodiscard]] bool hasKeyboard() const;
     //! Nothing while no alert is shown.
     [[nodiscard]] FV2AlertSheet* attachedSheet() const { return m_sheet; }
 
 Q_SIGNALS:
     //! Once for each closing, while the window still exists.
     void willClose();
+    //! The user wants to close the window and can't, as the desktop may offer it all the same.
+    void closeRefused();
     void shownOrHidden();
 
 protected:
@@ -72,20 +81,15 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    struct WaitingSheet {
-        FV2AlertContent content;
-        std::function<void()> onFirstButton;
-    };
-
     void fitContent();
-    void showAtFront();
-    void beginNextSheet();
+    [[nodiscard]] FV2AlertSheet* unansweredSheet() const;
+    void beginNextSheet(bool takesKeyboard);
 
     bool m_grows = false; //!< first: the layout, as it is made, sends an event
     const QSize m_contentSize;
     QVBoxLayout* m_frame;
     QPointer<FV2AlertSheet> m_sheet;
-    std::deque<WaitingSheet> m_waitingSheets;
+    std::deque<FV2Alert> m_waitingAlerts;
     bool m_hasButtons = true;
     bool m_closeEnabled = true;
     bool m_closing = false;

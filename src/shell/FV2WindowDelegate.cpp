@@ -128,6 +128,8 @@ void FV2WindowDelegate::chainToParent(FV2WindowController& child) const {
 void FV2WindowDelegate::willClose(FV2WindowController& controller) {
     logUi("wndDelegate willClose in");
     if (const std::size_t position = wndList.indexOfController(controller); position != 0) {
+        const bool hadKeyboard = controller.window().hasKeyboard();
+        std::vector<FV2Alert> alerts = controller.window().takeAlerts();
         // A child is opened after its parent, and nearly always closed as the last.
         if (wndList.count() >= 2)
             if (FV2Window* const parent = wndList.windowAt(wndList.count() - 1)) {
@@ -147,9 +149,22 @@ void FV2WindowDelegate::willClose(FV2WindowController& controller) {
         case fv2Window::None:
             break;
         }
+        moveToFront(std::move(alerts), hadKeyboard);
     }
     logUi("wndDelegate willClose out");
     Q_EMIT windowsChanged();
+}
+
+//! What a closed window's alerts said of another one still holds.
+void FV2WindowDelegate::moveToFront(std::vector<FV2Alert> alerts, bool withKeyboard) {
+    FV2Window* const front = wndList.windowAt(wndList.count());
+    std::erase_if(alerts, [this](const FV2Alert& alert) { return !isOpen(alert.about); });
+    if (front == nullptr || alerts.empty())
+        return;
+    for (FV2Alert& alert : alerts)
+        front->beginSheet(std::move(alert));
+    if (withKeyboard)
+        front->makeKeyAndOrderFront();
 }
 
 std::shared_ptr<FV2WindowController> FV2WindowDelegate::registeredController(fv2Window kind) const {
@@ -211,7 +226,7 @@ void FV2WindowDelegate::selectProtectionStatusPage() {
 void FV2WindowDelegate::showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) {
     FV2Window* const front = wndList.windowAt(wndList.count());
     if (front != nullptr && isOpen(kind))
-        front->beginSheet(content, std::move(onFirstButton));
+        front->beginSheet({kind, content, std::move(onFirstButton)});
 }
 
 void FV2WindowDelegate::confirmPostponement(fv2Window kind) {

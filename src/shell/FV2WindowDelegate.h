@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace fv2 {
 
@@ -72,6 +73,7 @@ private:
     bool showChecked(fv2Window kind, bool userInitiated);
     void chainToParent(FV2WindowController& child) const;
     void willClose(FV2WindowController& controller);
+    void moveToFront(std::vector<FV2Alert> alerts, bool withKeyboard);
     void close(fv2Window kind);
     [[nodiscard]] bool isDark() const;
 

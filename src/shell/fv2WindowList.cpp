@@ -69,8 +69,12 @@ void fv2WindowList::orderOutAll() const {
 }
 
 bool fv2WindowList::showAll() const {
-    for (FV2Window* const window : windows())
-        window->makeKeyAndOrderFront();
+    const std::vector<FV2Window*> all = windows();
+    for (FV2Window* const window : all)
+        if (window == all.back())
+            window->makeKeyAndOrderFront();
+        else
+            window->orderFront();
     return !fv2Windows.empty();
 }
 

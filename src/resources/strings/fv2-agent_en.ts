@@ -153,6 +153,10 @@
     </message>
 
     <!-- Password dialog and buttons -->
+    <message id="IDUS_PASSWORDDIALOG_TITLE">
+        <source>Enter password</source>
+        <translation>Enter password</translation>
+    </message>
     <message id="IDUS_PASSWORDDIALOG_MESSAGE_ENC">
         <source>Your disk is to be encrypted to protect your data. Please enter the password that you use to log in to this computer. Encryption then starts, and you can keep working.</source>
         <translation>Your disk is to be encrypted to protect your data. Please enter the password that you use to log in to this computer. Encryption then starts, and you can keep working.</translation>

@@ -1,23 +1,35 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/GnomeBanners.h"
+#include "platform/NotificationBanners.h"
 
 #include <QLibrary>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <gio/gio.h>
 #include <memory>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 namespace fv2 {
 
 namespace {
 
-constexpr const char* kSchema = "org.gnome.desktop.notifications";
-constexpr const char* kKey = "show-banners";
+//! A desktop by its name in XDG_CURRENT_DESKTOP, and where it keeps whether banners are shown.
+struct Switch {
+    std::string_view desktop;
+    const char* schema;
+    const char* key;
+};
 
-//! GIO, loaded by the first who asks: no session but GNOME's pays for it and for the libraries that it brings.
+constexpr std::array<Switch, 2> kSwitches{{
+    {"GNOME", "org.gnome.desktop.notifications", "show-banners"},
+    {"X-Cinnamon", "org.cinnamon.desktop.notifications", "display-notifications"},
+}};
+
+//! GIO, loaded by the first who asks: no session but theirs pays for it and for the libraries that it brings.
 class Gio {
     bool m_isWhole = true; // before the functions, each of which may make it false
 
@@ -54,20 +66,16 @@ private:
     }
 };
 
-bool isGnomeSession() {
+bool isSessionOf(std::string_view desktop) {
     const char* const names = std::getenv("XDG_CURRENT_DESKTOP");
     std::istringstream list(names == nullptr ? "" : names);
     for (std::string name; std::getline(list, name, ':');)
-        if (name == "GNOME")
+        if (name == desktop)
             return true;
     return false;
 }
 
-} // namespace
-
-bool gnomeBannersAreOff() {
-    if (!isGnomeSession())
-        return false;
+bool isOff(const Switch& banners) {
     const Gio* const gio = Gio::load();
     if (gio == nullptr)
         return false;
@@ -75,13 +83,20 @@ bool gnomeBannersAreOff() {
     GSettingsSchemaSource* const source = gio->defaultSource();
     if (source == nullptr)
         return false;
-    const std::unique_ptr<GSettingsSchema, decltype(gio->unrefSchema)> schema(gio->lookUp(source, kSchema, TRUE),
+    const std::unique_ptr<GSettingsSchema, decltype(gio->unrefSchema)> schema(gio->lookUp(source, banners.schema, TRUE),
                                                                               gio->unrefSchema);
-    if (!schema || gio->hasKey(schema.get(), kKey) == FALSE)
+    if (!schema || gio->hasKey(schema.get(), banners.key) == FALSE)
         return false;
     const std::unique_ptr<GSettings, decltype(gio->unref)> settings(gio->newSettings(schema.get(), nullptr, nullptr),
                                                                     gio->unref);
-    return gio->boolean(settings.get(), kKey) == FALSE;
+    return gio->boolean(settings.get(), banners.key) == FALSE;
+}
+
+} // namespace
+
+bool notificationBannersAreOff() {
+    return std::any_of(kSwitches.begin(), kSwitches.end(),
+                       [](const Switch& banners) { return isSessionOf(banners.desktop) && isOff(banners); });
 }
 
 } // namespace fv2
