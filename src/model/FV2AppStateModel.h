@@ -79,9 +79,11 @@ public:
     //! most.
     void postponePasswordDialog(bool encrypt);
 
-    //! Checks a password of this computer on a worker; `done` gets the result unless the model has gone by then.
+    //! Checks a password of this computer on a worker; `done` gets the result unless the model has gone by then. While
+    //! an earlier check has not ended no other one begins, as each may keep its worker for ever: then the password is
+    //! wiped and `done` runs before the return.
     void verifyPassword(const std::string& userName, std::shared_ptr<SecretText> password,
-                        std::function<void(bool)> done);
+                        std::function<void(fv2PasswordCheck)> done);
     //! Hands the user's credentials to the service on a worker and wipes the password; `done` gets the result unless
     //! the model has gone by then. Without a token nothing is sent, and `done` runs before the return.
     void setUserCredentials(const std::string& userName, std::shared_ptr<SecretText> password,
@@ -135,6 +137,7 @@ private:
     std::atomic<bool> m_refreshIsWanted = false;
     bool m_notificationsArrive = true;
     bool m_wantsNotifications = true;
+    bool m_isCheckingPassword = false;
     std::unique_ptr<FV2Timer> m_unpromptedRefresh;
 
     std::shared_ptr<const char> m_alive = std::make_shared<const char>();

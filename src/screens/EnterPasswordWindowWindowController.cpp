@@ -32,6 +32,7 @@ EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const s
         if (!window().isVisible())
             dialog->forget();
     });
+    connect(&window(), &FV2Window::madeKey, viewController.get(), &EnterPasswordWindowViewController::onMadeKey);
     window().hideTitlebarButtons();
     window().setContentView(viewController->view());
     window().growWithContent();
@@ -43,6 +44,11 @@ void EnterPasswordWindowWindowController::postponeAndClose() {
     if (const auto model = appModel.lock())
         model->postponePasswordDialog(encrypting);
     window().closeWindow();
+}
+
+void EnterPasswordWindowWindowController::forget() {
+    if (viewController)
+        viewController->forget();
 }
 
 void EnterPasswordWindowWindowController::windowWillClose() {

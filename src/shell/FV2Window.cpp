@@ -129,6 +129,7 @@ void FV2Window::makeKeyAndOrderFront() {
     setAttribute(Qt::WA_ShowWithoutActivating, false);
     showAtFront();
     activateWindow();
+    Q_EMIT madeKey();
 }
 
 void FV2Window::orderFrontRegardless() {

@@ -62,6 +62,8 @@ Q_SIGNALS:
     //! Once for each closing, while the window still exists.
     void willClose();
     void shownOrHidden();
+    //! The user has asked for the window, which is shown now and gets the keyboard.
+    void madeKey();
 
 protected:
     bool event(QEvent* event) override;
