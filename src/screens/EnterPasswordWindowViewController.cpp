@@ -136,6 +136,7 @@ void EnterPasswordWindowViewController::emptyField() {
         return;
     m_pause->stop();
     m_refused = false;
+    secureTextPasswordField->setRevealed(false);
     const QSignalBlocker nobodyTypes(secureTextPasswordField);
     secureTextPasswordField->clear();
     updateButtons();

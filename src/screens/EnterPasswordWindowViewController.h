@@ -36,6 +36,8 @@ public:
     void forget();
     //! The user has asked for the window.
     void onMadeKey();
+    //! Switches on and off what can be used now, and gives the focus to it.
+    void updateControls();
 
 Q_SIGNALS:
     //! The service has accepted the password.
@@ -51,7 +53,6 @@ private:
     void addButtons();
     void controlTextDidChange();
     void emptyField();
-    void updateControls();
     void updateButtons();
     void onShowButton();
     void onOKButton();

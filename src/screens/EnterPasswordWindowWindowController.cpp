@@ -29,7 +29,9 @@ EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const s
     connect(viewController.get(), &EnterPasswordWindowViewController::finished, this,
             [this] { window().closeWindow(); });
     connect(&window(), &FV2Window::shownOrHidden, viewController.get(), [this, dialog = viewController.get()] {
-        if (!window().isVisible())
+        if (window().isVisible())
+            dialog->updateControls(); // the button box has made a default button of OK
+        else
             dialog->forget();
     });
     connect(&window(), &FV2Window::madeKey, viewController.get(), &EnterPasswordWindowViewController::onMadeKey);

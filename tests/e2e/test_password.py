@@ -106,7 +106,7 @@ class PasswordTest(unittest.TestCase):
         self.start("state 3", system_bus=True)
         login = LoginSession(self.desktop)
         wait_until(lambda: any("LockedHint" in line for line in login.program.lines), "the agent to follow the session")
-        field = self.dialog.window() and self.dialog.elements().find("password text")
+        field = self.dialog.window() and self.dialog.elements().find("text", "Password:")
         for leave in (login.ask_to_lock, lambda: login.set_locked_hint(True), lambda: login.set_active(False)):
             self.dialog.type("geheim")
             self.dialog.press("Show")

@@ -228,7 +228,7 @@ TEST_F(PasswordDialog, TakesNoKeyBeforeTheUserHasMovedIntoIt) {
     };
     const auto isOpen = [&] {
         press(Qt::Key_A);
-        return field().hasFocus() && field().secret().text().ends_with("a") && ok().isDefault();
+        return window().focusWidget() == &field() && ok().isDefault() && field().secret().text().ends_with("a");
     };
     refresh(statusAnswer(3), fv2SyncSource::Service, false);
     kind = fv2Window::Password_Encrypt;

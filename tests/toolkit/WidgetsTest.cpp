@@ -132,7 +132,8 @@ TEST(TextField, ShowsTheStylesOfAnApplicationsTextOfHtml) {
     for (int place = 0; place < shown.width() * shown.height(); ++place) {
         const QColor colour = shown.pixelColor(place % shown.width(), place / shown.width());
         ASSERT_LE(colour.red(), colour.blue()) << "in the field's own colour";
-    }}
+    }
+}
 
 TEST(ImageView, PaintsAPictureInItsOwnColourOrATint) {
     NxImageView view;
