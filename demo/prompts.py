@@ -19,6 +19,7 @@ from mocks import Portal  # noqa: E402
 from pages import APPEARANCES, LANGUAGES  # noqa: E402
 from password_dialog import PasswordDialog  # noqa: E402
 from story import texts  # noqa: E402
+from waiting import wait_until  # noqa: E402
 
 #: What is shown around a window.
 MARGIN = 60
@@ -53,6 +54,7 @@ class Session:
 
     def dialog(self):
         self.tell("state 3", "credentials refuse 7")
+        self.take("dialog-unasked", wait_until(self._dialog.windows, "the password dialog")[0])
         window = self._dialog.window()
         keyboard = self._desktop.screen.keyboard
         self.take("dialog-idle", window)

@@ -111,6 +111,8 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
     });
     QObject::connect(&m_session, &FV2LoginSession::becameActive, &m_delegate, &AppDelegate::sessionBecameActive);
     QObject::connect(&m_session, &FV2LoginSession::resigned, &m_delegate, &AppDelegate::sessionResigned);
+    for (const auto left : {&FV2LoginSession::resigned, &FV2LoginSession::locked})
+        QObject::connect(&m_session, left, &m_wndDelegate, &FV2WindowDelegate::forgetPasswords);
     QObject::connect(&m_activation, &FV2DesktopActivation::activated, &m_delegate, [this](const QString& token) {
         // Read by Qt when it next asks the compositor to bring a window to the front.
         if (!token.isEmpty() && isWaylandClient())

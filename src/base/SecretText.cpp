@@ -2,12 +2,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "base/SecretText.h"
 
+#include "base/UniqueFd.h"
+
 #include <algorithm>
 #include <cstring>
+#include <fcntl.h>
 #include <mutex>
 #include <new>
 #include <sys/mman.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 #include <utility>
 
@@ -39,41 +43,69 @@ std::size_t wholePages(std::size_t bytes) {
     return (std::max<std::size_t>(bytes, 1) + page - 1) / page * page;
 }
 
+#ifndef SYS_memfd_secret
+constexpr long SYS_memfd_secret = 447; // on all architectures
+#endif
+
+//! Pages that only this process has, and that the kernel itself hands out to nobody: a file of /proc that was opened
+//! before gets nothing of them. Older kernels have none, and limits may forbid them.
+void* mapSecret(std::size_t bytes) {
+    const UniqueFd file(static_cast<int>(::syscall(SYS_memfd_secret, O_CLOEXEC)));
+    if (!file || ::ftruncate(file.get(), static_cast<off_t>(bytes)) != 0)
+        return MAP_FAILED;
+    return ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, file.get(), 0);
+}
+
+void* mapLocked(std::size_t bytes) {
+    void* const place = ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (place == MAP_FAILED)
+        return place;
+    // Each may be refused, by a limit or an old kernel; the text is then still wiped.
+    ::mlock(place, bytes);
+    ::madvise(place, bytes, MADV_DONTDUMP);
+    return place;
+}
+
 } // namespace
 
 struct SecretText::Pages {
     explicit Pages(std::size_t bytes)
         : capacity(bytes)
-        , mapped(wholePages(bytes)) {
-        void* const place = ::mmap(nullptr, mapped, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-        if (place == MAP_FAILED)
-            throw std::bad_alloc();
-        start = static_cast<char*>(place);
-        // Each may be refused, by a limit or an old kernel; the text is then still wiped.
-        ::mlock(start, mapped);
-        ::madvise(start, mapped, MADV_DONTDUMP);
-        ::madvise(start, mapped, MADV_WIPEONFORK);
-    }
+        , mapped(wholePages(bytes)) {}
     Pages(const Pages&) = delete;
     Pages& operator=(const Pages&) = delete;
-    ~Pages() {
-        resize(0);
-        ::munmap(start, mapped);
-    }
+    ~Pages() { resize(0); }
 
-    //! Wipes what is no longer part of the text.
+    //! Wipes what is no longer part of the text. There are pages only while there is a byte: with a secret one the
+    //! computer can't hibernate.
     void resize(std::size_t bytes) {
+        if (size == 0 && bytes > 0)
+            take();
         const std::size_t before = std::exchange(size, bytes);
         if (bytes < before)
             ::explicit_bzero(start + bytes, before - bytes);
-        if (before == 0 && bytes > 0)
-            holdUndumpable();
-        else if (before > 0 && bytes == 0)
-            releaseUndumpable();
+        if (before > 0 && bytes == 0)
+            giveBack();
     }
 
-    std::size_t capacity;
-    std::size_t mapped;
+    void take() {
+        void* place = mapSecret(mapped);
+        if (place == MAP_FAILED)
+            place = mapLocked(mapped);
+        if (place == MAP_FAILED)
+            throw std::bad_alloc();
+        ::madvise(place, mapped, MADV_DONTFORK);
+        start = static_cast<char*>(place);
+        holdUndumpable();
+    }
+    void giveBack() {
+        ::munmap(start, mapped);
+        start = nullptr;
+        releaseUndumpable();
+    }
+
+    const std::size_t capacity;
+    const std::size_t mapped;
     char* start = nullptr;
     std::size_t size = 0;
 };
@@ -106,6 +138,8 @@ bool SecretText::replace(std::size_t position, std::size_t count, std::string_vi
     const std::size_t after = before - gone + text.size();
     if (!m_pages || after > m_pages->capacity)
         return false;
+    if (after == 0 && before == 0)
+        return true;
     if (after > before)
         m_pages->resize(after); // not dumpable before the first byte is here
     char* const place = m_pages->start + from;

@@ -8,12 +8,14 @@
 
 namespace fv2 {
 
-//! A text that must leave nothing behind. Its bytes lie in pages of their own, which are locked into memory as far as
-//! the system lets us, kept out of core dumps and of children, never moved, and wiped when it goes. While any such text
-//! has a byte, the process is not dumpable: other processes of the user can't read its memory. One thread an object.
+//! A text that must leave nothing behind. Its bytes lie in pages of their own, which are kept out of core dumps and of
+//! children, never moved, wiped and given back with the last byte. Where the kernel has secret pages they are such,
+//! which no other process reads by any way; elsewhere they are locked into memory as far as the system lets us. While
+//! any such text has a byte, the process is not dumpable: other processes of the user can't open its memory. Throws
+//! std::bad_alloc when the system has no page for a first byte. One thread an object.
 class SecretText {
 public:
-    //! Room for `capacity` bytes. Throws std::bad_alloc when there is none.
+    //! Room for `capacity` bytes.
     explicit SecretText(std::size_t capacity);
     explicit SecretText(std::string_view text);
     SecretText(SecretText&& other) noexcept;

@@ -22,13 +22,14 @@ struct FV2AlertRow {
 };
 
 // clang-format off
-inline constexpr std::array<FV2AlertRow, 6> kAlertTable{{
-    {fv2Alert::BadComms,           "IDUS_ALERT_TITLE_COMMS",                   "IDUS_ALERT_ERROR_COMMS"},
-    {fv2Alert::BadPassword,        "IDUS_ALERT_TITLE_PASSWORD_VALIDATION",     "IDUS_ALERT_ERROR_PASSWORD_VALIDATION"},
-    {fv2Alert::FailPassword,       "IDUS_ALERT_TITLE_PASSWORD_FAILURE",        "IDUS_ALERT_ERROR_PASSWORD_FAILURE"},
-    {fv2Alert::PostponeEncWarning, "IDUS_ALERT_TITLE_PASSWORD_WARNING",        "IDUS_ALERT_WARNING_PASSWORD_POSTPONE_ENC", fv2Window::Password_Encrypt},
-    {fv2Alert::PostponeDecWarning, "IDUS_ALERT_TITLE_PASSWORD_WARNING",        "IDUS_ALERT_WARNING_PASSWORD_POSTPONE_DEC", fv2Window::Password_Decrypt},
-    {fv2Alert::FailedProxySync,    "IDUS_ALERT_ERROR_PROXYSYNC_GENERIC_TITLE", "IDUS_ALERT_ERROR_PROXYSYNC_PROBLEM"},
+inline constexpr std::array<FV2AlertRow, 7> kAlertTable{{
+    {fv2Alert::BadComms,            "IDUS_ALERT_TITLE_COMMS",                   "IDUS_ALERT_ERROR_COMMS"},
+    {fv2Alert::BadPassword,         "IDUS_ALERT_TITLE_PASSWORD_VALIDATION",     "IDUS_ALERT_ERROR_PASSWORD_VALIDATION"},
+    {fv2Alert::FailPassword,        "IDUS_ALERT_TITLE_PASSWORD_FAILURE",        "IDUS_ALERT_ERROR_PASSWORD_FAILURE"},
+    {fv2Alert::PostponeEncWarning,  "IDUS_ALERT_TITLE_PASSWORD_WARNING",        "IDUS_ALERT_WARNING_PASSWORD_POSTPONE_ENC", fv2Window::Password_Encrypt},
+    {fv2Alert::PostponeDecWarning,  "IDUS_ALERT_TITLE_PASSWORD_WARNING",        "IDUS_ALERT_WARNING_PASSWORD_POSTPONE_DEC", fv2Window::Password_Decrypt},
+    {fv2Alert::FailedProxySync,     "IDUS_ALERT_ERROR_PROXYSYNC_GENERIC_TITLE", "IDUS_ALERT_ERROR_PROXYSYNC_PROBLEM"},
+    {fv2Alert::CannotCheckPassword, "IDUS_ALERT_TITLE_PASSWORD_UNCHECKED",      "IDUS_ALERT_ERROR_PASSWORD_UNCHECKED"},
 }};
 // clang-format on
 

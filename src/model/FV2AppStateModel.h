@@ -82,9 +82,11 @@ public:
     //! Lets the password window come back after the time that the policy gives; not at all when that is none.
     void postponePasswordDialog(bool encrypt);
 
-    //! Checks a password of this computer on a worker; `done` gets the result unless the model has gone by then.
+    //! Checks a password of this computer on a worker; `done` gets the result unless the model has gone by then. While
+    //! an earlier check has not ended no other one begins, as each may keep its worker for ever: then the password is
+    //! wiped and `done` runs before the return.
     void verifyPassword(const std::string& userName, std::shared_ptr<SecretText> password,
-                        std::function<void(bool)> done);
+                        std::function<void(fv2PasswordCheck)> done);
     //! Hands the user's credentials to the service on a worker and wipes the password; `done` gets the result unless
     //! the model has gone by then. Without a token nothing is sent, and `done` runs before the return.
     void setUserCredentials(const std::string& userName, std::shared_ptr<SecretText> password,
@@ -134,6 +136,7 @@ private:
     bool m_startupIsUnderWay = false;
     bool m_notificationsArrive = true;
     bool m_wantsNotifications = true;
+    bool m_isCheckingPassword = false;
     std::unique_ptr<FV2Timer> m_unpromptedRefresh;
     std::optional<std::chrono::steady_clock::time_point> m_lastUnaskedSync;
     std::unique_ptr<FV2Timer> m_nextUnaskedSync;

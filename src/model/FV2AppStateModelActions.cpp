@@ -4,9 +4,12 @@
 
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
+#include "logging/SystemReport.h"
 #include "model/FV2AlertTable.h"
 #include "model/FV2AppStateModel.h"
 #include "model/FV2StatesTable.h"
+
+#include <utility>
 
 namespace fv2 {
 
@@ -115,13 +118,22 @@ void FV2AppStateModel::postponePasswordDialog(bool encrypt) {
 }
 
 void FV2AppStateModel::verifyPassword(const std::string& userName, std::shared_ptr<SecretText> password,
-                                      std::function<void(bool)> done) {
+                                      std::function<void(fv2PasswordCheck)> done) {
+    if (std::exchange(m_isCheckingPassword, true)) {
+        reportOnce("password check", "A password was not checked: the check before it has not ended");
+        password->wipe();
+        done(fv2PasswordCheck::CannotCheck);
+        return;
+    }
     m_outside.dispatch.run(
         m_owner,
         [passwords = m_outside.passwords, userName, password = std::move(password)] {
             return passwords->verifyPassword(userName, *password);
         },
-        std::move(done));
+        [this, done = std::move(done)](fv2PasswordCheck result) {
+            m_isCheckingPassword = false;
+            done(result);
+        });
 }
 
 void FV2AppStateModel::setUserCredentials(const std::string& userName, std::shared_ptr<SecretText> password,

@@ -68,12 +68,19 @@ public:
     virtual void cancel() = 0;
 };
 
+//! What is known of a password after a check.
+enum class fv2PasswordCheck : std::uint8_t {
+    Right,
+    Wrong,
+    CannotCheck, //!< nothing: this computer could not tell
+};
+
 //! Checks passwords of this computer's accounts.
 class FV2UserAndPasswordModel {
 public:
     virtual ~FV2UserAndPasswordModel() = default;
-    //! Worker threads, several at once. Blocks: a wrong password takes seconds.
-    [[nodiscard]] virtual bool verifyPassword(const std::string& userName, const SecretText& password) const = 0;
+    //! Worker threads. Blocks: a wrong password takes seconds, a broken set-up may take for ever.
+    [[nodiscard]] virtual fv2PasswordCheck verifyPassword(const std::string& userName, const SecretText& password) const = 0;
 };
 
 //! The tray item.

@@ -38,6 +38,7 @@ enum class fv2Alert {
     PostponeEncWarning,
     PostponeDecWarning,
     FailedProxySync,
+    CannotCheckPassword,
 };
 
 enum class fv2Window : std::uint8_t { None, Main, Password_Encrypt, Password_Decrypt };

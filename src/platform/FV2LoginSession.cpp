@@ -62,10 +62,28 @@ void FV2LoginSession::resolve(std::size_t way, unsigned round) {
             return;
         if (!answer.isValid())
             return resolve(way + 1, round);
-        m_property =
-            std::make_unique<FV2BusProperty>(m_bus, kLogind, answer.value().path(), kSession, QStringLiteral("Active"));
-        connect(m_property.get(), &FV2BusValue::learnt, this, &FV2LoginSession::onActiveLearnt);
+        follow(answer.reply().service(), answer.value().path());
     });
+}
+
+void FV2LoginSession::follow(const QString& owner, const QString& path) {
+    m_property = std::make_unique<FV2BusProperty>(m_bus, kLogind, path, kSession, QStringLiteral("Active"));
+    connect(m_property.get(), &FV2BusValue::learnt, this, &FV2LoginSession::onActiveLearnt);
+    m_lockedHint = std::make_unique<FV2BusProperty>(m_bus, kLogind, path, kSession, QStringLiteral("LockedHint"));
+    connect(m_lockedHint.get(), &FV2BusValue::learnt, this, &FV2LoginSession::onHintLearnt);
+    // Some lockers set no hint, others lock without having been told to. Connected to the owner's unique name: for any
+    // other, Qt lets us wait until the bus has told it the owner.
+    const QString lock = QStringLiteral("Lock");
+    if (!m_owner.isEmpty())
+        m_bus.disconnect(m_owner, m_path, kSession, lock, this, SIGNAL(locked()));
+    m_owner = owner;
+    m_path = path;
+    m_bus.connect(m_owner, m_path, kSession, lock, this, SIGNAL(locked()));
+}
+
+void FV2LoginSession::onHintLearnt() {
+    if (m_lockedHint->isTrue())
+        Q_EMIT locked();
 }
 
 void FV2LoginSession::onActiveLearnt() {

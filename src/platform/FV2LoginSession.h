@@ -9,8 +9,8 @@
 
 namespace fv2 {
 
-//! Whether our login session is the one that its seat shows, told by logind. Silent for ever without logind. Main
-//! thread only.
+//! Whether our login session is the one that its seat shows and when it is locked, told by logind. Silent for ever
+//! without logind. Main thread only.
 class FV2LoginSession : public QObject {
     Q_OBJECT
 public:
@@ -20,16 +20,23 @@ Q_SIGNALS:
     // Only changes: what is so at the start is told to nobody.
     void becameActive();
     void resigned();
+    //! The screen is being locked, or has been; often told more than once.
+    void locked();
 
 private:
     void resolve();
     //! Asks for our session in the given way, and in the next one if that fails.
     void resolve(std::size_t way, unsigned round);
+    void follow(const QString& owner, const QString& path);
     void onActiveLearnt();
+    void onHintLearnt();
 
     QDBusConnection m_bus;
     QDBusServiceWatcher m_watcher;
     std::unique_ptr<FV2BusProperty> m_property;
+    std::unique_ptr<FV2BusProperty> m_lockedHint;
+    QString m_owner; //!< whose signals on which path we get
+    QString m_path;
     std::optional<bool> m_isActive;
     unsigned m_round = 0;
 };

@@ -3,6 +3,7 @@
 #include "platform/FV2PamPassword.h"
 
 #include "logging/FV2Logging.h"
+#include "logging/SystemReport.h"
 
 #include <algorithm>
 #include <array>
@@ -97,12 +98,19 @@ constexpr std::array kWords{
     Words{PAM_AUTHTOK_EXPIRED, "password expired"},
 };
 
-std::string wordsFor(int result, bool passwordWasRight) {
+struct Outcome {
+    fv2PasswordCheck check;
+    std::string failure; //!< empty for a right password
+};
+
+Outcome outcomeOf(int result, bool passwordWasRight) {
     if (passwordWasRight && result == PAM_AUTH_ERR)
-        return kNotAllowed;
+        return {fv2PasswordCheck::Wrong, kNotAllowed};
     const auto* const found =
         std::find_if(kWords.begin(), kWords.end(), [result](const Words& each) { return each.result == result; });
-    return found != kWords.end() ? found->words : "PAM not available (module error " + std::to_string(result) + ")";
+    if (found != kWords.end())
+        return {fv2PasswordCheck::Wrong, found->words};
+    return {fv2PasswordCheck::CannotCheck, "PAM not available (module error " + std::to_string(result) + ")"};
 }
 
 //! One handle's life.
@@ -122,8 +130,7 @@ public:
             ::pam_end(m_pam, m_result);
     }
 
-    //! Empty when the password was accepted.
-    [[nodiscard]] std::string run() {
+    [[nodiscard]] Outcome run() {
         constexpr int flags = PAM_SILENT | PAM_DISALLOW_NULL_AUTHTOK;
         if (m_result == PAM_SUCCESS)
             m_result = ::pam_authenticate(m_pam, flags);
@@ -131,10 +138,12 @@ public:
         if (passwordWasRight)
             m_result = ::pam_acct_mgmt(m_pam, flags);
         if (m_conversation.askedForMore)
-            return "PAM asks for more than a password";
+            return {fv2PasswordCheck::CannotCheck, "PAM asks for more than a password"};
         if (m_result != PAM_SUCCESS)
-            return wordsFor(m_result, passwordWasRight);
-        return passwordWasRight ? std::string() : "PAM does not ask for the password"; // another factor sufficed
+            return outcomeOf(m_result, passwordWasRight);
+        if (!passwordWasRight) // another factor sufficed
+            return {fv2PasswordCheck::CannotCheck, "PAM does not ask for the password"};
+        return {fv2PasswordCheck::Right, {}};
     }
 
 private:
@@ -156,22 +165,23 @@ FV2PamPassword::FV2PamPassword(Path folder, std::vector<Path> systemFolders)
     , m_systemFolders(std::move(systemFolders)) {
 }
 
-bool FV2PamPassword::verifyPassword(const std::string& userName, const SecretText& password) const {
+fv2PasswordCheck FV2PamPassword::verifyPassword(const std::string& userName, const SecretText& password) const {
     const bool isOwn = hasServiceFile(m_folder);
-    std::string failure;
+    Outcome outcome{fv2PasswordCheck::Wrong, "no text that can be a password"};
     if (m_hurry.isRaised()) {
-        failure = "the agent ends";
-    } else if (password.empty() || password.text().find('\0') != std::string_view::npos) {
-        failure = "no text that can be a password";
+        outcome.failure = "the agent ends";
     } else if (!isOwn && std::none_of(m_systemFolders.begin(), m_systemFolders.end(), hasServiceFile)) {
-        failure = "PAM not available (no service file)"; // PAM would silently take the rules of "other"
-    } else {
+        // PAM would silently take the rules of "other".
+        outcome = {fv2PasswordCheck::CannotCheck, "PAM not available (no service file)"};
+    } else if (!password.empty() && password.text().find('\0') == std::string_view::npos) {
         Conversation conversation{password, m_hurry};
-        failure = Check(userName, isOwn ? m_folder.c_str() : nullptr, conversation).run();
+        outcome = Check(userName, isOwn ? m_folder.c_str() : nullptr, conversation).run();
     }
-    if (!failure.empty())
-        log(FV2LoggingLevel::error, {"verifyPassword failed:", failure});
-    return failure.empty();
+    if (outcome.check == fv2PasswordCheck::CannotCheck)
+        reportOnce(outcome.failure, "The user's password can't be checked: " + outcome.failure);
+    if (!outcome.failure.empty())
+        log(FV2LoggingLevel::error, {"verifyPassword failed:", outcome.failure});
+    return outcome.check;
 }
 
 } // namespace fv2

@@ -10,8 +10,8 @@
 
 namespace fv2 {
 
-//! Checks passwords through PAM, as the service "fv2-agent". Why one was not accepted is told by a line of the log. Any
-//! thread.
+//! Checks passwords through PAM, as the service "fv2-agent". Why one was not accepted is told by a line of the log;
+//! where the set-up of PAM is to blame, once for each cause in the system log as well. Any thread.
 class FV2PamPassword final : public FV2UserAndPasswordModel {
 public:
     using Path = std::filesystem::path;
@@ -19,7 +19,8 @@ public:
     //! Takes the service file of `folder` if there is one, else that of one of the folders in which PAM itself looks.
     explicit FV2PamPassword(Path folder, std::vector<Path> systemFolders = {"/etc/pam.d", "/usr/lib/pam.d"});
 
-    [[nodiscard]] bool verifyPassword(const std::string& userName, const SecretText& password) const override;
+    [[nodiscard]] fv2PasswordCheck verifyPassword(const std::string& userName,
+                                                  const SecretText& password) const override;
 
     //! Leaves out, from now on, the seconds of waiting that PAM puts behind a wrong password, and all further checks.
     void hurry() { m_hurry.raise(); }

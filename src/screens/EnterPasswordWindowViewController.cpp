@@ -30,7 +30,9 @@ EnterPasswordWindowViewController::EnterPasswordWindowViewController(const std::
     , m_registry(registry)
     , encrypting(isEncrypting)
     , m_userName(std::move(userName))
-    , m_capsLock(nullptr) {
+    , m_capsLock(nullptr)
+    , m_guard(*view())
+    , m_pause(new QTimer(view())) {
     Ui::EnterPassword outlets;
     outlets.setupUi(static_cast<FV2View*>(view()));
     message = outlets.message;
@@ -64,8 +66,12 @@ void EnterPasswordWindowViewController::viewDidLoad() {
                                         : QStringLiteral("IDUS_BUTTON_SHOW_PASSWORD"));
     });
     connect(&m_capsLock, &FV2CapsLock::changed, this, &EnterPasswordWindowViewController::updateHint);
-    field->setFocus();
-    updateHint();
+    connect(&m_guard, &EnterPasswordGuard::passed, this, &EnterPasswordWindowViewController::updateControls);
+    m_pause->setSingleShot(true);
+    m_pause->setInterval(kLongestPause);
+    connect(&m_guard, &EnterPasswordGuard::keyPressed, m_pause, qOverload<>(&QTimer::start));
+    connect(m_pause, &QTimer::timeout, this, &EnterPasswordWindowViewController::emptyField);
+    updateControls();
 }
 
 void EnterPasswordWindowViewController::addButtons() {
@@ -78,8 +84,6 @@ void EnterPasswordWindowViewController::addButtons() {
     m_showButton->setMinimumWidth(widest);
     m_showButton->setAccessibleDescription(translated(QStringLiteral("IDUS_PASSWORDDIALOG_PASSWORD")));
     okButton->setTitle(QStringLiteral("IDUS_BUTTON_OK"));
-    okButton->setDefault(true);
-    okButton->setEnabled(false);
     m_postponeButton->setTitle(QStringLiteral("IDUS_BUTTON_POSTPONE"));
     connect(m_showButton, &NxButton::clicked, this, &EnterPasswordWindowViewController::onShowButton);
     connect(okButton, &NxButton::clicked, this, &EnterPasswordWindowViewController::onOKButton);
@@ -101,22 +105,53 @@ void EnterPasswordWindowViewController::controlTextDidChange() {
     const SecretText& typed = secureTextPasswordField->secret();
     log(FV2LoggingLevel::trace, {"chg -> Password is =", typedForLog(typed)});
     m_refused = false;
+    m_pause->start(); // a mouse pastes without a key
     updateButtons();
     updateHint();
 }
 
 void EnterPasswordWindowViewController::updateButtons() {
-    const bool isTyped = !m_waiting && !secureTextPasswordField->secret().empty();
+    const bool isTyped = secureTextPasswordField->isEnabled() && !secureTextPasswordField->secret().empty();
     okButton->setEnabled(isTyped);
     m_showButton->setEnabled(isTyped);
 }
 
-void EnterPasswordWindowViewController::forget() {
-    if (m_waiting)
+//! What has the focus is what a screen reader reads out: the field, or why nothing can be typed into it.
+void EnterPasswordWindowViewController::updateControls() {
+    const bool canType = m_step == Step::Typing && !m_guard.isOn();
+    updateHint();
+    m_hint->setFocusPolicy(canType ? Qt::NoFocus : Qt::TabFocus);
+    if (!canType)
+        m_hint->setFocus();
+    secureTextPasswordField->setEnabled(canType);
+    if (canType)
+        secureTextPasswordField->setFocus();
+    okButton->setDefault(canType);
+    m_postponeButton->setEnabled(m_step != Step::HandingOver); // what is sent can't be taken back
+    updateButtons();
+}
+
+void EnterPasswordWindowViewController::emptyField() {
+    if (m_step != Step::Typing)
         return;
+    m_pause->stop();
+    m_refused = false;
+    secureTextPasswordField->setRevealed(false);
     const QSignalBlocker nobodyTypes(secureTextPasswordField);
     secureTextPasswordField->clear();
     updateButtons();
+    updateHint();
+}
+
+void EnterPasswordWindowViewController::forget() {
+    emptyField();
+    m_guard.setOn(true);
+    updateControls();
+}
+
+void EnterPasswordWindowViewController::onMadeKey() {
+    m_guard.setOn(false);
+    updateControls();
 }
 
 void EnterPasswordWindowViewController::onShowButton() {
@@ -127,23 +162,24 @@ void EnterPasswordWindowViewController::onShowButton() {
 
 void EnterPasswordWindowViewController::onOKButton() {
     const auto model = appModel.lock();
-    if (model == nullptr || m_waiting || secureTextPasswordField->secret().empty())
+    if (model == nullptr || m_step != Step::Typing || secureTextPasswordField->secret().empty())
         return;
     auto password = std::make_shared<SecretText>(secureTextPasswordField->takeSecret());
-    setWaiting(true);
-    model->verifyPassword(m_userName, password, [weak = weak_from_this(), password](bool isRight) {
+    setStep(Step::Checking);
+    model->verifyPassword(m_userName, password, [weak = weak_from_this(), password](fv2PasswordCheck result) {
         if (const auto self = weak.lock())
-            self->onVerified(isRight, password);
+            self->onVerified(result, password);
     });
 }
 
-void EnterPasswordWindowViewController::onVerified(bool isRight, std::shared_ptr<SecretText> password) {
+void EnterPasswordWindowViewController::onVerified(fv2PasswordCheck check, std::shared_ptr<SecretText> password) {
     const auto model = appModel.lock();
-    if (!isRight || model == nullptr) {
+    if (check != fv2PasswordCheck::Right || model == nullptr) {
         password->wipe();
-        startAgain(0, fv2Alert::BadPassword);
+        startAgain(0, check == fv2PasswordCheck::CannotCheck ? fv2Alert::CannotCheckPassword : fv2Alert::BadPassword);
         return;
     }
+    setStep(Step::HandingOver);
     model->setUserCredentials(m_userName, std::move(password), [weak = weak_from_this()](const CommandResult& result) {
         if (const auto self = weak.lock())
             self->onAnswered(result);
@@ -158,8 +194,8 @@ void EnterPasswordWindowViewController::onAnswered(const CommandResult& result) 
 }
 
 void EnterPasswordWindowViewController::startAgain(std::uint64_t errorCode, fv2Alert alert) {
-    setWaiting(false);
-    forget();
+    setStep(Step::Typing);
+    emptyField();
     if (const auto model = appModel.lock())
         model->doAlert(kind(), errorCode, alert);
 }
@@ -170,24 +206,17 @@ void EnterPasswordWindowViewController::onPostponeButton() {
         model->doAlert(kind(), 0, encrypting ? fv2Alert::PostponeEncWarning : fv2Alert::PostponeDecWarning);
 }
 
-void EnterPasswordWindowViewController::setWaiting(bool waiting) {
-    m_waiting = waiting;
-    updateHint();
-    // What has the focus is what a screen reader reads out.
-    m_hint->setFocusPolicy(waiting ? Qt::TabFocus : Qt::NoFocus);
-    if (waiting)
-        m_hint->setFocus();
-    secureTextPasswordField->setEnabled(!waiting);
-    m_postponeButton->setEnabled(!waiting);
-    updateButtons();
-    if (!waiting)
-        secureTextPasswordField->setFocus();
+void EnterPasswordWindowViewController::setStep(Step step) {
+    m_step = step;
+    updateControls();
 }
 
 void EnterPasswordWindowViewController::updateHint() {
     QString text;
-    if (m_waiting)
+    if (m_step != Step::Typing)
         text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_CHECKING"));
+    else if (m_guard.isOn())
+        text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_MOVE_IN"));
     else if (m_refused)
         text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_REFUSED"));
     else if (m_capsLock.isOn())

@@ -29,12 +29,15 @@ EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const s
     connect(viewController.get(), &EnterPasswordWindowViewController::finished, this,
             [this] { window().closeWindow(); });
     connect(&window(), &FV2Window::shownOrHidden, viewController.get(), [this, dialog = viewController.get()] {
-        if (!window().isVisible())
+        if (window().isVisible())
+            dialog->updateControls(); // the button box has made a default button of OK
+        else
             dialog->forget();
     });
     // Some desktops draw a button for closing all the same.
     connect(&window(), &FV2Window::closeRefused, viewController.get(),
             &EnterPasswordWindowViewController::onPostponeButton);
+    connect(&window(), &FV2Window::madeKey, viewController.get(), &EnterPasswordWindowViewController::onMadeKey);
     window().hideTitlebarButtons();
     window().setContentView(viewController->view());
     window().growWithContent();
@@ -46,6 +49,11 @@ void EnterPasswordWindowWindowController::postponeAndClose() {
     if (const auto model = appModel.lock())
         model->postponePasswordDialog(encrypting);
     window().closeWindow();
+}
+
+void EnterPasswordWindowWindowController::forget() {
+    if (viewController)
+        viewController->forget();
 }
 
 void EnterPasswordWindowWindowController::windowWillClose() {

@@ -20,6 +20,7 @@ public:
                                         const std::string& userName, bool encrypting);
 
     void postponeAndClose() override;
+    void forget() override;
 
 protected:
     void windowWillClose() override;

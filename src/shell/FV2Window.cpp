@@ -145,6 +145,7 @@ void FV2Window::makeKeyAndOrderFront() {
     } else {
         activateWindow();
     }
+    Q_EMIT madeKey();
 }
 
 void FV2Window::orderFront() {

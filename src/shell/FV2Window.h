@@ -71,6 +71,8 @@ Q_SIGNALS:
     //! The user wants to close the window and can't, as the desktop may offer it all the same.
     void closeRefused();
     void shownOrHidden();
+    //! The user has asked for the window, which is shown now and gets the keyboard.
+    void madeKey();
 
 protected:
     bool event(QEvent* event) override;

@@ -61,6 +61,8 @@ public:
     using FV2WindowController::FV2WindowController;
     //! The user has confirmed that the password is typed later: notes when to ask again and closes.
     virtual void postponeAndClose() = 0;
+    //! Whoever sits in front may be somebody else by now: empties the field and waits for the user to come back to it.
+    virtual void forget() = 0;
 };
 
 //! Makes a controller that outlives the event in which its last owner lets go of it.

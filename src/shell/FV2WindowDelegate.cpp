@@ -204,6 +204,12 @@ void FV2WindowDelegate::closeUnneededPasswordWindows() {
         close(fv2Window::Password_Decrypt);
 }
 
+void FV2WindowDelegate::forgetPasswords() const {
+    for (const auto& controller : {enterEncPasswordWindowController, enterDecPasswordWindowController})
+        if (controller)
+            controller->forget();
+}
+
 void FV2WindowDelegate::closeAll() {
     for (const fv2Window kind : {fv2Window::Password_Encrypt, fv2Window::Password_Decrypt, fv2Window::Main})
         close(kind);

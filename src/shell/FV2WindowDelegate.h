@@ -46,6 +46,8 @@ public:
     bool showAll();
     void hideApplicationWindows();
     void closeUnneededPasswordWindows() override;
+    //! The user has left the session or locked the screen.
+    void forgetPasswords() const;
     //! At the agent's end.
     void closeAll();
     //! Gives every window, open from now on too, the colours of the appearance that the desktop asks for.

@@ -5,17 +5,21 @@
 import json
 import time
 import unittest
+from pathlib import Path
 
 from accounts import account, listed_account
 from agent import end, start_agent, start_service
 from desktop import Desktop
+from mocks import LoginSession
 from password_dialog import PasswordDialog
 from waiting import wait_until
+from wayland import WaylandSession
 
 #: Of a service that wants the password in a state, prepares in a second, works through two others.
 DIRECTIONS = {"encrypt": (3, 4, 5, 6), "decrypt": (7, 8, 9, 10)}
 BAD_PASSWORD, BAD_COMMS = "The password was not accepted", "The encryption service is not answering"
-FAIL_PASSWORD = "Your password could not be used"
+FAIL_PASSWORD, UNCHECKED = "Your password could not be used", "Your password could not be checked"
+MOVE_IN = "Click here or press Tab to type your password."
 
 
 def scenario(desktop, wants, prepares, works, done):
@@ -28,10 +32,11 @@ def scenario(desktop, wants, prepares, works, done):
 
 
 class PasswordTest(unittest.TestCase):
-    def start(self, *lines, who=listed_account):
+    def start(self, *lines, who=listed_account, system_bus=False):
         self.doCleanups()  # what an earlier case has left
         self.account = self.enterContext(who())
-        self.desktop = self.enterContext(Desktop(window_manager=True, accessible=True, account=self.account))
+        self.desktop = self.enterContext(Desktop(window_manager=True, accessible=True, account=self.account,
+                                                 system_bus=system_bus))
         self.service = start_service(self.desktop, *lines)
         self.agent = start_agent(self.desktop)
         self.dialog = PasswordDialog(self.desktop, self.agent)
@@ -63,6 +68,77 @@ class PasswordTest(unittest.TestCase):
                 wait_until(lambda: self.desktop.tray_item().icon_colour() == "green", "a green icon")
                 self.assertEqual(self.dialog.windows(), [])
                 self.assertEqual(end(self.agent), 0)
+
+    def test_a_prompt_that_nobody_asked_for_takes_no_key_before_the_user_has_moved_into_it(self):
+        for wayland in (False, True):
+            with self.subTest(wayland=wayland), Desktop(window_manager=not wayland, accessible=True) as desktop:
+                service = start_service(desktop, "state 1")
+                keyboard, press = desktop.screen.keyboard, desktop.screen.press
+                if wayland:
+                    session = WaylandSession(desktop)
+                    elsewhere = session.other_program()
+                agent = start_agent(desktop, **(session.env if wayland else {}))
+                agent.expect("updateFromModel syncSource == Startup")
+                service.send("state 3")
+                dialog = PasswordDialog(desktop, agent)
+                for number in range(40):
+                    keyboard.type("abcd "[number % 5])
+                    if number == 20:
+                        agent.expect("FV2Window first paint")
+                        if not wayland:  # where no window that comes unasked has the keyboard at once
+                            dialog.windows()[0].activate()
+                    time.sleep(0.02)
+                press("space", "Return", "Tab", "Return", "alt+o", "ctrl+w")
+                if wayland:
+                    self.assertLess(len(elsewhere.text()), 40, "the compositor gives the keyboard to the dialog")
+                typed = [line for line in agent.lines if "chg -> Password" in line or "verifyPassword" in line]
+                self.assertEqual(typed, [])
+                hint = dialog.elements().find("label", MOVE_IN, ["focused", "showing"])
+                time.sleep(0.6)
+                press("Tab")
+                wait_until(lambda: "focused" not in hint.states(), "the keyboard to come into the field")
+                keyboard.type("wrong")
+                press("Return")
+                agent.expect("verifyPassword failed")
+                self.assertEqual(sum("chg -> Password" in line for line in agent.lines), 5)
+
+    def test_what_was_typed_is_forgotten_when_the_user_leaves(self):
+        self.start("state 3", system_bus=True)
+        login = LoginSession(self.desktop)
+        wait_until(lambda: any("LockedHint" in line for line in login.program.lines), "the agent to follow the session")
+        field = self.dialog.window() and self.dialog.elements().find("text", "Password:")
+        for leave in (login.ask_to_lock, lambda: login.set_locked_hint(True), lambda: login.set_active(False)):
+            self.dialog.type("geheim")
+            self.dialog.press("Show")
+            self.dialog.elements().find("push button", "Hide", ["enabled"])
+            leave()
+            self.dialog.elements().find("label", MOVE_IN, ["showing"])
+            self.dialog.elements().find("push button", "Show", ["showing"])
+            wait_until(lambda: field.length() == 0, "the field to be empty")
+            self.desktop.screen.press("a", "Return")
+            self.assertEqual(field.length(), 0, "whoever comes back has not asked for it")
+
+    def test_a_check_that_does_not_end_can_be_left_and_what_comes_of_it_is_dropped(self):
+        gate = Path("/tmp/fv2-gate")
+        self.start("policy postpone none", "state 3", who=lambda: listed_account(gate=gate))
+        gate.touch()
+        self.addCleanup(gate.unlink, missing_ok=True)
+        self.dialog.enter(self.account.password)
+        self.dialog.elements().find("label", "Checking your password…", ["showing", "focused"])
+        self.dialog.press("Later")
+        self.dialog.answer()
+        self.dialog.wait_until_gone()
+        for state in (1, 3):
+            self.service.send(f"state {state}")
+            self.service.expect("^status for uid")
+        self.dialog.enter(self.account.password)
+        self.alert_says(UNCHECKED)
+        gate.unlink()
+        time.sleep(1)
+        self.assertEqual(self.credentials(), [])
+        self.dialog.enter(self.account.password)
+        self.dialog.wait_until_gone()
+        self.assertEqual(len(self.credentials()), 1)
 
     def test_later_is_asked_about_and_does_as_was_answered(self):
         for policy, state in (("0", 3), ("none", 7)):

@@ -220,13 +220,20 @@ TEST_F(Model, LooksEveryMinuteForAnOpeningForAPromptThatIsDue) {
 
 TEST_F(Model, HandsOverAPasswordThatIsRightAndLeavesNoneBehind) {
     const auto secret = [](const char* text) { return std::make_shared<SecretText>(std::string_view(text)); };
-    for (const char* const text : {"right", "wrong"}) {
-        std::optional<bool> right;
-        model->verifyPassword("someone", secret(text), [&right](bool verified) { right = verified; });
-        EXPECT_FALSE(right) << "not on this thread";
-        settled();
-        EXPECT_EQ(right, std::string_view(text) == "right");
-    }
+    std::map<std::string, fv2PasswordCheck> checked;
+    const auto verify = [&](const char* text) {
+        model->verifyPassword("someone", secret(text),
+                              [&checked, text](fv2PasswordCheck result) { checked[text] = result; });
+    };
+    verify("right");
+    EXPECT_TRUE(checked.empty()) << "not on this thread";
+    verify("too early");
+    EXPECT_EQ(checked["too early"], fv2PasswordCheck::CannotCheck) << "each check may keep a worker for ever";
+    settled();
+    verify("wrong");
+    settled();
+    EXPECT_EQ(checked["right"], fv2PasswordCheck::Right);
+    EXPECT_EQ(checked["wrong"], fv2PasswordCheck::Wrong);
     EXPECT_EQ(::prctl(PR_GET_DUMPABLE), 1);
     const auto password = secret("p\"ä");
     std::optional<CommandResult> result;

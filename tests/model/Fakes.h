@@ -141,8 +141,10 @@ inline std::string statusAnswer(std::int64_t state, const std::string& more = ""
 
 //! Takes one password for right, whoever's it is.
 struct OnePassword final : FV2UserAndPasswordModel {
-    bool verifyPassword(const std::string& /*userName*/, const SecretText& password) const override {
-        return password.text() == "right";
+    fv2PasswordCheck verifyPassword(const std::string& /*userName*/, const SecretText& password) const override {
+        if (password.text() == "unreadable")
+            return fv2PasswordCheck::CannotCheck;
+        return password.text() == "right" ? fv2PasswordCheck::Right : fv2PasswordCheck::Wrong;
     }
 };
 

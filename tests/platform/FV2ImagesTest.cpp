@@ -12,15 +12,6 @@ namespace {
 const QStringList kNames{QStringLiteral("orm_menu_icon"), QStringLiteral("orm_menu_icon_warning"),
                          QStringLiteral("orm_menu_icon_alert"), QStringLiteral("orm_menu_icon_sync")};
 
-//! How much of an image is covered, in percent.
-int covered(const QImage& image) {
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            count += qAlpha(image.pixel(x, y)) > 127 ? 1 : 0;
-    return count * 100 / (image.width() * image.height());
-}
-
 //! The percentage of pixels that one of two images of the same size covers and the other doesn't.
 int differenceOfOutlines(const QImage& a, const QImage& b) {
     int count = 0;
@@ -28,19 +19,6 @@ int differenceOfOutlines(const QImage& a, const QImage& b) {
         for (int x = 0; x < a.width(); ++x)
             count += (qAlpha(a.pixel(x, y)) > 127) != (qAlpha(b.pixel(x, y)) > 127) ? 1 : 0;
     return count * 100 / (a.width() * a.height());
-}
-
-TEST(Images, AreDrawnForEverySizeOfPanel) {
-    FV2Images images;
-    for (const QString& name : kNames) {
-        const QIcon icon = images.imageNamed(name);
-        for (const int size : {16, 22, 24, 32, 48}) {
-            EXPECT_TRUE(icon.availableSizes().contains(QSize(size, size))) << name.toStdString() << size;
-            const int share = covered(icon.pixmap(size, size).toImage());
-            EXPECT_GT(share, 40) << name.toStdString() << size;
-            EXPECT_LT(share, 100) << name.toStdString() << size;
-        }
-    }
 }
 
 TEST(Images, CanBeToldApartInAPanelWithoutColours) {
@@ -51,14 +29,6 @@ TEST(Images, CanBeToldApartInAPanelWithoutColours) {
                                            images.imageNamed(other).pixmap(16).toImage()),
                       one == other ? 0 : 8)
                 << one.toStdString() << " " << other.toStdString();
-}
-
-TEST(Images, AreDrawnOnceAndUnknownOnesAreNull) {
-    FV2Images images;
-    EXPECT_EQ(images.imageNamed(kNames[0]).cacheKey(), images.imageNamed(kNames[0]).cacheKey());
-    EXPECT_NE(images.imageNamed(kNames[0]).cacheKey(), images.imageNamed(kNames[1]).cacheKey());
-    EXPECT_TRUE(images.imageNamed(QStringLiteral("orm_menu_icon_blue")).isNull());
-    EXPECT_TRUE(images.imageNamed(QString()).isNull());
 }
 
 } // namespace

@@ -2,13 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2QtStrings.h"
 
-#include "model/FV2StatesTable.h"
-#include "resources/FormatText.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <vector>
 
 namespace fv2::test {
@@ -59,25 +56,6 @@ TEST(QtStrings, FallsBackToEnglishAndThenToTheIdentifier) {
 
     std::ofstream(folder / "fv2-agent_en.qm") << "not a table";
     EXPECT_EQ(FV2QtStrings({}, QString::fromStdString(folder.path())).localizedString("IDUS_UNKNOWN"), "IDUS_UNKNOWN");
-}
-
-TEST(QtStrings, HaveEveryTextOfTheStatesTableWithAPlaceForThePercentageWhereOneIsShown) {
-    for (const char* language : {"en", "de"}) {
-        std::set<std::string> texts;
-        for (const FV2_ORM_State& row : kOrmStatesDictionary) {
-            EXPECT_NE(textIn(language, row.title).front(), '!') << row.title;
-            const std::string text = textIn(language, row.text);
-            EXPECT_NE(text.front(), '!') << row.text;
-            // A mark that no text holds shows how many places it took.
-            const std::string formatted = formatText(text, {"\x01"});
-            EXPECT_EQ(std::count(formatted.begin(), formatted.end(), '\x01'), row.hasPercentage ? 1 : 0) << text;
-            EXPECT_EQ(formatted.find('%'), std::string::npos) << text;
-            texts.insert(text);
-        }
-        EXPECT_EQ(texts.size(), 10U) << "different states with the same text";
-    }
-    EXPECT_EQ(formatText(textIn("en", "IDUS_ORM_SM_PERCENT_FMT"), {"45"}), "45%");
-    EXPECT_EQ(formatText(textIn("de", "IDUS_ORM_SM_PERCENT_FMT"), {"45"}), "45\u00a0%");
 }
 
 } // namespace

@@ -16,18 +16,6 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-TEST(TimerService, CallsOnceAndNotBeforeItsTime) {
-    FV2QtTimerService timers;
-    int calls = 0;
-    const auto start = timers.now();
-    const auto timer = timers.after(milliseconds(20), [&calls] { ++calls; });
-    EXPECT_EQ(calls, 0);
-    EXPECT_TRUE(runLoopUntil([&calls] { return calls > 0; }));
-    EXPECT_GE(timers.now() - start, milliseconds(19));
-    runLoopFor(milliseconds(80));
-    EXPECT_EQ(calls, 1);
-}
-
 TEST(TimerService, CallsNoMoreOnceTheTimerIsDestroyed) {
     FV2QtTimerService timers;
     int calls = 0;
@@ -65,26 +53,6 @@ TEST(TimerService, WaitsForMonthsByAClockThatGoesOnWhileTheComputerSleeps) {
     EXPECT_EQ(clocks, "clockid: " + std::to_string(CLOCK_BOOTTIME));
     runLoopFor(milliseconds(50));
     EXPECT_FALSE(called);
-}
-
-TEST(DesktopDispatch, RunsJobsLaterOnTheMainThreadInTheirOrder) {
-    FV2DesktopDispatch dispatch;
-    std::vector<int> order;
-    const auto main = std::this_thread::get_id();
-    for (int i = 0; i < 50; ++i)
-        dispatch.toMain([&order, i] { order.push_back(i); });
-    EXPECT_TRUE(order.empty());
-    ASSERT_TRUE(runLoopUntil([&order] { return order.size() == 50; }));
-    dispatch.toWorker([&] {
-        EXPECT_NE(std::this_thread::get_id(), main);
-        for (int i = 50; i < 100; ++i)
-            dispatch.toMain([&, i] {
-                EXPECT_EQ(std::this_thread::get_id(), main);
-                order.push_back(i);
-            });
-    });
-    ASSERT_TRUE(runLoopUntil([&order] { return order.size() == 100; }));
-    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
 }
 
 TEST(DesktopDispatch, LeavesTheLoopItsTimeWhileEveryWorkerHangsAndJobsPostJobs) {

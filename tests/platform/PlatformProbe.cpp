@@ -24,13 +24,6 @@ void languages(const QString& tables) {
     std::cout << FV2QtStrings(FV2QtStrings::preferredLanguages(), tables).language().toStdString() << '\n';
 }
 
-void trayNeverComes() {
-    int calls = 0;
-    const FV2TrayWatcher tray([&calls] { ++calls; }, std::chrono::milliseconds(1));
-    runLoopFor(std::chrono::milliseconds(50));
-    std::cout << calls << " so far\n";
-}
-
 class Portal final : public QDBusVirtualObject {
     [[nodiscard]] QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& question, const QDBusConnection& bus) override {
@@ -70,8 +63,6 @@ int main(int argc, char* argv[]) {
         fv2::test::languages(QString::fromStdString(value));
     else if (what == "date")
         std::cout << fv2::mediumDate(std::stoll(value)) << '\n';
-    else if (what == "no-tray")
-        fv2::test::trayNeverComes();
     else if (what == "appearance")
         fv2::test::appearance();
     return 0;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
+#include "screens/EnterPasswordGuard.h"
 #include "screens/Screens.h"
 #include "support/LogScope.h"
 #include "support/QtLoop.h"
@@ -84,10 +85,15 @@ TEST_F(PasswordDialog, HandsARightPasswordToTheServiceAndCloses) {
     open();
     link.answerToOthers = R"({"result":true})";
     enter("right");
-    EXPECT_FALSE(field().isEnabled() || show().isEnabled() || ok().isEnabled() || later().isEnabled());
+    EXPECT_FALSE(field().isEnabled() || show().isEnabled() || ok().isEnabled());
+    EXPECT_TRUE(later().isEnabled()) << "a module of PAM may take for ever";
     EXPECT_EQ(text("hint"), "PASSWORDDIALOG_CHECKING %1");
     EXPECT_TRUE(child<NxTextField>("hint").hasFocus()) << "or no screen reader tells";
     EXPECT_EQ(handedOver(), 0) << "nothing waits on the main thread";
+    dispatch.workers.at(0)();
+    dispatch.workers.clear();
+    dispatch.main.drain();
+    EXPECT_FALSE(later().isEnabled()) << "what is sent can't be taken back";
     dispatch.settle();
     EXPECT_EQ(link.asked.back(),
               R"({"command":"set_user_credentials","uid":501,"token":"t1","parameters":{"username":"anna",)"
@@ -105,6 +111,7 @@ TEST_F(PasswordDialog, StaysAfterAFailureAndStartsAgain) {
     open();
     for (const Case& each :
          {Case{"wrong", "", "ALERT_ERROR_PASSWORD_VALIDATION %1", 0},
+          {"unreadable", "", "ALERT_ERROR_PASSWORD_UNCHECKED %1", 0},
           {"right", R"({"result":false,"error_code":255})", "ALERT_ERROR_PASSWORD_FAILURE %1 (0xFF)", 1},
           {"right", "", "ALERT_ERROR_COMMS %1", 2}}) {
         link.answerToOthers = each.answer;
@@ -194,6 +201,52 @@ TEST_F(PasswordDialog, TellsOfCapsLockAndRefusedInputAndShowsThePassword) {
         EXPECT_TRUE(field().hasFocus() && field().isRevealed() == revealed);
         EXPECT_EQ(show().title(), revealed ? "IDUS_BUTTON_HIDE_PASSWORD" : "IDUS_BUTTON_SHOW_PASSWORD");
     }
+
+    QTest::keyClicks(&field(), "yz");
+    EXPECT_EQ(text("hint"), "PASSWORDDIALOG_REFUSED %1");
+    for (QTimer* const timer : window().findChildren<QTimer*>())
+        if (timer->intervalAsDuration() == std::chrono::minutes(5)) {
+            EXPECT_GT(timer->remainingTime(), 299'000);
+            timer->start(1);
+        }
+    EXPECT_TRUE(runLoopUntil([this] { return field().secret().empty(); })) << "without a key for long";
+    EXPECT_EQ(text("hint"), "") << "goes with what it was about";
+    EXPECT_TRUE(field().hasFocus() && !ok().isEnabled());
+}
+
+TEST_F(PasswordDialog, TakesNoKeyBeforeTheUserHasMovedIntoIt) {
+    const auto press = [this](Qt::Key key) { QTest::keyClick(window().windowHandle(), key); };
+    const auto isShut = [&] {
+        for (const Qt::Key key : {Qt::Key_A, Qt::Key_Space, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Return, Qt::Key_W})
+            press(key);
+        QInputMethodEvent composed;
+        composed.setCommitString("word");
+        QApplication::sendEvent(QApplication::focusObject(), &composed);
+        return field().text().isEmpty() && dispatch.workers.empty() && window().attachedSheet() == nullptr &&
+               !field().isEnabled() && !ok().isEnabled() && !ok().isDefault() &&
+               child<NxTextField>("hint").hasFocus() && text("hint") == "PASSWORDDIALOG_MOVE_IN %1";
+    };
+    const auto isOpen = [&] {
+        press(Qt::Key_A);
+        return window().focusWidget() == &field() && ok().isDefault() && field().secret().text().ends_with("a");
+    };
+    refresh(statusAnswer(3), fv2SyncSource::Service, false);
+    kind = fv2Window::Password_Encrypt;
+    registry.openWindow(kind, false);
+    window().activateWindow(); // as some desktops do
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    EXPECT_TRUE(isShut());
+    QTest::qWait(EnterPasswordGuard::kPause.count() + 50);
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(isOpen());
+    registry.forgetPasswords();
+    EXPECT_TRUE(isShut());
+    QTest::mouseClick(window().windowHandle(), Qt::LeftButton, {}, field().mapTo(&window(), field().rect().center()));
+    EXPECT_TRUE(isOpen());
+    registry.hideApplicationWindows();
+    registry.showAll();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    EXPECT_TRUE(isOpen()) << "the user has asked for it";
 }
 
 TEST_F(PasswordDialog, GrowsUntilEverythingFits) {

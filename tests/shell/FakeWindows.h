@@ -21,6 +21,7 @@ struct FakePasswordWindow final : FV2PasswordWindowController {
     explicit FakePasswordWindow(const std::weak_ptr<FV2AppStateModel>& model)
         : FV2PasswordWindowController(model, std::make_unique<FV2Window>(QSize(100, 100))) {}
     void postponeAndClose() override { window().closeWindow(); }
+    void forget() override {}
 };
 
 struct FakeWindows final : FV2WindowFactory {

@@ -3,11 +3,9 @@
 #include "resources/NxDesign.h"
 #include "resources/OxTranslatedString.h"
 #include "toolkit/NxButton.h"
-#include "toolkit/NxHtmlText.h"
 #include "toolkit/NxImageView.h"
 #include "toolkit/NxLeftMenuCellView.h"
 #include "toolkit/NxLeftMenuCounter.h"
-#include "toolkit/NxSetAttributedStringLinkColorTransformer.h"
 #include "toolkit/NxStackController.h"
 #include "toolkit/NxTagMapper.h"
 #include "toolkit/NxTextField.h"
@@ -15,7 +13,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QBitmap>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTextDocument>
@@ -137,27 +134,6 @@ TEST(TextField, ShowsTheStylesOfAnApplicationsTextOfHtml) {
         const QColor colour = shown.pixelColor(place % shown.width(), place / shown.width());
         ASSERT_LE(colour.red(), colour.blue()) << "in the field's own colour";
     }
-    const QSize whole = field.sizeHint();
-    QFont larger = field.font();
-    larger.setPointSize(2 * larger.pointSize());
-    field.setFont(larger);
-    EXPECT_GT(field.sizeHint().width(), 3 * whole.width() / 2);
-    field.setElided(true);
-    field.resize(whole);
-    field.grab();
-    EXPECT_FALSE(field.toolTip().isEmpty());
-    for (const auto alignment : {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight}) {
-        field.setAlignment(alignment);
-        const QImage letters = field.grab().toImage().createHeuristicMask();
-        EXPECT_GT(QRegion(QBitmap::fromImage(letters)).boundingRect().width(), field.width() / 2) << alignment;
-    }
-
-    const auto styled =
-        attributedStringFromHtml(QStringLiteral("a<i>b</i><font color='#ff0000'>c</font>"), QFont(), Qt::blue);
-    EXPECT_FALSE(styled.attributesAt(0).font->italic());
-    EXPECT_TRUE(styled.attributesAt(1).font->italic());
-    EXPECT_EQ(styled.attributesAt(1).textColor, QColor(Qt::blue));
-    EXPECT_EQ(styled.attributesAt(2).textColor, QColor(Qt::red));
 }
 
 TEST(ImageView, PaintsAPictureInItsOwnColourOrATint) {
@@ -186,14 +162,6 @@ void useDesign() {
                "</array><key>Blue</key><array><string>0040FF</string></array><key>Link</key><array>"
                "<string>8CC4FF</string><string>0A58A6</string></array></dict></dict></plist>";
     });
-}
-
-TEST(LinkColorTransformer, GivesLinksTheDesignsColourForLightSurfaces) {
-    useDesign();
-    const auto text = prepareAttrStrWithHtml(QStringLiteral("a<A>b</A>"), {}, Qt::red, Qt::blue);
-    const auto coloured = NxSetAttributedStringLinkColorTransformer::transformedValue(text);
-    EXPECT_EQ(coloured.attributesAt(0).textColor, QColor(Qt::red));
-    EXPECT_EQ(coloured.attributesAt(1).textColor, QColor(0x0A, 0x58, 0xA6));
 }
 
 TEST(LeftMenuCounter, ShowsAndTellsTheNumberInTheColourOfTheStatus) {

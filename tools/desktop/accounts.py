@@ -59,8 +59,9 @@ def real_account(password=None, rules=""):
 
 
 @contextlib.contextmanager
-def listed_account(password=None):
-    """Ourselves. The password is one that only this account's programs know."""
+def listed_account(password=None, gate=None):
+    """Ourselves. The password is one that only this account's programs know. gate: no check of it ends while there is
+    a file of that path, for a minute at most."""
     password = password or secrets.token_urlsafe(12)
     name = pwd.getpwuid(os.getuid()).pw_name
     with tempfile.TemporaryDirectory(prefix="fv2-account-") as folder:
@@ -68,6 +69,12 @@ def listed_account(password=None):
         passwords.write_text(f"{name}:{password}:fv2-agent\n", encoding="utf-8")
         module = next(Path("/usr/lib").glob("*/pam_wrapper/pam_matrix.so"))
         rules = LISTED.replace("pam_matrix.so", str(module)).format(passwords=passwords)
+        if gate:
+            script = Path(folder, "wait")
+            script.write_text(f"#!/bin/sh\nfor i in $(seq 600); do [ -e {gate} ] || exit 0; sleep 0.1; done\n",
+                              encoding="utf-8")
+            script.chmod(0o755)
+            rules += f"auth required pam_exec.so quiet {script}\n"
         yield Account(name, password, os.getuid(), os.getgid(), rules)
 
 

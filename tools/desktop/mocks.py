@@ -59,13 +59,24 @@ class LoginSession(Mock):
         known = ("auto", "1") if bound else ("1",)
         self._answer_path("GetSession", "s", f"args[0] in {known!r}", "NoSuchSession")
         self._answer_path("GetSessionByPID", "u", repr(bound), "NoSessionForPID")
-        properties = dbus.Dictionary({"Id": "1", "Active": dbus.Boolean(active)}, signature="sv")
+        properties = dbus.Dictionary({"Id": "1", "Active": dbus.Boolean(active), "LockedHint": dbus.Boolean(False)},
+                                     signature="sv")
         methods = dbus.Array([], signature="(ssss)")
         self._tell("AddObject", self.SESSION_PATH, self.SESSION_INTERFACE, properties, methods)
         self._appear()
 
     def set_active(self, active):
-        changed = {"Active": dbus.Boolean(active)}
+        self._set("Active", active)
+
+    def set_locked_hint(self, locked):
+        """What a locker tells once the screen is locked."""
+        self._set("LockedHint", locked)
+
+    def ask_to_lock(self):
+        self._tell("EmitSignal", self.SESSION_INTERFACE, "Lock", "", dbus.Array([], "v"), path=self.SESSION_PATH)
+
+    def _set(self, name, value):
+        changed = {name: dbus.Boolean(value)}
         self._tell("UpdateProperties", self.SESSION_INTERFACE, changed, path=self.SESSION_PATH)
 
     def _answer_path(self, method, signature, condition, error):

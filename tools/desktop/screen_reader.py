@@ -99,6 +99,10 @@ class Element:
         """What is read out of it character by character; an element without such a text answers with an error."""
         return str(self._object.GetText(dbus.Int32(0), dbus.Int32(-1), dbus_interface=TEXT))
 
+    def length(self):
+        """How many characters its text has, also where they are not told."""
+        return int(self._object.Get(TEXT, "CharacterCount", dbus_interface=PROPERTIES))
+
     def middle(self):
         """The place on the screen where somebody would click it."""
         x, y, width, height = self._object.GetExtents(dbus.UInt32(0), dbus_interface=COMPONENT)

@@ -151,6 +151,14 @@
         <source>Check that Caps Lock is off, then type the password again that you use to log in to this computer.</source>
         <translation>Prüfen Sie, ob die Feststelltaste ausgeschaltet ist, und geben Sie dann noch einmal das Passwort ein, mit dem Sie sich an diesem Computer anmelden.</translation>
     </message>
+    <message id="IDUS_ALERT_TITLE_PASSWORD_UNCHECKED">
+        <source>Your password could not be checked</source>
+        <translation>Ihr Passwort konnte nicht geprüft werden</translation>
+    </message>
+    <message id="IDUS_ALERT_ERROR_PASSWORD_UNCHECKED">
+        <source>This computer cannot check passwords right now. Please try again in a moment. If that does not help, contact your administrator.</source>
+        <translation>Dieser Computer kann zurzeit keine Passwörter prüfen. Bitte versuchen Sie es gleich noch einmal. Wenn das nicht hilft, wenden Sie sich an Ihre Systemadministration.</translation>
+    </message>
 
     <!-- Password dialog and buttons -->
     <message id="IDUS_PASSWORDDIALOG_TITLE">
@@ -172,6 +180,10 @@
     <message id="IDUS_PASSWORDDIALOG_PASSWORD">
         <source>Password:</source>
         <translation>Passwort:</translation>
+    </message>
+    <message id="IDUS_PASSWORDDIALOG_MOVE_IN">
+        <source>Click here or press Tab to type your password.</source>
+        <translation>Klicken Sie hier oder drücken Sie die Tabulatortaste, um Ihr Passwort einzugeben.</translation>
     </message>
     <message id="IDUS_PASSWORDDIALOG_CAPS_LOCK">
         <source>Caps Lock is on.</source>

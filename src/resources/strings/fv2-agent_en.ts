@@ -151,6 +151,14 @@
         <source>Check that Caps Lock is off, then type the password again that you use to log in to this computer.</source>
         <translation>Check that Caps Lock is off, then type the password again that you use to log in to this computer.</translation>
     </message>
+    <message id="IDUS_ALERT_TITLE_PASSWORD_UNCHECKED">
+        <source>Your password could not be checked</source>
+        <translation>Your password could not be checked</translation>
+    </message>
+    <message id="IDUS_ALERT_ERROR_PASSWORD_UNCHECKED">
+        <source>This computer cannot check passwords right now. Please try again in a moment. If that does not help, contact your administrator.</source>
+        <translation>This computer cannot check passwords right now. Please try again in a moment. If that does not help, contact your administrator.</translation>
+    </message>
 
     <!-- Password dialog and buttons -->
     <message id="IDUS_PASSWORDDIALOG_TITLE">
@@ -172,6 +180,10 @@
     <message id="IDUS_PASSWORDDIALOG_PASSWORD">
         <source>Password:</source>
         <translation>Password:</translation>
+    </message>
+    <message id="IDUS_PASSWORDDIALOG_MOVE_IN">
+        <source>Click here or press Tab to type your password.</source>
+        <translation>Click here or press Tab to type your password.</translation>
     </message>
     <message id="IDUS_PASSWORDDIALOG_CAPS_LOCK">
         <source>Caps Lock is on.</source>
