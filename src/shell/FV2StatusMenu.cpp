@@ -9,8 +9,9 @@ namespace fv2 {
 
 namespace {
 
-//! Milliseconds from the press, which closes a menu that is shown, to the click, which the panel tells us.
-constexpr int kLongestClick = 1000;
+//! Milliseconds from the press, which closes a menu that is shown, to the click, which a panel tells us if it has seen
+//! the button go up.
+constexpr int kLongestClick = 500;
 
 } // namespace
 

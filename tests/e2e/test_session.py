@@ -10,7 +10,7 @@ import unittest
 
 from agent import BUILD, end, notify, start_agent, start_service
 from desktop import Desktop
-from mocks import LoginSession, Notifications, Portal, gnome_banners, set_do_not_disturb
+from mocks import BANNERS, LoginSession, Notifications, Portal, banners, set_do_not_disturb
 from waiting import wait_until
 
 #: The background of the window's pages.
@@ -71,9 +71,10 @@ class AppearanceTest(unittest.TestCase):
 
 class DoNotDisturbTest(unittest.TestCase):
     def test_no_window_comes_by_itself_while_the_user_is_not_to_be_disturbed(self):
-        cases = (("KDE", lambda desktop: Notifications(desktop).set_inhibited),
-                 ("Xfce", lambda desktop: lambda wanted: set_do_not_disturb(desktop, wanted)),
-                 ("GNOME", lambda desktop: lambda wanted: gnome_banners(desktop, not wanted)))
+        cases = [("KDE", lambda desktop: Notifications(desktop).set_inhibited),
+                 ("Xfce", lambda desktop: lambda wanted: set_do_not_disturb(desktop, wanted))]
+        cases += [(name, lambda desktop, name=name: lambda wanted: banners(desktop, name, not wanted))
+                  for name in BANNERS]
         for name, prepare in cases:
             with self.subTest(name), Desktop(panel=None) as desktop:
                 switch = prepare(desktop)

@@ -2,15 +2,25 @@
 # SPDX-License-Identifier: Apache-2.0
 """The main window among other programs' windows, and the menu that opens and hides it."""
 
+import time
 import unittest
 
 import dbus
 
-from agent import BUILD, end, notify, start_agent, start_service
-from desktop import Desktop
+from accounts import listed_account
+from agent import BUILD, notify, program, start_agent, start_service
+from desktop import PANEL_HEIGHT, Desktop
+from mocks import Portal
+from password_dialog import PasswordDialog
 from waiting import wait_until
+from wayland import BACKGROUND, WaylandSession
 
 OPEN, HIDE, SYNCHRONISE = "Open window", "Hide window", "Synchronize now"
+PASSWORD_LINK = "Enter your password"
+#: Where the panel paints the one item of its tray.
+ICON, AT_ICON = (1263, 16), (32, 32, 1247, 0)
+#: Where Qt's frame of a maximised window has its button.
+MINIMISE = (1217, PANEL_HEIGHT + 14)
 
 
 class WindowsTest(unittest.TestCase):
@@ -63,6 +73,8 @@ class WindowsTest(unittest.TestCase):
             ("the service synchronises again", lambda: tell("sync start"), OPEN, False),
             ("the service is lost", lambda: (self.service.stop(), notify(b"{}")), OPEN, True),
         )
+        self.agent.expect("updateFromModel syncSource == Startup")
+        self.assertEqual(self.shown(), [], "a plain start")
         for what, change, label, possible in steps:
             with self.subTest(what):
                 change()
@@ -71,15 +83,23 @@ class WindowsTest(unittest.TestCase):
                 wait_until(lambda: bool(self.shown()) == (label == HIDE), "the window to do what the menu says")
 
     def test_a_left_click_shows_the_menu_and_the_keyboard_chooses(self):
+        wait_until(lambda: self.desktop.shown_colour(AT_ICON) == "yellow", "the icon")
         for keys, log in ((("Down", "Return"), "FV2Window first paint"),
                           (("Down", "Return"), "StatusBarMenu Hide Application Window"),
                           (("Down", "Down", "Return"), "Syncing proxy"), (("Escape",), "StatusBarMenu Closed")):
             self.screen.point_at(1200, 100)
-            self.item.click(1200, 10)
+            self.screen.click(*ICON)
             wait_until(lambda: self.shown(managed=False), "the menu")
             self.screen.press(*keys)
             self.agent.expect(log)
             wait_until(lambda: not self.shown(managed=False), "the menu to go")
+        for place in (ICON, ICON, ICON, (600, 400), ICON):
+            self.screen.click(*ICON)
+            wait_until(lambda: self.shown(managed=False), "the menu")
+            self.screen.press_and_release(*place)
+            self.agent.expect("StatusBarMenu Closed")
+            time.sleep(0.5)  # in which a menu would come back
+            self.assertEqual(self.shown(managed=False), [], f"after a click at {place}")
 
     def test_what_the_user_asked_for_is_in_front_and_has_the_keyboard(self):
         self.desktop.start(["xfce4-panel", "--preferences"])
@@ -97,22 +117,103 @@ class WindowsTest(unittest.TestCase):
                     ask()
                     wait_until(lambda: self.window().active() and self.window().above(other), "the window in front")
 
-    def test_keys_switch_pages_and_close_the_window_but_do_not_end_the_agent(self):
-        self.agent.expect("updateFromModel syncSource == Startup")
-        self.assertEqual(self.shown(), [], "a plain start")
-        self.assertEqual(end(self.agent), 0)
-        self.agent = self.desktop.start([BUILD / "fv2-agent", "--show-window"], {"FV2_LOG_LEVELS": "all"})
-        for key, page in (("ctrl+2", "About"), ("Up", "Protection Status"), ("Down", "About"),
-                          ("ctrl+1", "Protection Status")):
-            self.press(key)
-            self.agent.expect(f"Switched content view to {page}")
-        self.window().click(60, 72)
-        self.agent.expect("Switched content view to About")
-        self.press("ctrl+q", "ctrl+w")
-        wait_until(lambda: not self.shown(), "the window to close")
-        self.activate()
-        self.window()
-        self.assertEqual(end(self.agent), 0)
+
+class AlertsTest(unittest.TestCase):
+    def test_an_alert_is_above_and_has_the_keyboard_however_its_window_comes_back(self):
+        desktop = self.enterContext(Desktop(window_manager=True, accessible=True,
+                                            account=self.enterContext(listed_account())))
+        service = start_service(desktop, "state 3", "credentials refuse 7")
+        agent = start_agent(desktop, "--show-window")
+        dialog, item, main = PasswordDialog(desktop, agent), desktop.tray_item(), desktop.screen.window(agent.pid)
+        desktop.start(["xfce4-panel", "--preferences"])
+        other = desktop.screen.window(title="Panel Preferences")
+
+        def comes_back_by(way, front):
+            other.activate()
+            desktop.screen.press("Tab")
+            way()
+            wait_until(lambda: front().active() and front().above(main) and main.above(other), "all of it in front")
+
+        dialog.elements().find("link", PASSWORD_LINK, ["showing"]).do("Press")
+        dialog.type(desktop.account.password)
+        service.send("fault slow 1")
+        service.expect("^fault slow")
+        desktop.screen.press("Return")
+        time.sleep(0.5)
+        item.choose(HIDE)
+        service.expect("^credentials of uid .*: refused")
+        agent.expect("FV2SocketCommsBase deinit")
+        self.assertEqual(dialog.alerts(), [])
+        item.choose(OPEN)
+        self.assertTrue(dialog.alert().above(dialog.windows()[0]))
+        def second_copy():
+            desktop.start([program(desktop, "fv2-agent")]).wait()
+
+        comes_back_by(second_copy, dialog.alert)
+        for way in (second_copy, lambda: item.choose(OPEN)):
+            main.minimise()
+            wait_until(lambda: not main.visible(), "the windows to be minimised")
+            comes_back_by(way, dialog.alert)
+        dialog.answer()
+        comes_back_by(second_copy, lambda: dialog.windows()[0])
+
+
+class WaylandTest(unittest.TestCase):
+    """The agent as a Wayland client. Where its windows are, and what lies above, only a screen reader can ask."""
+
+    def test_windows_come_back_in_colours_of_their_own_and_the_dialog_can_be_put_off(self):
+        with Desktop(accessible=True) as desktop:
+            start_service(desktop, "state 3")
+            portal, session = Portal(desktop, 1), WaylandSession(desktop)
+            agent = start_agent(desktop, "--show-window", **session.env)
+            reader, item = PasswordDialog(desktop, agent).elements(), desktop.tray_item()
+            self.assertEqual(item.title(), "Disk Encryption Agent")
+
+            def with_keyboard():
+                return [element.name() for element in reader.children() if "active" in element.states()]
+
+            def active(*names):
+                wait_until(lambda: with_keyboard() == [*names], f"{names} to have the keyboard")
+
+            def minimised():
+                if frame() == BACKGROUND:
+                    maximise()
+                desktop.screen.press_and_release(*MINIMISE)
+                time.sleep(0.5)
+                return not with_keyboard()
+
+            active(item.title())
+            def maximise():
+                """So that the place of its frame is known."""
+                desktop.screen.press("super+shift+m")
+                wait_until(lambda: frame() != BACKGROUND, "the window to be maximised")
+
+            def frame():
+                return desktop.screen.colour(300, PANEL_HEIGHT + 5)
+
+            maximise()
+            for scheme, is_dark in ((1, True), (2, False)):
+                portal.set_color_scheme(scheme)
+                wait_until(lambda: (sum(frame()) < 300) == is_dark, "the frame")
+            for choose in (lambda: item.choose(OPEN), item.click):
+                wait_until(minimised, "the window to be minimised")
+                choose()
+                active(item.title())
+            reader.find("link", PASSWORD_LINK, ["showing"]).do("Press")
+            active("Enter password")
+            desktop.screen.press("ctrl+w")
+            active("Enter your password later?")
+            session.other_program()
+            active()
+            item.choose(OPEN)
+            active("Enter your password later?")
+            desktop.screen.press("Return")
+            active(item.title())
+            agent.stop()
+            # Through the X server of the session it is as little able to place a menu.
+            agent = start_agent(desktop, **session.env, QT_QPA_PLATFORM="xcb")
+            desktop.tray_item().click()
+            agent.expect("StatusBarMenu Open Application Window")
 
 
 if __name__ == "__main__":

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "screens/FV2WindowTitlebar.h"
 #include "screens/Screens.h"
 #include "support/LogScope.h"
 
@@ -58,16 +57,6 @@ TEST_F(MainWindowTest, SwitchesPagesThatAreMadeOnceAndKept) {
     EXPECT_EQ(log.messages(), (std::vector<std::string>{"MainWindowWindowController no active view",
                                                         "MainWindowWindowController active view exists"}))
         << "the page that is shown is not even refreshed";
-}
-
-TEST_F(MainWindowTest, BuildsEverythingAnewAtEachOpening) {
-    open();
-    pages().selectPage(Page::About);
-    window().closeWindow();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    open();
-    EXPECT_EQ(pages().currentContentType(), Page::ProtectionStatus);
-    EXPECT_EQ(menu().currentRow(), 0);
 }
 
 TEST_F(MainWindowTest, ShowsStateAndNumberOfMessagesInTheMenusFirstRow) {
@@ -190,29 +179,11 @@ TEST_F(MainWindowTest, ColoursFollowSelectionAndAppearance) {
     EXPECT_EQ(shownAt(QStringLiteral("backgroundView")), QColor(34, 36, 39)) << "a new window is dark from the start";
 }
 
-TEST_F(MainWindowTest, AnAccessoryGivesAWindowAStripOnTopThatDiesWithEither) {
-    open();
-    auto accessory = std::make_unique<FV2WindowTitlebarAccessoryViewController>(model);
-    accessory->attachTo(*main());
-    const QPointer<QWidget> strip = accessory->subviewController()->view();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(strip->mapTo(&window(), QPoint()), QPoint());
-    EXPECT_EQ(strip->width(), window().width());
-    EXPECT_GE(strip->height(), 36);
-    accessory.reset();
-    EXPECT_TRUE(strip.isNull());
-
-    FV2WindowTitlebarAccessoryViewController longer(model);
-    longer.attachTo(*main());
-    window().closeWindow();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(longer.subviewController()->view(), nullptr);
-}
-
 //! The address checker counts what is left in memory; this counts objects and descriptors.
 TEST_F(MainWindowTest, AThousandOpeningsLeaveNothingBehind) {
     const auto round = [this] {
         open();
+        EXPECT_EQ(pages().currentContentType(), Page::ProtectionStatus);
         pages().selectPage(Page::About);
         window().closeWindow();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

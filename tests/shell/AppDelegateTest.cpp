@@ -88,19 +88,6 @@ TEST_F(AppDelegateTest, StartsTheListenerAndThenTheFirstRefreshWithoutWaitingFor
     EXPECT_TRUE(connectTo(m_path));
 }
 
-TEST_F(AppDelegateTest, OpensTheApplicationWindowForAnotherCopy) {
-    m_delegate.applicationDidFinishLaunching(false);
-    const UniqueFd copy = connectTo(m_path);
-    ASSERT_TRUE(sendAll(copy, R"({ "command": "show_ui" })"));
-    EXPECT_EQ(receiveAll(copy), R"("{ "result": 0 }")");
-    const std::string line = "StatusBarMenu Open Application Window";
-    EXPECT_EQ(count(line), 0) << "on the listener's thread";
-    EXPECT_TRUE(runLoopUntil([&] {
-        m_dispatch.settle();
-        return count(line) == 1;
-    }));
-}
-
 TEST_F(AppDelegateTest, SaysGoodbyeOnceAndStopsListening) {
     m_delegate.applicationDidFinishLaunching(false);
     ASSERT_TRUE(connectTo(m_path));
@@ -126,78 +113,10 @@ TEST_F(AppDelegateTest, SaysGoodbyeOnceAndStopsListening) {
     EXPECT_NE(m_service.asked[1].find(R"("unsubscribe")"), std::string::npos);
 }
 
-//! The menu as a tray's host copies it.
-TEST_F(AppDelegateTest, KeepsTheMenuTrueAfterEveryChange) {
-    m_model->setWndDelegate(&m_registry);
-    const auto shown = [this] {
-        std::string all;
-        for (const QAction* entry : m_menu.menu().actions())
-            all += entry->isSeparator() ? "| " : entry->text().toStdString() + (entry->isEnabled() ? " " : " (off) ");
-        return all;
-    };
-    const std::string open = "MGUI_MENUBAR_OPEN_ORM %1 | MGUI_MENUBAR_PROXYSYNC_ORM %1 ";
-    const std::string hide = "MGUI_MENUBAR_HIDE_ORM %1 | MGUI_MENUBAR_PROXYSYNC_ORM %1 ";
-    m_delegate.applicationDidFinishLaunching(false);
-    m_dispatch.settle();
-    EXPECT_EQ(count("Was launched by Finder"), 0);
-    EXPECT_EQ(shown(), open);
-    m_menu.triggerFirst();
-    EXPECT_EQ(shown(), hide);
-    m_service.asked.clear();
-    m_dispatch.settle();
-    EXPECT_EQ(m_service.asked.size(), 2U) << "opening the window asks for news";
-
-    m_registry.openWindow(fv2Window::Password_Encrypt, true);
-    m_menu.triggerFirst();
-    EXPECT_EQ(shown(), open) << "hidden windows have to be reached";
-    EXPECT_TRUE(m_registry.isOpen(fv2Window::Main));
-    m_menu.triggerFirst();
-    EXPECT_EQ(shown(), hide);
-    EXPECT_EQ(m_windows.made, 2) << "hidden windows are used again";
-    m_registry.registeredController(fv2Window::Password_Encrypt)->window().closeWindow();
-    m_registry.registeredController(fv2Window::Main)->window().showMinimized();
-    EXPECT_EQ(shown(), open);
-
-    m_service.heldUp = "proxy_sync";
-    std::string during;
-    m_service.meanwhile = [&] { during = shown(); };
-    m_menu.menu().actions().back()->trigger();
-    m_dispatch.settle();
-    EXPECT_EQ(during, "MGUI_MENUBAR_OPEN_ORM %1 | MGUI_MENUBAR_PROXYSYNC_ORM %1 (off) ");
-    EXPECT_EQ(shown(), open) << "also when the synchronisation failed";
-    EXPECT_EQ(firstOutOfOrder({"StatusBarMenu Open Application Window", "StatusBarMenu Hide Application Window",
-                               "StatusBarMenu Open Application Window", "StatusBarMenu Proxy Sync"}),
-              "");
-}
-
-TEST_F(AppDelegateTest, FollowsTheUsersSessionAndEveryWayOfBeingAskedFor) {
-    m_delegate.applicationDidFinishLaunching(true);
-    EXPECT_TRUE(m_registry.isOpen(fv2Window::Main));
-    EXPECT_EQ(count("Was launched by Finder"), 1);
-    EXPECT_FALSE(m_delegate.applicationShouldHandleReopen(true));
-    EXPECT_EQ(m_windows.made, 1);
-    m_dispatch.settle();
-    m_service.asked.clear();
-    m_delegate.sessionResigned();
-    m_dispatch.settle();
-    ASSERT_EQ(m_service.asked.size(), 1U);
-    EXPECT_NE(m_service.asked[0].find(R"("unsubscribe")"), std::string::npos);
-    m_timers.advance(FV2RefreshGate::spacing);
-    m_delegate.sessionBecameActive();
-    m_dispatch.settle();
-    EXPECT_EQ(m_service.asked.size(), 3U);
-    EXPECT_EQ(firstOutOfOrder({"sessionResigned() - unsubscribeFromNotifications", "Unsubscribe from notifications.",
-                               "sessionBecameActive() - Sync", "syncCommsAsync -> source is Moved"}),
-              "");
-}
-
 TEST_F(AppDelegateTest, TellsOfEveryOpeningAndClosingOfTheMenu) {
     Q_EMIT m_menu.menu().aboutToShow(); // by the host
     Q_EMIT m_menu.menu().aboutToHide();
     EXPECT_EQ(firstOutOfOrder({"rmup", "StatusBarMenu Clicked", "StatusBarMenu Closed"}), "");
-    m_menu.popUp({});
-    m_menu.popUp({});
-    EXPECT_EQ(count("StatusBarMenu Closed"), 2) << "a second click closes it";
 }
 
 //! Its token would not be good any more.

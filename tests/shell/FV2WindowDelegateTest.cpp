@@ -114,8 +114,10 @@ TEST_F(WindowDelegateTest, ADialogOverTheMainWindowKeepsItOpenUntilItCloses) {
     EXPECT_FALSE(main->isCloseEnabled());
     QWindow* const handle = main->windowHandle();
     EXPECT_FALSE(handle->flags() & Qt::WindowCloseButtonHint);
+    int refused = 0;
+    QObject::connect(main, &FV2Window::closeRefused, [&refused] { ++refused; });
     main->close(); // as a desktop or Ctrl+W does
-    EXPECT_TRUE(registry.isOpen(kMain));
+    EXPECT_TRUE(registry.isOpen(kMain) && refused == 1);
     QTest::keyClick(main, Qt::Key_W, Qt::ControlModifier);
     EXPECT_TRUE(main->isVisible());
 
@@ -170,10 +172,31 @@ TEST_F(WindowDelegateTest, ShowsAlertsOneAtATimeAndTellsOnlyOfTheFirstButton) {
     ask(report);
     EXPECT_EQ(sheet(), nullptr) << "nobody sees the window";
     registry.showAll();
-    ASSERT_NE(sheet(), nullptr);
+    EXPECT_EQ(sheet(), nullptr) << "the window is not on the screen yet";
+    ASSERT_TRUE(runLoopUntil([&] { return sheet() != nullptr; }));
     window(kMain)->closeWindow();
     EXPECT_FALSE(registry.isOpen(kMain)) << "the program itself may close a window under an alert";
     EXPECT_EQ(chosen, "FailedReally?");
+}
+
+TEST_F(WindowDelegateTest, AnAlertOutlivesTheDialogItWasShownOnUnlessItIsAboutThatDialog) {
+    reopen({kMain, kEnc});
+    std::string chosen;
+    for (const auto& [kind, title] : {std::pair{kEnc, "dialog"}, {kMain, "shown"}, {kMain, "waits"}})
+        registry.showAlert(kind, {title, "text", {"OK"}}, [&chosen, title = title] { chosen += title; });
+    QTest::keyClick(window(kEnc)->attachedSheet(), Qt::Key_Return); // answers the first
+    ASSERT_TRUE(runLoopUntil([this] { return window(kEnc)->attachedSheet() == nullptr; }));
+    ASSERT_TRUE(runLoopUntil([this] { return window(kEnc)->attachedSheet() != nullptr; }));
+    registry.showAlert(kEnc, {"gone", "text", {"OK"}}, [&chosen] { chosen += "gone"; });
+    window(kEnc)->closeWindow();
+    for (int count = 0; count < 2; ++count) {
+        ASSERT_TRUE(runLoopUntil([this] { return window(kMain)->attachedSheet() != nullptr; })) << count;
+        QTest::keyClick(window(kMain)->attachedSheet(), Qt::Key_Return);
+        ASSERT_TRUE(runLoopUntil([this] { return window(kMain)->attachedSheet() == nullptr; }));
+    }
+    runLoopFor(std::chrono::milliseconds(10));
+    EXPECT_EQ(window(kMain)->attachedSheet(), nullptr);
+    EXPECT_EQ(chosen, "dialogshownwaits");
 }
 
 TEST_F(WindowDelegateTest, HidesAndShowsTheSameWindowsAndClosesTheMainWindowWhenItIsAlone) {
@@ -214,13 +237,6 @@ TEST_F(WindowDelegateTest, ClosesPasswordDialogsThatTheStatusNoLongerCallsFor) {
         EXPECT_EQ(registry.isOpen(kDec), tested.decStays);
         EXPECT_TRUE(registry.isOpen(kMain));
     }
-}
-
-TEST_F(WindowDelegateTest, GivesTheKeyboardOnlyToAWindowThatTheUserAskedFor) {
-    registry.openWindow(kEnc, false);
-    EXPECT_TRUE(window(kEnc)->testAttribute(Qt::WA_ShowWithoutActivating));
-    reopen({kMain});
-    EXPECT_TRUE(runLoopUntil([this] { return window(kMain)->isActiveWindow(); }));
 }
 
 TEST(WindowList, CountsPositionsFromOneAndPassesOverControllersThatHaveGone) {

@@ -5,6 +5,7 @@
 Each runs in a child program of its own, as it answers while the test waits for something else. What it was asked is in
 its lines."""
 
+import subprocess
 import sys
 
 import dbus
@@ -14,6 +15,11 @@ from waiting import wait_until
 MOCK = "org.freedesktop.DBus.Mock"
 #: Channel and property.
 XFCE_SWITCH = ("xfce4-notifyd", "/do-not-disturb")
+#: Group and key of the settings of desktops that keep it there, by their names.
+BANNERS = {"GNOME": ("org/gnome/desktop/notifications", "show-banners"),
+           "X-Cinnamon": ("org/cinnamon/desktop/notifications", "display-notifications")}
+SCHEMA = """<schemalist><schema id="{id}" path="/{path}/"><key name="{key}" type="b"><default>true</default></key></schema>
+</schemalist>"""
 
 
 class Mock:
@@ -134,10 +140,16 @@ def set_do_not_disturb(desktop, wanted):
     settings.SetProperty(*XFCE_SWITCH, value, dbus_interface="org.xfce.Xfconf")
 
 
-def gnome_banners(desktop, shown):
-    """Sets whether GNOME shows notifications; returns the environment in which a program looks there."""
-    folder = desktop.home / ".config/glib-2.0/settings"
-    folder.mkdir(parents=True, exist_ok=True)
-    text = f"[org/gnome/desktop/notifications]\nshow-banners={'true' if shown else 'false'}\n"
-    (folder / "keyfile").write_text(text, encoding="utf-8")
-    return {"GSETTINGS_BACKEND": "keyfile", "XDG_CURRENT_DESKTOP": "GNOME"}
+def banners(desktop, session, shown):
+    """Sets whether GNOME or Cinnamon shows notifications; returns the environment in which a program looks there."""
+    group, key = BANNERS[session]
+    settings, schemas = desktop.home / ".config/glib-2.0/settings", desktop.home / "schemas"
+    for folder in (settings, schemas):
+        folder.mkdir(parents=True, exist_ok=True)
+    value = "true" if shown else "false"
+    (settings / "keyfile").write_text(f"[{group}]\n{key}={value}\n", encoding="utf-8")
+    # Cinnamon's own is not installed where its desktop isn't.
+    (schemas / "banners.gschema.xml").write_text(SCHEMA.format(id=group.replace("/", "."), path=group, key=key),
+                                                 encoding="utf-8")
+    subprocess.run(["glib-compile-schemas", "--strict", str(schemas)], check=True, timeout=20)
+    return {"GSETTINGS_BACKEND": "keyfile", "GSETTINGS_SCHEMA_DIR": str(schemas), "XDG_CURRENT_DESKTOP": session}

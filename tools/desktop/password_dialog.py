@@ -9,7 +9,7 @@ from Xlib.error import XError
 from screen_reader import ScreenReader
 from waiting import wait_until
 
-#: Narrower than this is the dialog, wider the main window; both have the same title.
+#: Narrower than this is the dialog, wider the main window.
 NARROW = 600
 
 

@@ -19,6 +19,9 @@ from desktop import PANEL_HEIGHT, Desktop
 from waiting import wait_until
 from windows import Geometry
 
+#: The colour beside all windows.
+BACKGROUND = (0x33, 0x66, 0x99)
+
 # No panel and nothing that moves: the windows alone.
 COMPOSITOR_CONFIG = """[core]
 idle-time=0
@@ -29,8 +32,8 @@ animation=none
 startup-animation=none
 close-animation=none
 focus-animation=none
-background-color=0xff336699
-"""
+background-color=0xff{:02x}{:02x}{:02x}
+""".format(*BACKGROUND)
 
 RECORDER = """#!/bin/sh
 stty -icanon -echo

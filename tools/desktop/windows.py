@@ -84,6 +84,10 @@ class Screen:
         """Clicks at a place of the screen; button 3 is the right one."""
         self._xdotool("mousemove", x, y, "click", button)
 
+    def press_and_release(self, x, y):
+        """Clicks as a hand does: the button stays down for a moment."""
+        self._xdotool("mousemove", x, y, "mousedown", 1, "sleep", 0.2, "mouseup", 1)
+
     def colour(self, x, y):
         """Red, green and blue of one pixel of the screen, 0 to 255 each."""
         blue, green, red = self.root.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3]
