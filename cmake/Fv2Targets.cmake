@@ -56,8 +56,8 @@ endfunction()
 # fv2_faults(<target>): gives a test program support/Faults.h, by which it lets system calls fail.
 function(fv2_faults target)
     target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/Faults.cpp)
-    foreach(call accept4 bind chmod close connect eventfd ftruncate getsockopt listen open poll recv send socket statx
-                 unlink write)
+    foreach(call accept4 bind chmod close connect eventfd ftruncate getsockopt listen open poll recv send setsockopt socket
+                 statx unlink write)
         target_link_options(${target} PRIVATE LINKER:--wrap=${call})
     endforeach()
 endfunction()

@@ -54,7 +54,8 @@ bool IncomingConnections::pollAll(int listening, const StopSignal& stop) {
         set.push_back({connection.socket.get(), POLLIN, 0});
     if (::poll(set.data(), set.size(), pollTimeout()) < 0)
         return errno == EINTR;
-    if (set[0].revents != 0)
+    // A listening socket that was shut down hangs up, while accepting from it only says that nobody waits.
+    if (set[0].revents != 0 || (set[1].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0)
         return false;
     const StallGuard guard;
     readReady(set);

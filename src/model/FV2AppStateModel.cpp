@@ -141,6 +141,7 @@ void FV2AppStateModel::scheduleUnpromptedRefresh(bool serviceAnswers) {
     const bool expected = serviceAnswers && m_notificationsArrive && !m_state.commsToken.empty();
     m_unpromptedRefresh = m_outside.timers.after(expected ? kHeartbeat : kUnpromptedRefresh, [this] {
         m_unpromptedRefresh.reset();
+        m_listener.rebindIfPathIsGone();
         refreshUnprompted(false);
     });
 }

@@ -10,9 +10,9 @@ namespace fv2 {
 
 namespace {
 
-//! Four refreshes that nobody waits for may hang: at start-up, two for notifications, one for the user's moves. One
-//! more for a synchronisation and one for what the user does meanwhile.
-constexpr std::size_t kWorkers = 6;
+//! Five refreshes may hang: at start-up, two for notifications, one for the user's moves, one that the user asked for.
+//! One more for a synchronisation and one for a password.
+constexpr std::size_t kWorkers = 7;
 
 constexpr std::chrono::milliseconds kDrainAgain{50};
 constexpr std::chrono::seconds kMakeWorkersAgain{1};

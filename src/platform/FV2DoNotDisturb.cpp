@@ -32,26 +32,30 @@ FV2DoNotDisturb::FV2DoNotDisturb()
                                              {kXfceChannel, kXfceProperty},
                                              {QStringLiteral("PropertyChanged"), QStringLiteral("PropertyRemoved")},
                                              {kXfceChannel, kXfceProperty}}) {
+    for (const FV2BusValue* const value : {static_cast<FV2BusValue*>(&m_inhibited), &m_xfce})
+        QObject::connect(value, &FV2BusValue::settled, &m_xfce, [this] {
+            if (isKnown())
+                call();
+        });
+    QObject::connect(&m_patience, &QTimer::timeout, &m_xfce, [this] { call(); });
+    m_patience.setSingleShot(true);
 }
 
 void FV2DoNotDisturb::whenKnown(std::function<void()> job) {
-    m_whenKnown = std::move(job);
-    for (const FV2BusValue* const value : {static_cast<FV2BusValue*>(&m_inhibited), &m_xfce})
-        QObject::connect(value, &FV2BusValue::settled, &m_xfce, [this] { callIfKnown(); });
-    QObject::connect(&m_patience, &QTimer::timeout, &m_xfce, [this] { call(); });
-    m_patience.setSingleShot(true);
-    m_patience.start(kPatience);
-    callIfKnown();
+    m_whenKnown.push_back(std::move(job));
+    if (isKnown())
+        call();
+    else if (!m_patience.isActive())
+        m_patience.start(kPatience);
 }
 
-void FV2DoNotDisturb::callIfKnown() {
-    if (m_inhibited.isSettled() && m_xfce.isSettled())
-        call();
+bool FV2DoNotDisturb::isKnown() const {
+    return m_inhibited.isSettled() && m_xfce.isSettled();
 }
 
 void FV2DoNotDisturb::call() {
     m_patience.stop();
-    if (const auto job = std::exchange(m_whenKnown, nullptr))
+    for (const auto& job : std::exchange(m_whenKnown, {}))
         job();
 }
 

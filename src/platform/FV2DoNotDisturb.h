@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <vector>
 
 namespace fv2 {
 
@@ -19,14 +20,14 @@ public:
     [[nodiscard]] bool isOn() const;
 
     //! Calls the job once the desktop has said what is so at the start, or shortly after when it doesn't; in the event
-    //! loop or at once. One job at most.
+    //! loop or at once.
     void whenKnown(std::function<void()> job);
 
 private:
-    void callIfKnown();
+    [[nodiscard]] bool isKnown() const;
     void call();
 
-    std::function<void()> m_whenKnown;
+    std::vector<std::function<void()>> m_whenKnown;
     QTimer m_patience;
     FV2BusProperty m_inhibited;
     FV2BusValue m_xfce;

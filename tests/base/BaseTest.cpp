@@ -5,6 +5,7 @@
 #include "base/CountingSemaphore.h"
 #include "base/SecretText.h"
 #include "base/StopSignal.h"
+#include "base/WorkerPool.h"
 #include "support/Process.h"
 
 #include <gtest/gtest.h>
@@ -17,6 +18,7 @@
 #include <linux/seccomp.h>
 #include <poll.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <thread>
 
@@ -46,6 +48,27 @@ TEST(Waits, GoOnAfterInterruptionsAndTellWhyTheyEnded) {
     stop.raise();
     for (int again = 0; again < 2; ++again)
         EXPECT_EQ(stop.waitFor(peer.descriptor(), POLLIN, Deadline(5s)), fv2Wait::Stopped) << "goes first and stays";
+}
+
+//! As a user who has reached the limit of processes: root has none.
+int runAJobAtTheLimit() {
+    if (::getuid() == 0 && ::setuid(65534) != 0)
+        return 1;
+    rlimit limit{};
+    ::getrlimit(RLIMIT_NPROC, &limit);
+    const rlimit none{0, limit.rlim_max};
+    ::setrlimit(RLIMIT_NPROC, &none);
+    WorkerPool pool(2);
+    CountingSemaphore ran(0);
+    if (pool.post([&ran] { ran.signal(); }) || pool.makeThreads() || ran.tryWait())
+        return 2;
+    limit.rlim_cur = limit.rlim_max;
+    ::setrlimit(RLIMIT_NPROC, &limit);
+    return pool.makeThreads() && ran.waitUntil(Deadline(2s)) && pool.finish(Deadline(2s)) ? 0 : 3;
+}
+
+TEST(WorkerPool, RunsItsJobsOnceTheSystemHasThreadsAgain) {
+    EXPECT_EQ(inChild(runAJobAtTheLimit), 0);
 }
 
 //! The marks of the memory map that an address lies in, as the kernel shows them.

@@ -91,7 +91,9 @@ TEST_F(CommsFaults, EndAnExchangeEmptyOrNotAtAll) {
     const std::vector<Row> table{
         {"socket", {EMFILE, ENOMEM}, ""},
         {"connect", {EINTR}, "the reply", 1, 50},
-        {"connect", {EAGAIN}, "the reply", 1, 3, 30ms},
+        {"connect", {EAGAIN}, "the reply", 1, 3, 70ms}, // waits twice as long each time
+        {"setsockopt", {ENOPROTOOPT}, "the reply"},
+        {"open", {EMFILE, ENAMETOOLONG}, ""},
         {"connect", {EAGAIN}, "", 1, 5000, 300ms},
         {"connect", {ECONNREFUSED, EACCES}, ""},
         {"getsockopt", {ENOPROTOOPT}, ""},
@@ -140,6 +142,14 @@ TEST_F(CommsFaults, NeverKeepAListenerOrAWaitFromEnding) {
     EXPECT_FALSE(endpoint.createBinding()) << "nothing could wake it";
     const std::jthread raiser([&endpoint] { endpoint.shutdown(); });
     EXPECT_EQ(endpoint.stopSignal().waitFor(-1, 0, Deadline(4s)), fv2Wait::Stopped);
+    TestEndpoint replaced(path);
+    startListening(replaced);
+    EXPECT_FALSE(replaced.isPathGone());
+    listenAt(path).reset();
+    EXPECT_TRUE(replaced.isPathGone()) << "another one stands there";
+    replaced.stopListening();
+    EXPECT_EQ(answerNext(replaced), "");
+    EXPECT_TRUE(replaced.createBinding() && !replaced.isPathGone());
 }
 
 //! What two peers that have sent their messages get under the fault.
@@ -178,6 +188,38 @@ TEST_F(CommsFaults, CostTheListenerAMessageAtMost) {
             endpoint.cleanup();
         return (listens ? receiveAll(peers[0]) : "failed" + receiveAll(peers[0])) + " " + receiveAll(peers[1]);
     });
+}
+
+//! Whoever closes a message with a descriptor waits for that descriptor's sake: as long as its sender likes, on a
+//! system that passes it.
+TEST_F(CommsFaults, CostNobodyBesideAPeerThatSendsADescriptorWhichLingers) {
+    for (const bool passesIt : {true, false}) {
+        TestEndpoint endpoint(path, {1, 3s});
+        {
+            const Fault old{"setsockopt", ENOPROTOOPT};
+            const Faults faults(passesIt ? std::vector{old} : std::vector<Fault>());
+            EXPECT_TRUE(endpoint.createBinding());
+        }
+        takeIn(endpoint);
+        std::vector<UniqueFd> hostile;
+        std::vector<UniqueFd> kept;
+        for (int peer = 0; peer < 3; ++peer) {
+            hostile.push_back(connectTo(path));
+            kept.push_back(sendLingering(hostile.back()));
+            EXPECT_TRUE(kept.back() || !passesIt);
+        }
+        const std::jthread listener([&] {
+            while (!answerNext(endpoint).empty()) {
+            }
+            endpoint.cleanup();
+        });
+        const auto begin = Deadline::Clock::now();
+        const UniqueFd peer = connectTo(path);
+        sendAll(peer, "one");
+        EXPECT_EQ(receiveAll(peer), "one");
+        endpoint.shutdown();
+        EXPECT_LT(Deadline::Clock::now() - begin, 1s);
+    }
 }
 
 //! One who has said nothing yet is thrown out for one who is there, not for a full table alone, and gets its turn

@@ -73,6 +73,8 @@ FV2_FAILING(getsockopt, (int fd, int level, int name, void* value, socklen_t* le
 FV2_FAILING(listen, (int fd, int backlog), (fd, backlog))
 FV2_FAILING(open, (const char* path, int flags, mode_t mode), (path, flags, mode))
 FV2_FAILING(poll, (pollfd * set, nfds_t count, int timeout), (set, count, timeout))
+FV2_FAILING(setsockopt, (int fd, int level, int name, const void* value, socklen_t size),
+            (fd, level, name, value, size))
 FV2_FAILING(socket, (int domain, int type, int protocol), (domain, type, protocol))
 FV2_FAILING(statx, (int folder, const char* path, int flags, unsigned mask, struct statx* status),
             (folder, path, flags, mask, status))

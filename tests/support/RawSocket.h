@@ -9,7 +9,9 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <cstring>
 #include <functional>
+#include <netinet/in.h>
 #include <poll.h>
 #include <string>
 #include <sys/socket.h>
@@ -54,6 +56,40 @@ inline UniqueFd connectTo(const std::string& path, UniqueFd socket = newSocket()
 
 inline bool sendAll(const UniqueFd& socket, std::string_view text) {
     return ::send(socket.get(), text.data(), text.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(text.size());
+}
+
+//! Sends a byte and with it a TCP connection that nobody reads, which whoever closes it last has to wait an hour for.
+//! What keeps the connection; none when the system would not send it.
+inline UniqueFd sendLingering(const UniqueFd& socket) {
+    const UniqueFd server(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    ::listen(server.get(), 1); // at some port of 127.0.0.1 or any other address of ours
+    sockaddr_in address{};
+    socklen_t length = sizeof address;
+    ::getsockname(server.get(), reinterpret_cast<sockaddr*>(&address), &length);
+    const UniqueFd sent(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    ::connect(sent.get(), reinterpret_cast<const sockaddr*>(&address), length);
+    UniqueFd kept(::accept4(server.get(), nullptr, nullptr, SOCK_CLOEXEC));
+    const std::string unread(1 << 20, 'x');
+    while (::send(sent.get(), unread.data(), unread.size(), MSG_DONTWAIT) > 0) {
+    }
+    const linger hour{1, 3600};
+    ::setsockopt(sent.get(), SOL_SOCKET, SO_LINGER, &hour, sizeof hour);
+    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
+    char byte = '{';
+    iovec data{&byte, 1};
+    msghdr message{};
+    message.msg_iov = &data;
+    message.msg_iovlen = 1;
+    message.msg_control = control.data();
+    message.msg_controllen = control.size();
+    *CMSG_FIRSTHDR(&message) = {CMSG_LEN(sizeof(int)), SOL_SOCKET, SCM_RIGHTS};
+    const int number = sent.get();
+    std::memcpy(CMSG_DATA(CMSG_FIRSTHDR(&message)), &number, sizeof number);
+    if (::sendmsg(socket.get(), &message, MSG_NOSIGNAL) == 1)
+        return kept;
+    const linger none{};
+    ::setsockopt(sent.get(), SOL_SOCKET, SO_LINGER, &none, sizeof none);
+    return {};
 }
 
 //! What comes until the other side ends the stream or `enough` bytes are there; "(time out)" is added when neither

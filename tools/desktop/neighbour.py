@@ -2,16 +2,18 @@
 # SPDX-License-Identifier: Apache-2.0
 """A hostile process on the same machine. It runs from its text alone, as a user who may not read the project.
 
-usage: squat <path>          serves the path and says how much each caller sent
+usage: squat <path>          serves the path, passes each caller a descriptor that lingers and says how much it sent
        peers <kind> <path>   keeps a hundred connections to it and says what it heard"""
 
 import os
 import socket
+import struct
 import sys
 import time
 from pathlib import Path
 
 COUNT = 100
+KEPT = []
 #: What a peer sends when it has connected, and what on every later turn; without the latter it hangs up.
 KINDS = {
     "silent": (b"", b""),
@@ -37,8 +39,27 @@ def squat(path):
     server.listen(COUNT)
     print("at work", flush=True)
     while True:
-        with server.accept()[0] as caller:
-            print("caller sent", len(caller.recv(4096)), flush=True)
+        caller = server.accept()[0]
+        pass_lingering(caller)
+        print("caller sent", len(caller.recv(4096)), flush=True)
+        caller.close()
+
+
+def pass_lingering(peer):
+    """Sends a byte and a TCP connection that its last owner can't close for an hour, as nobody reads what it holds."""
+    server = socket.create_server(("127.0.0.1", 0))
+    if os.fork() == 0:  # our own copy goes with a process, whose end waits for nothing
+        passed = socket.create_connection(server.getsockname())
+        passed.setblocking(False)
+        while try_to(passed.send, b"x" * 65536):
+            pass
+        passed.setblocking(True)
+        passed.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 3600))
+        try:
+            socket.send_fds(peer, [b"{"], [passed.fileno()])
+        finally:
+            os._exit(0)
+    KEPT.append(server.accept()[0])
 
 
 def peers(kind, path):
