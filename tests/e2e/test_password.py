@@ -120,7 +120,7 @@ class PasswordTest(unittest.TestCase):
 
     def test_a_check_that_does_not_end_can_be_left_and_what_comes_of_it_is_dropped(self):
         gate = Path("/tmp/fv2-gate")
-        self.start("policy postpone none", "state 3", who=lambda: listed_account(gate=gate))
+        self.start("policy postpone 0", "state 3", who=lambda: listed_account(gate=gate))
         gate.touch()
         self.addCleanup(gate.unlink, missing_ok=True)
         self.dialog.enter(self.account.password)

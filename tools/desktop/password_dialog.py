@@ -31,8 +31,9 @@ class PasswordDialog:
         """Waits for it and clicks into it: before that a dialog that nobody asked for takes no key."""
         found = wait_until(self.windows, "the password dialog", seconds)[0]
         wait_until(lambda: not self.alerts(), "the alerts to be answered")
+        if not found.active():
+            found.activate()
         found.click(3, -3)
-        wait_until(found.active, "the password dialog to have the keyboard")
         return found
 
     def type(self, text):
