@@ -106,8 +106,10 @@ void FV2AppStateModel::refreshUnprompted(bool alertOnFailure) {
 void FV2AppStateModel::finishRefresh(const FV2RefreshOrder& order, const DecodedStatus& status, bool counts) {
     if (order.source == fv2SyncSource::Startup)
         m_startupIsUnderWay = false;
-    if (counts)
+    if (counts) {
         jsonParser.apply(status, m_state);
+        m_prompt.dropUnwanted();
+    }
     logRelease("ORM - appModel updateFromModel calling UpdateStatusMessages");
     static_cast<void>(jsonParser.UpdateStatusMessages(m_state));
     logRelease("ORM - appModel updateFromModel called UpdateStatusMessages");

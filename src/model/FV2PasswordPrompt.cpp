@@ -36,6 +36,13 @@ bool FV2PasswordPrompt::tryToOpen(fv2Window kind) {
     return wish == Wish::NotWanted || (wish == Wish::Wanted && m_outside.open(kind));
 }
 
+void FV2PasswordPrompt::dropUnwanted() {
+    if (m_outside.wish(m_waiting) != Wish::NotWanted)
+        return;
+    m_postponed = false;
+    passwordDialogPostponeTimer.reset();
+}
+
 void FV2PasswordPrompt::postpone(fv2Window kind, std::int64_t minutes) {
     passwordDialogPostponeTimer.reset();
     m_waiting = kind;

@@ -39,6 +39,9 @@ public:
     //! desktop asks for silence, the window opens once that is over.
     void ask(fv2Window kind);
 
+    //! A status has been read: what is not wanted any more need not come back, and is a new wish when it is.
+    void dropUnwanted();
+
     //! Lets the window come back after so many minutes, a year at most, asleep or awake; never for 0 or less. What
     //! speaks against it then is looked at again every minute.
     void postpone(fv2Window kind, std::int64_t minutes);

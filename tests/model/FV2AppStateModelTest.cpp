@@ -185,6 +185,9 @@ TEST_F(Model, LetsThePasswordWindowComeBackWhenThePolicySaysUnlessItIsNoLongerWa
         model->postponePasswordDialog(state == 3);
         refresh(statusAnswer(5), Moved);
         EXPECT_EQ(later(2 * comesBack), "") << "no longer wanted";
+        model->postponePasswordDialog(state == 3);
+        refresh(statusAnswer(5), Moved);
+        EXPECT_EQ(refresh(answer, Service), "open " + kind + "; ") << "another wish";
     }
 }
 
