@@ -83,15 +83,26 @@ bool convert(const json& value, FV2EISPolicy& out) {
     return value.is_object() && read(value, "postponecredentialmins", out.postponecredentialmins);
 }
 
-} // namespace
-
-std::optional<FV2EISResponse> FV2EISResponse::decode(std::string_view text) {
-    const std::optional<json> object = parsedObject(text);
+std::optional<FV2EISResponse> statusIn(const std::optional<json>& object) {
     FV2EISResponse record;
     if (!object || !read(*object, "error_code", record.error_code) || !read(*object, "status", record.status) ||
         !read(*object, "policy", record.policy))
         return std::nullopt;
     return record;
+}
+
+std::optional<FV2AISResponse> genericIn(const std::optional<json>& object) {
+    FV2AISResponse record;
+    if (!object || !read(*object, "result", record.result) || !read(*object, "success", record.success) ||
+        !read(*object, "error_code", record.error_code))
+        return std::nullopt;
+    return record;
+}
+
+} // namespace
+
+std::optional<FV2EISResponse> FV2EISResponse::decode(std::string_view text) {
+    return statusIn(parsedObject(text));
 }
 
 std::optional<FV2AISCommand> FV2AISCommand::decode(std::string_view text) {
@@ -103,12 +114,12 @@ std::optional<FV2AISCommand> FV2AISCommand::decode(std::string_view text) {
 }
 
 std::optional<FV2AISResponse> FV2AISResponse::decode(std::string_view text) {
+    return genericIn(parsedObject(text));
+}
+
+FV2StatusReply FV2StatusReply::decode(std::string_view text) {
     const std::optional<json> object = parsedObject(text);
-    FV2AISResponse record;
-    if (!object || !read(*object, "result", record.result) || !read(*object, "success", record.success) ||
-        !read(*object, "error_code", record.error_code))
-        return std::nullopt;
-    return record;
+    return {genericIn(object), statusIn(object)};
 }
 
 std::optional<FV2CommsToken> FV2CommsToken::decode(std::string_view text) {

@@ -53,6 +53,14 @@ struct FV2AISResponse {
     [[nodiscard]] static std::optional<FV2AISResponse> decode(std::string_view text);
 };
 
+//! The answer to "get_status", read in both ways at once.
+struct FV2StatusReply {
+    std::optional<FV2AISResponse> generic;
+    std::optional<FV2EISResponse> response;
+
+    [[nodiscard]] static FV2StatusReply decode(std::string_view text);
+};
+
 struct FV2CommsToken {
     std::optional<std::string> token;
     std::optional<bool> success;

@@ -63,7 +63,14 @@ void FV2AppStateModel::onNotification(fv2JsonCommand command) {
         if (!m_showIsWanted.exchange(true))
             m_outside.dispatch.toMain(guarded([this] { m_showGate.request(); }));
     } else if (!m_refreshIsWanted.exchange(true)) {
-        m_outside.dispatch.toMain(guarded([this] { syncCommsAsync(true, fv2SyncSource::Service, false); }));
+        // A worker can begin while main is still waking up.
+        const bool started = m_refreshes.tryToStartPushed();
+        m_outside.dispatch.toMain(guarded([this, started] {
+            logRelease("syncCommsAsync() in.");
+            if (!started)
+                m_refreshes.request({.checkAction = true, .source = fv2SyncSource::Service, .pushed = true});
+            logRelease("syncCommsAsync() out.");
+        }));
     }
 }
 

@@ -29,7 +29,8 @@ CommandResult FV2JsonParserORM::ParseStatus(std::string_view answer, FV2AppState
 }
 
 DecodedStatus FV2JsonParserORM::decodeStatus(std::string_view answer) {
-    return {genericResult(answer, fv2Alert::BadComms), FV2EISResponse::decode(answer)};
+    FV2StatusReply reply = FV2StatusReply::decode(answer);
+    return {genericResult(reply.generic, fv2Alert::BadComms), std::move(reply.response)};
 }
 
 void FV2JsonParserORM::apply(const DecodedStatus& decoded, FV2AppState& model) {

@@ -23,10 +23,11 @@ public:
 
     //! Any thread. Runs a job on the main thread, later.
     virtual void toMain(std::function<void()> job) = 0;
-    //! Runs a job on a worker thread.
+    //! Any thread. Runs a job on a worker thread.
     virtual void toWorker(std::function<void()> job) = 0;
 
-    //! Runs `job` on a worker and `done` with its value on the main thread, unless `owner` has died by then.
+    //! Any thread. Runs `job` on a worker and `done` with its value on the main thread, unless `owner` has died by
+    //! then.
     template <class Job, class Done>
     void run(std::weak_ptr<const void> owner, Job job, Done done) {
         toWorker([this, owner = std::move(owner), job = std::move(job), done = std::move(done)] {
@@ -47,6 +48,7 @@ public:
 class FV2TimerService {
 public:
     virtual ~FV2TimerService() = default;
+    //! Any thread.
     [[nodiscard]] virtual std::chrono::steady_clock::time_point now() const = 0;
     //! Calls `callback` once after `delay`, unless the timer is destroyed before. The callback may destroy its timer.
     [[nodiscard]] virtual std::unique_ptr<FV2Timer> after(std::chrono::milliseconds delay,
@@ -80,7 +82,8 @@ class FV2UserAndPasswordModel {
 public:
     virtual ~FV2UserAndPasswordModel() = default;
     //! Worker threads. Blocks: a wrong password takes seconds, a broken set-up may take for ever.
-    [[nodiscard]] virtual fv2PasswordCheck verifyPassword(const std::string& userName, const SecretText& password) const = 0;
+    [[nodiscard]] virtual fv2PasswordCheck verifyPassword(const std::string& userName,
+                                                          const SecretText& password) const = 0;
 };
 
 //! The tray item.

@@ -28,8 +28,19 @@ FV2RefreshCycle::FV2RefreshCycle(FV2Dispatch& dispatch, FV2TimerService& timers,
     for (std::size_t source = 0; source < m_lanes.size(); ++source) {
         Lane& lane = m_lanes[source];
         lane.waiting.source = static_cast<fv2SyncSource>(source);
-        lane.gate = std::make_unique<FV2RefreshGate>(timers, kMostAtATime[source], [this, &lane] { start(lane); });
+        lane.gate = std::make_unique<FV2RefreshGate>(timers, kMostAtATime[source], [this, &lane] {
+            start(lane, std::exchange(lane.waiting, {.source = lane.waiting.source}));
+        });
     }
+}
+
+bool FV2RefreshCycle::tryToStartPushed() {
+    constexpr FV2RefreshOrder order{.checkAction = true, .source = fv2SyncSource::Service, .pushed = true};
+    Lane& lane = m_lanes.at(static_cast<std::size_t>(order.source));
+    if (!lane.gate->tryToStart())
+        return false;
+    start(lane, order);
+    return true;
 }
 
 void FV2RefreshCycle::request(const FV2RefreshOrder& order) {
@@ -40,8 +51,7 @@ void FV2RefreshCycle::request(const FV2RefreshOrder& order) {
     lane.gate->request();
 }
 
-void FV2RefreshCycle::start(Lane& lane) {
-    const FV2RefreshOrder order = std::exchange(lane.waiting, {.source = lane.waiting.source});
+void FV2RefreshCycle::start(Lane& lane, const FV2RefreshOrder& order) {
     m_events.begins(order);
     auto tellToken = [this, &dispatch = m_dispatch, owner = m_owner](const Token& token) {
         dispatch.toMain([this, owner, token] {
@@ -49,7 +59,7 @@ void FV2RefreshCycle::start(Lane& lane) {
                 takeToken(token);
         });
     };
-    auto ask = [&service = m_service, uid = m_userId, counter = m_counter, known = m_token, tellToken] {
+    auto ask = [&service = m_service, uid = m_userId, counter = m_counter, known = knownToken(), tellToken] {
         logRelease("syncCommsAsync -> calling syncCommsDirect()");
         logRelease("syncCommsDirect() in");
         Answer answer;
@@ -81,8 +91,16 @@ void FV2RefreshCycle::takeToken(const Token& token) {
         return;
     if (token.answered)
         m_newestToken = token.number;
-    m_token = token.text;
-    m_events.token(m_token);
+    {
+        const std::lock_guard lock(m_tokenMutex);
+        m_token = token.text;
+    }
+    m_events.token(token.text);
+}
+
+std::string FV2RefreshCycle::knownToken() const {
+    const std::lock_guard lock(m_tokenMutex);
+    return m_token;
 }
 
 void FV2RefreshCycle::finish(Lane& lane, const FV2RefreshOrder& order, const Answer& answer) {

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 
@@ -26,12 +27,13 @@ struct FV2RefreshOrder {
 
 //! Asks the service for a token and the status on a worker. Orders of one source merge while a refresh of theirs waits
 //! to start, and starts are spaced. What was asked for later counts more than what was asked for earlier, whenever it
-//! is answered; an exchange that failed counts until anything better is read. Main thread only.
+//! is answered; an exchange that failed counts until anything better is read. Main thread only, but for
+//! tryToStartPushed().
 class FV2RefreshCycle {
 public:
     //! Called on the main thread, unless the owner has died by then.
     struct Events {
-        //! A refresh begins, so that what happens from here on needs another one.
+        //! A refresh begins, so that what happens from here on needs another one. On the thread that starts it.
         std::function<void(const FV2RefreshOrder&)> begins;
         //! A token counts from here on; empty when the service gave none.
         std::function<void(const std::string&)> token;
@@ -44,6 +46,10 @@ public:
                     std::weak_ptr<const void> owner, Events events);
 
     void request(const FV2RefreshOrder& order);
+
+    //! Any thread: hands a refresh that a notification asks for to a worker without waiting for main, where none has to
+    //! wait. False, and nothing has happened, where one has.
+    [[nodiscard]] bool tryToStartPushed();
 
 private:
     //! The token in one answer.
@@ -64,8 +70,9 @@ private:
         std::unique_ptr<FV2RefreshGate> gate;
     };
 
-    void start(Lane& lane);
+    void start(Lane& lane, const FV2RefreshOrder& order);
     void takeToken(const Token& token);
+    [[nodiscard]] std::string knownToken() const;
     void finish(Lane& lane, const FV2RefreshOrder& order, const Answer& answer);
 
     FV2Dispatch& m_dispatch;
@@ -77,7 +84,8 @@ private:
     const std::shared_ptr<std::atomic<std::uint64_t>> m_counter = std::make_shared<std::atomic<std::uint64_t>>(0);
     std::uint64_t m_newestToken = 0;
     std::uint64_t m_newestStatus = 0;
-    std::string m_token;
+    mutable std::mutex m_tokenMutex;
+    std::string m_token; //!< the one that counts
 };
 
 } // namespace fv2

@@ -7,13 +7,14 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 
 namespace fv2 {
 
 //! Keeps a storm of notifications from becoming a storm of exchanges: the first one starts a refresh at once, the ones
 //! that come while a refresh waits to start merge into it, and starts are spaced. The last notification is always
-//! followed by a refresh that starts after it. Main thread only.
+//! followed by a refresh that starts after it. Main thread only, but for tryToStart().
 class FV2RefreshGate {
 public:
     static constexpr std::chrono::milliseconds spacing{25};
@@ -28,12 +29,17 @@ public:
     void request();
     void finished();
 
+    //! Any thread. Counts a refresh as started when one may start at this moment; the caller starts it. Otherwise
+    //! nothing has happened, and request() has to be called.
+    [[nodiscard]] bool tryToStart();
+
 private:
     void startWhenAllowed();
 
     FV2TimerService& m_timers;
     const int m_maxRunning;
     std::function<void()> m_start;
+    std::mutex m_mutex; //!< guards all but the timer
     bool m_waiting = false;
     int m_running = 0;
     std::optional<std::chrono::steady_clock::time_point> m_lastStart;

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/FV2Types.h"
 
-#include "comms/FV2Records.h"
-
 #include <array>
 
 namespace fv2 {
@@ -31,7 +29,10 @@ std::string_view caseName(fv2AppCommand value) {
 }
 
 CommandResult genericResult(std::string_view answer, fv2Alert failureAlert) {
-    const std::optional<FV2AISResponse> response = FV2AISResponse::decode(answer);
+    return genericResult(FV2AISResponse::decode(answer), failureAlert);
+}
+
+CommandResult genericResult(const std::optional<FV2AISResponse>& response, fv2Alert failureAlert) {
     if (!response)
         return {false, 0, fv2Alert::BadComms};
     const bool ok = response->ok();

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "comms/FV2Records.h"
+
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace fv2 {
@@ -59,5 +62,7 @@ struct CommandResult {
 //! Reads any answer of the service: one that can't be decoded is (false, 0, BadComms); a refusal has `failureAlert`.
 //! A negative error code keeps its bits.
 [[nodiscard]] CommandResult genericResult(std::string_view answer, fv2Alert failureAlert);
+//! The same for one that has been read; none stands for one that can't be decoded.
+[[nodiscard]] CommandResult genericResult(const std::optional<FV2AISResponse>& response, fv2Alert failureAlert);
 
 } // namespace fv2

@@ -23,10 +23,10 @@ void FV2TrayItem::show(std::string_view imageName, fv2StatusStateType overallSta
         return QString::fromStdString(OxTranslatedString::translateOrMarkID(identifier, m_strings).string());
     };
     const QString image = QString::fromUtf8(imageName.data(), static_cast<qsizetype>(imageName.size()));
-    const QString toolTip = translated("IDUS_PRODUCT_DISPLAY_NAME") + QStringLiteral(": ") +
-                            translated(kStateTitles.at(static_cast<std::size_t>(overallState)));
     if (std::exchange(m_imageName, image) != image)
         refreshIcon();
+    const QString toolTip = translated("IDUS_PRODUCT_DISPLAY_NAME") + QStringLiteral(": ") +
+                            translated(kStateTitles.at(static_cast<std::size_t>(overallState)));
     if (std::exchange(m_toolTip, toolTip) != toolTip && m_icon)
         m_icon->setToolTip(toolTip);
 }

@@ -50,13 +50,13 @@ struct ToldTimers final : FV2TimerService {
     std::unique_ptr<FV2Timer> after(std::chrono::milliseconds delay, Job callback) override {
         auto timer = std::make_unique<Timer>();
         timer->job = std::make_shared<Job>(std::move(callback));
-        m_due.emplace(m_now + delay, timer->job);
+        m_due.emplace(m_now.load() + delay, timer->job);
         return timer;
     }
 
     //! Goes from one due call to the next.
     void advance(std::chrono::milliseconds by) {
-        const auto end = m_now + by;
+        const auto end = m_now.load() + by;
         while (!m_due.empty() && m_due.begin()->first <= end) {
             const auto next = m_due.extract(m_due.begin());
             m_now = next.key();
@@ -71,7 +71,7 @@ private:
         std::shared_ptr<Job> job;
     };
 
-    std::chrono::steady_clock::time_point m_now{};
+    std::atomic<std::chrono::steady_clock::time_point> m_now{};
     std::multimap<std::chrono::steady_clock::time_point, std::weak_ptr<Job>> m_due;
 };
 
