@@ -71,17 +71,17 @@ std::shared_ptr<FV2AppStateModel> FV2Agent::makeModel() {
     OxTranslatedString::setApplicationBundle(m_strings);
     NxDesign::setResource(designPropertyList);
     return std::make_shared<FV2AppStateModel>(
-        FV2AppStateModel::Surroundings{.dispatch = m_dispatch,
-                                       .timers = m_timers,
-                                       .service = m_service,
-                                       .strings = m_strings,
-                                       .mediumDate = mediumDate,
-                                       .computerName = computerName(),
-                                       .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
-                                       .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
-                                       .whenQuietIsKnown =
-                                           [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
-                                       .passwords = &m_passwords},
+        FV2AppStateModel::Surroundings{
+            .dispatch = m_dispatch,
+            .timers = m_timers,
+            .service = m_service,
+            .strings = m_strings,
+            .mediumDate = mediumDate,
+            .computerName = computerName(),
+            .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
+            .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
+            .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
+            .passwords = &m_passwords},
         ::getuid());
 }
 

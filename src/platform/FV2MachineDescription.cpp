@@ -14,15 +14,7 @@ namespace fv2 {
 namespace {
 
 constexpr std::size_t kMost = 64 * 1024;
-constexpr std::string_view kBlanks = " \t\r";
 constexpr std::string_view kModelName = "model name";
-
-std::string trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
-        return {};
-    return std::string(text.substr(first, text.find_last_not_of(kBlanks) - first + 1));
-}
 
 SysctlError failure(int code, const std::filesystem::path& cpuinfo) {
     return {"POSIX", code, {{"name", std::string(kModelName)}, {"path", cpuinfo.string()}}};

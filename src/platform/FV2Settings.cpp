@@ -7,7 +7,6 @@
 #include "platform/SmallFiles.h"
 #include "resources/FV2HelpAddress.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <optional>
@@ -20,19 +19,13 @@ namespace fv2 {
 
 namespace {
 
-constexpr std::size_t kMost = 64 * 1024;
-constexpr std::string_view kBlanks = " \t\r";
+constexpr std::size_t kLongestSettings = 64 * 1024;
 
 //! What one file says; nothing if it has a mistake.
 struct Said {
     std::optional<std::string> helpHost;
     std::optional<bool> rootOnly;
 };
-
-std::string_view trimmed(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
 
 std::string quoted(std::string_view text) {
     return "\"" + readableText(text) + "\"";
@@ -80,10 +73,10 @@ std::string mistakeIn(const std::filesystem::path& path, Said& said) {
         return "not a file";
     if (isKnown && ((facts.st_mode & S_IWOTH) != 0 || (facts.st_uid != 0 && facts.st_uid != ::getuid())))
         return "others can write to it";
-    const std::optional<std::string> content = isKnown ? readSmallFile(path, kMost) : std::nullopt;
+    const std::optional<std::string> content = isKnown ? readSmallFile(path, kLongestSettings) : std::nullopt;
     if (!content)
         return std::generic_category().message(errno);
-    if (content->size() == kMost)
+    if (content->size() == kLongestSettings)
         return "too long";
     std::istringstream lines(*content);
     std::string section;

@@ -4,6 +4,7 @@
 
 #include "base/UniqueFd.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -46,6 +47,12 @@ std::string unquotedValue(std::string_view value) {
         out += value[i];
     }
     return out;
+}
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r";
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
 } // namespace fv2

@@ -17,4 +17,7 @@ namespace fv2 {
 //! The value of a shell-like assignment: one pair of quotes taken off, a backslash makes the next character plain.
 [[nodiscard]] std::string unquotedValue(std::string_view value);
 
+//! The text without the blanks, tabs and carriage returns at its ends.
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+
 } // namespace fv2
