@@ -24,6 +24,11 @@ public:
             action.sa_handler = [](int) {}; // without SA_RESTART
             ::sigaction(SIGRTMIN, &action, nullptr);
         });
+        // Whoever started the program may have left it blocked.
+        sigset_t alarm{};
+        ::sigemptyset(&alarm);
+        ::sigaddset(&alarm, SIGRTMIN);
+        ::pthread_sigmask(SIG_UNBLOCK, &alarm, nullptr);
         sigevent event{};
         event.sigev_notify = SIGEV_THREAD_ID;
         event.sigev_signo = SIGRTMIN;
@@ -39,29 +44,39 @@ public:
     Timer(const Timer&) = delete;
     Timer& operator=(const Timer&) = delete;
 
+    void begin() {
+        if (m_alarms++ == 0)
+            set(kPeriod);
+    }
+    void end() {
+        if (--m_alarms == 0)
+            set(0);
+    }
+
+private:
     void set(long nanoseconds) const {
         const itimerspec when{{0, nanoseconds}, {0, nanoseconds}};
         if (m_timer)
             ::timer_settime(*m_timer, 0, &when, nullptr);
     }
 
-private:
     std::optional<timer_t> m_timer;
+    int m_alarms = 0;
 };
 
-const Timer& timerOfThread() {
-    thread_local const Timer timer;
+Timer& timerOfThread() {
+    thread_local Timer timer;
     return timer;
 }
 
 } // namespace
 
 ThreadAlarm::ThreadAlarm() {
-    timerOfThread().set(kPeriod);
+    timerOfThread().begin();
 }
 
 ThreadAlarm::~ThreadAlarm() {
-    timerOfThread().set(0);
+    timerOfThread().end();
 }
 
 } // namespace fv2

@@ -5,7 +5,8 @@
 namespace fv2 {
 
 //! For as long as it lives, interrupts every 20 ms whatever call its thread waits in: the call returns what it has
-//! done, or EINTR. Made and destroyed on one thread, one at a time. Without effect where the system has no timer left.
+//! done, or EINTR. Made and destroyed on one thread, also one inside another. Without effect where the system has no
+//! timer left.
 class ThreadAlarm {
 public:
     ThreadAlarm();

@@ -83,7 +83,7 @@ bool FV2SocketCommsBase::refusesStranger(std::optional<uid_t> uid) {
     const std::string what =
         "refused a stranger at " + m_path + ", uid:" + (uid ? std::to_string(*uid) : std::string("unknown"));
     log(FV2LoggingLevel::error, {"createConnection() " + what});
-    reportOnce(what, what);
+    reportStrangerOnce(what, what);
     return true;
 }
 

@@ -106,7 +106,7 @@ void IncomingConnections::takeIn(UniqueFd socket) {
     if (!peer || !m_trusted.trusts(*peer)) {
         const std::string what = "refused a stranger, uid:" + (peer ? std::to_string(*peer) : std::string("unknown"));
         log(FV2LoggingLevel::error, {"listenAcceptAndReceiveData() - " + what});
-        reportOnce(what, what);
+        reportStrangerOnce(what, what);
         return;
     }
     logTrace("listenAcceptAndReceiveData() - accept -> calling Receive");

@@ -11,7 +11,7 @@ namespace fv2 {
 //! While it lives, whatever the kernel makes its thread wait for is cut short after 20 ms. For receiving from and
 //! closing a socket, which wait for nothing by themselves: but a message may carry a descriptor, which is closed with
 //! it, and whoever sent it decides how long that takes. Where the kernel refuses such messages for us this does
-//! nothing. Made and destroyed on the same thread, one at a time.
+//! nothing. Made and destroyed on the same thread.
 class StallGuard {
 public:
     StallGuard();

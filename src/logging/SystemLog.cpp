@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "logging/SystemLog.h"
 
+#include "base/ThreadAlarm.h"
+
 #include <mutex>
 #include <syslog.h>
 
@@ -26,6 +28,8 @@ int priority(fv2SystemLogType type) {
 void systemLog(fv2SystemLogType type, const std::string& text) {
     static std::once_flag opened;
     std::call_once(opened, [] { ::openlog("fv2-agent", LOG_PID, LOG_USER); });
+    // A journal that does not read would keep its writers waiting; the line is lost then.
+    const ThreadAlarm alarm;
     ::syslog(priority(type), "%s", text.c_str());
 }
 

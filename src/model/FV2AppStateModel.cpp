@@ -107,6 +107,8 @@ void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bo
 
 //! As a notification would, but neither the user nor the service asked for it.
 void FV2AppStateModel::refreshUnprompted(bool alertOnFailure) {
+    if (!m_wantsNotifications)
+        return;
     m_refreshes.request({.checkAction = true, .source = fv2SyncSource::Service, .alertOnFailure = alertOnFailure});
 }
 

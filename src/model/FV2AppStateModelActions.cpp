@@ -7,7 +7,6 @@
 #include "logging/SystemReport.h"
 #include "model/FV2AlertTable.h"
 #include "model/FV2AppStateModel.h"
-#include "model/FV2StatesTable.h"
 
 #include <utility>
 
@@ -75,7 +74,8 @@ FV2PasswordPrompt::Outside FV2AppStateModel::promptOutside() {
 }
 
 FV2PasswordPrompt::Wish FV2AppStateModel::passwordWish(fv2Window kind) const {
-    if (!m_wantsNotifications || jsonParser.state() == kNoValidAnswer)
+    // A service that starts up tells of state 0 before it knows better.
+    if (!m_wantsNotifications || jsonParser.state() <= 0)
         return FV2PasswordPrompt::Wish::NotNow;
     return m_state.lastActionStored == commandFor(kind) ? FV2PasswordPrompt::Wish::Wanted
                                                         : FV2PasswordPrompt::Wish::NotWanted;
@@ -83,6 +83,8 @@ FV2PasswordPrompt::Wish FV2AppStateModel::passwordWish(fv2Window kind) const {
 
 //! At most one in a while: when it fails, the status calls for the next one at once.
 void FV2AppStateModel::syncProxyUnasked() {
+    if (!m_wantsNotifications || proxySyncSemaphore.count() == 0)
+        return;
     const auto now = m_outside.timers.now();
     const auto next = m_lastUnaskedSync ? *m_lastUnaskedSync + kUnaskedSyncPause : now;
     if (now >= next) {
@@ -93,7 +95,7 @@ void FV2AppStateModel::syncProxyUnasked() {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - now);
     m_nextUnaskedSync = m_outside.timers.after(left, [this] {
         m_nextUnaskedSync.reset();
-        if (m_wantsNotifications && !isMainWindowOpen() && m_state.lastActionStored == fv2AppCommand::ProxySync_ORM)
+        if (!isMainWindowOpen() && m_state.lastActionStored == fv2AppCommand::ProxySync_ORM)
             syncProxyUnasked();
     });
 }

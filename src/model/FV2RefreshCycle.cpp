@@ -59,7 +59,7 @@ void FV2RefreshCycle::start(Lane& lane, const FV2RefreshOrder& order) {
                 takeToken(token);
         });
     };
-    auto ask = [&service = m_service, uid = m_userId, counter = m_counter, known = knownToken(), tellToken] {
+    auto ask = [&service = m_service, uid = m_userId, counter = m_counter, known = m_known, tellToken] {
         logRelease("syncCommsAsync -> calling syncCommsDirect()");
         logRelease("syncCommsDirect() in");
         Answer answer;
@@ -69,7 +69,7 @@ void FV2RefreshCycle::start(Lane& lane, const FV2RefreshOrder& order) {
         token.answered = !tokenReply.empty();
         token.text = FV2CommsToken::tokenOf(tokenReply);
         // Whatever is sent meanwhile needs it. One that is known already can wait, which saves main a turn.
-        if (token.text != known) {
+        if (const std::lock_guard lock(known->mutex); token.text != known->token) {
             tellToken(token);
             answer.token.reset();
         }
@@ -92,15 +92,10 @@ void FV2RefreshCycle::takeToken(const Token& token) {
     if (token.answered)
         m_newestToken = token.number;
     {
-        const std::lock_guard lock(m_tokenMutex);
-        m_token = token.text;
+        const std::lock_guard lock(m_known->mutex);
+        m_known->token = token.text;
     }
     m_events.token(token.text);
-}
-
-std::string FV2RefreshCycle::knownToken() const {
-    const std::lock_guard lock(m_tokenMutex);
-    return m_token;
 }
 
 void FV2RefreshCycle::finish(Lane& lane, const FV2RefreshOrder& order, const Answer& answer) {

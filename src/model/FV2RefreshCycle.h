@@ -64,6 +64,11 @@ private:
         bool statusAnswered = false;
         DecodedStatus status;
     };
+    //! The token that counts, which workers look at.
+    struct Known {
+        std::mutex mutex;
+        std::string token;
+    };
     //! The refreshes of one source.
     struct Lane {
         FV2RefreshOrder waiting;
@@ -72,7 +77,6 @@ private:
 
     void start(Lane& lane, const FV2RefreshOrder& order);
     void takeToken(const Token& token);
-    [[nodiscard]] std::string knownToken() const;
     void finish(Lane& lane, const FV2RefreshOrder& order, const Answer& answer);
 
     FV2Dispatch& m_dispatch;
@@ -84,8 +88,7 @@ private:
     const std::shared_ptr<std::atomic<std::uint64_t>> m_counter = std::make_shared<std::atomic<std::uint64_t>>(0);
     std::uint64_t m_newestToken = 0;
     std::uint64_t m_newestStatus = 0;
-    mutable std::mutex m_tokenMutex;
-    std::string m_token; //!< the one that counts
+    const std::shared_ptr<Known> m_known = std::make_shared<Known>();
 };
 
 } // namespace fv2

@@ -18,7 +18,7 @@ AppDelegate::AppDelegate(Parts parts)
         logRelease("StatusBarMenu Clicked");
     });
     connect(&menu, &FV2StatusMenu::closed, this, [] { logRelease("StatusBarMenu Closed"); });
-    connect(&menu, &FV2StatusMenu::showMainWindow, this, &AppDelegate::menuShowMainWindow);
+    connect(&menu, &FV2StatusMenu::showMainWindow, this, [this] { showMainWindow(true); });
     connect(&menu, &FV2StatusMenu::hideMainWindow, this, &AppDelegate::menuHideMainWindow);
     connect(&menu, &FV2StatusMenu::proxySync, this, &AppDelegate::menuProxySync);
     connect(&m_parts.wndDelegate, &FV2WindowDelegate::windowsChanged, this, &AppDelegate::updateMenu);
@@ -37,14 +37,14 @@ void AppDelegate::applicationDidFinishLaunching(bool launchedByFileManager) {
     m_parts.appModel.runBackgroundThread();
     m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false);
     if (launchedByFileManager) {
-        menuShowMainWindow();
+        showMainWindow(true);
         logRelease("Was launched by Finder");
     }
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool /*hasVisibleWindows*/) {
     logRelease("Relaunched when already running. Showing main window. (applicationShouldHandleReopen())");
-    menuShowMainWindow();
+    showMainWindow(true);
     return false;
 }
 
@@ -77,10 +77,16 @@ void AppDelegate::updateMenu() {
                         !m_parts.appModel.state().syncORMActive);
 }
 
+//! A message asks for it: a second copy, which the user or the desktop may have started. A prompt that lies ready stays
+//! shut.
 void AppDelegate::menuShowMainWindow() {
+    showMainWindow(false);
+}
+
+void AppDelegate::showMainWindow(bool byUser) {
     logRelease("StatusBarMenu Open Application Window");
     m_parts.appModel.syncCommsAsync(false, fv2SyncSource::Moved, false);
-    if (!m_parts.wndDelegate.showAll())
+    if (!m_parts.wndDelegate.showAll(byUser))
         m_parts.wndDelegate.openWindow(fv2Window::Main, true);
 }
 

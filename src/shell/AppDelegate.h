@@ -56,6 +56,7 @@ public:
     void menuProxySync();
 
 private:
+    void showMainWindow(bool byUser);
     void onMenuBarStatusItemClicked();
     void handleTerminate();
 

@@ -122,7 +122,8 @@ void FV2Window::showEvent(QShowEvent* event) {
 
 void FV2Window::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
-    Q_EMIT shownOrHidden();
+    if (!m_comesAnew)
+        Q_EMIT shownOrHidden();
 }
 
 void FV2Window::changeEvent(QEvent* event) {
@@ -137,7 +138,7 @@ void FV2Window::paintEvent(QPaintEvent* event) {
         logUi("FV2Window first paint");
 }
 
-void FV2Window::makeKeyAndOrderFront() {
+void FV2Window::makeKeyAndOrderFront(bool byUser) {
     orderFront();
     if (FV2AlertSheet* const sheet = unansweredSheet()) {
         showInFront(*sheet, canOnlyComeAnew());
@@ -145,18 +146,25 @@ void FV2Window::makeKeyAndOrderFront() {
     } else {
         activateWindow();
     }
-    Q_EMIT madeKey();
+    if (byUser)
+        Q_EMIT madeKey();
 }
 
 void FV2Window::orderFront() {
     setAttribute(Qt::WA_ShowWithoutActivating, false);
     // Under X11 a window that is mapped anew gets the keyboard; one that is only restored doesn't always.
-    showInFront(*this, isMinimized() || canOnlyComeAnew());
+    comeToFront(isMinimized() || canOnlyComeAnew());
 }
 
 void FV2Window::orderFrontRegardless() {
     setAttribute(Qt::WA_ShowWithoutActivating);
-    showInFront(*this, isMinimized());
+    comeToFront(isMinimized());
+}
+
+void FV2Window::comeToFront(bool anew) {
+    m_comesAnew = anew;
+    showInFront(*this, anew);
+    m_comesAnew = false;
 }
 
 void FV2Window::orderOut() {

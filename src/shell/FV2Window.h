@@ -41,7 +41,8 @@ public:
 
     //! Shows the window in front of all others and gives it, or the alert over it, the keyboard, as far as the desktop
     //! lets us.
-    void makeKeyAndOrderFront();
+    //! `byUser`: a click of the user's has asked for it, which is told to what is in the window.
+    void makeKeyAndOrderFront(bool byUser = true);
     //! The same without the keyboard, for a window that lies under one that gets it at once.
     void orderFront();
     //! Shows the window without taking the keyboard from where it is.
@@ -84,6 +85,7 @@ protected:
 
 private:
     void fitContent();
+    void comeToFront(bool anew);
     [[nodiscard]] FV2AlertSheet* unansweredSheet() const;
     void beginNextSheet(bool takesKeyboard);
 
@@ -96,6 +98,7 @@ private:
     bool m_closeEnabled = true;
     bool m_closing = false;
     bool m_painted = false;
+    bool m_comesAnew = false; //!< hidden for a moment only
 };
 
 } // namespace fv2

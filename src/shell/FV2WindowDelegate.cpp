@@ -159,7 +159,7 @@ void FV2WindowDelegate::willClose(FV2WindowController& controller) {
 void FV2WindowDelegate::moveToFront(std::vector<FV2Alert> alerts, bool withKeyboard) {
     FV2Window* const front = wndList.windowAt(wndList.count());
     std::erase_if(alerts, [this](const FV2Alert& alert) { return !isOpen(alert.about); });
-    if (front == nullptr || alerts.empty())
+    if (front == nullptr || alerts.empty() || m_ending)
         return;
     for (FV2Alert& alert : alerts)
         front->beginSheet(std::move(alert));
@@ -176,8 +176,8 @@ bool FV2WindowDelegate::isAnyWindowMain() const {
     return std::any_of(windows.begin(), windows.end(), [](const FV2Window* window) { return window->isMainWindow(); });
 }
 
-bool FV2WindowDelegate::showAll() {
-    return wndList.showAll();
+bool FV2WindowDelegate::showAll(bool byUser) {
+    return wndList.showAll(byUser);
 }
 
 void FV2WindowDelegate::close(fv2Window kind) {
@@ -211,6 +211,7 @@ void FV2WindowDelegate::forgetPasswords() const {
 }
 
 void FV2WindowDelegate::closeAll() {
+    m_ending = true;
     for (const fv2Window kind : {fv2Window::Password_Encrypt, fv2Window::Password_Decrypt, fv2Window::Main})
         close(kind);
 }

@@ -43,7 +43,7 @@ public:
     [[nodiscard]] bool isAnyWindowMain() const;
 
     //! Brings every open window to front; whether there is any.
-    bool showAll();
+    bool showAll(bool byUser = true);
     void hideApplicationWindows();
     void closeUnneededPasswordWindows() override;
     //! The user has left the session or locked the screen.
@@ -86,6 +86,7 @@ private:
     std::shared_ptr<FV2PasswordWindowController> enterEncPasswordWindowController;
     std::shared_ptr<FV2PasswordWindowController> enterDecPasswordWindowController;
     bool m_anyWindowShown = false;
+    bool m_ending = false;
 };
 
 } // namespace fv2

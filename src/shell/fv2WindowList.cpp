@@ -68,11 +68,11 @@ void fv2WindowList::orderOutAll() const {
         window->orderOut();
 }
 
-bool fv2WindowList::showAll() const {
+bool fv2WindowList::showAll(bool byUser) const {
     const std::vector<FV2Window*> all = windows();
     for (FV2Window* const window : all)
         if (window == all.back())
-            window->makeKeyAndOrderFront();
+            window->makeKeyAndOrderFront(byUser);
         else
             window->orderFront();
     return !fv2Windows.empty();

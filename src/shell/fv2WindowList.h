@@ -36,7 +36,7 @@ public:
     //! Hides every window; they stay registered.
     void orderOutAll() const;
     //! Shows every window, the last one in front with the keyboard; whether there was any item.
-    bool showAll() const;
+    bool showAll(bool byUser = true) const;
 
 private:
     struct fv2WindowListItem {

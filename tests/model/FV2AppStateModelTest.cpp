@@ -178,6 +178,7 @@ TEST_F(Model, LetsThePasswordWindowComeBackWhenThePolicySaysUnlessItIsNoLongerWa
         later(comesBack / 2);
         model->postponePasswordDialog(state == 3);
         refresh("", Service);
+        refresh(statusAnswer(0), Service);
         EXPECT_EQ(refresh(answer, Service) + later(comesBack - 1min), "") << "from the last time on, whatever comes";
         EXPECT_EQ(later(1min), "open " + kind + "; ");
         EXPECT_EQ(later(2 * comesBack), "") << "once";
@@ -353,8 +354,12 @@ TEST_F(Model, AsksEveryMinuteWhileNoNotificationCanBeExpectedAndOtherwiseNowAndT
             asks += asksIn(30s);
         EXPECT_GE(asks, 3);
         if (leaves) {
+            link.status = statusAnswer(6, R"(,"sync_ok":0)");
+            model->syncCommsAsync(true, Service, false);
+            model->syncProxyAsync(User, false);
             model->unsubscribeFromNotifications();
-            EXPECT_EQ(asksIn(20min), 0) << "the user's session is not in front";
+            EXPECT_EQ(asksIn(20min), 1) << "the user's session is not in front, and what fails is not tried again";
+            EXPECT_EQ(asked(proxySyncRequest(501, "t1")), 1);
         }
         std::filesystem::remove(path);
         EXPECT_TRUE(connectTo(path));
