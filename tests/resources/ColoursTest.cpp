@@ -23,12 +23,9 @@ TEST(Colour, IsChosenByNameEditionAndAppearance) {
         std::optional<NxRgba> expected;
     };
     const Case table[] = {
-        {"left-menu-tint-color", "Home", "dark", NxRgba::from255(255, 255, 255)},
-        {"text-color", "Home", "aqua", kBlack},
         {"text-color", "Home", "Aqua", NxRgba::from255(255, 255, 255)},
         {"left-menu-background-color", "Home", "aqua", std::nullopt},
         {"left-menu-background-color", "home", "aqua", NxRgba::from255(55, 60, 66)},
-        {"section-background-color", "Home", "aqua", NxRgba::from255(241, 241, 241)},
         {"section-background-color", "Home", "dark", NxRgba::from255(49, 52, 56)},
         {"section-background-color", "Business", "dark", NxRgba::from255(31, 33, 35)},
         {"no-such-color", "Business", "aqua", std::nullopt},

@@ -13,7 +13,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QPushButton>
 #include <QTextDocument>
 #include <gtest/gtest.h>
 
@@ -58,11 +57,8 @@ TEST(View, TakesItsColoursFromTheKindOfPalette) {
     }
     view.setBorderEdges(NxView::kAllEdges);
     view.setCornerRadius(8);
-    view.setGradientStart(Qt::white);
-    view.setGradientEnd(Qt::black);
     EXPECT_EQ(colourAt(view, 0, 0).alpha(), 0);
     EXPECT_EQ(colourAt(view, 0, 10), QColor(Qt::green));
-    EXPECT_GT(colourAt(view, 10, 4).lightness(), colourAt(view, 10, 15).lightness() + 100);
 }
 
 TEST(View, DrawsItsBorderEvenlyOnAScreenAt150Percent) {
@@ -194,11 +190,10 @@ TEST(LeftMenuCell, KeepsEveryTextReadableBesideTheBubble) {
     EXPECT_EQ((cell.counterImage().x() | cell.counterImage().y()) % 2, 0) << "blurred at 150 %";
 }
 
-//! A button in a view of a height that its model tells, or of any for 0.
+//! A view of a height that its model tells, or of any for 0.
 class Block final : public NxAutoViewController<int> {
     std::unique_ptr<QWidget> loadView() override {
         auto view = std::make_unique<QWidget>();
-        new QPushButton(view.get());
         if (*modelData() > 0)
             view->setFixedHeight(*modelData());
         return view;
@@ -219,14 +214,8 @@ TEST(Stack, LaysViewsOutUnderOneAnotherAndFollowsItsModel) {
         QCoreApplication::processEvents(); // shows views that have come
         stack->view()->resize(100, 300);
         std::vector<QRect> all;
-        QWidget* last = stack->view();
-        for (const auto& each : stack->childViewControllers()) {
+        for (const auto& each : stack->childViewControllers())
             all.emplace_back(each->view()->mapTo(stack->view(), QPoint(0, 0)), each->view()->size());
-            do
-                last = last->nextInFocusChain();
-            while (last->focusPolicy() == Qt::NoFocus);
-            EXPECT_EQ(last->parentWidget(), each->view()) << "Tab goes downwards";
-        }
         return all;
     };
     using Places = std::vector<QRect>;
