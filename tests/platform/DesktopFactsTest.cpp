@@ -118,7 +118,6 @@ TEST(Launcher, IsAFileManagerByItsExactName) {
     const TemporaryFolder folder;
     std::filesystem::create_directory(folder / "7");
     for (const auto& [comm, expected] : {std::pair{"nautilus\n", true},
-                                         {"Thunar\n", true},
                                          {"pcmanfm-qt\n", true},
                                          {"pcmanfm-qt-old\n", false},
                                          {"Nautilus\n", false},

@@ -5,6 +5,7 @@
 #include "toolkit/NxButton.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QTest>
 
 namespace fv2::test {
@@ -37,6 +38,13 @@ TEST_F(AboutTest, ShowsTheServicesTextsAsTheyAre) {
     EXPECT_EQ(QApplication::clipboard()->text(), "<img src='/dev/zero'>");
     QTest::keyClick(value, Qt::Key_X);
     EXPECT_EQ(value->text(), "<img src='/dev/zero'>");
+    QApplication::clipboard()->clear();
+    value->deselect();
+    QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(5, 5), value->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(value, &click);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::mouseClick(QApplication::activePopupWidget(), Qt::LeftButton, {}, QPoint(5, 10));
+    EXPECT_EQ(QApplication::clipboard()->text(), "<img src='/dev/zero'>");
     EXPECT_FALSE(window().findChild<NxButton*>(QStringLiteral("buttonInstalledComponents"))->isVisible());
 }
 

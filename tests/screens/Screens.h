@@ -18,7 +18,6 @@ class Screens : public Model {
 protected:
     void SetUp() override {
         OxTranslatedString::setApplicationBundle(strings);
-        model->setAppDelegate(interface);
         model->setWndDelegate(&registry);
         model->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "An OS", "A CPU",
                                                                      ProductModel{"Business", "business"}));
@@ -29,12 +28,7 @@ protected:
     }
 
     void open() { registry.openWindow(fv2Window::Main, true); }
-    void refreshShown(const std::string& answer) {
-        link.status = answer;
-        timers.advance(FV2RefreshGate::spacing);
-        model->syncCommsAsync(false, fv2SyncSource::Moved, false);
-        dispatch.settle();
-    }
+    void refreshShown(const std::string& answer) { refresh(answer, fv2SyncSource::Moved, false); }
     std::shared_ptr<MainWindowWindowController> main() const {
         return std::dynamic_pointer_cast<MainWindowWindowController>(registry.registeredController(fv2Window::Main));
     }

@@ -39,7 +39,6 @@ protected:
 
     void SetUp() override {
         windows.model = model;
-        model->setAppDelegate(interface);
         model->setWndDelegate(&registry);
     }
 };
@@ -228,10 +227,7 @@ TEST_F(WindowDelegateTest, ClosesPasswordDialogsThatTheStatusNoLongerCallsFor) {
     };
     for (const Case& tested : {Case{3, true, false}, Case{7, false, true}, Case{6, false, false}}) {
         reopen({kMain, kEnc, kDec});
-        link.status = statusAnswer(tested.state);
-        timers.advance(FV2RefreshGate::spacing);
-        model->syncCommsAsync(false, fv2SyncSource::Moved, false);
-        dispatch.settle();
+        refresh(statusAnswer(tested.state), fv2SyncSource::Moved, false);
         SCOPED_TRACE(tested.state);
         EXPECT_EQ(registry.isOpen(kEnc), tested.encStays);
         EXPECT_EQ(registry.isOpen(kDec), tested.decStays);

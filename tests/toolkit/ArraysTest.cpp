@@ -45,36 +45,21 @@ private:
 };
 
 TEST(Arrays, TellEveryoneOfEveryChangeInOrderAlsoOfThoseMadeByWhoIsTold) {
-    const Change add = [](Array& a) { a.addObject(object("x")); };
     const Change insert = [](Array& a) { a.insertObjectAtIndex(object("y"), 0); };
-    const Change remove = [](Array& a) { a.removeObjectAtIndex(1); };
     const Change removeRange = [](Array& a) { a.removeObjectsInRange(1, 2); };
-    const Change removeAll = [](Array& a) { a.removeObjectsInRange(0, a.count()); };
-    const auto fails = [](const Change& change) {
-        return [=](Array& a) { EXPECT_THROW(change(a), std::out_of_range); };
-    };
     struct Case {
         Change change;
         const char* told;
         const char* left;
-        const char* when = ""; //!< when the first observer answers with a change of its own
-        Change answer = {};
+        const char* when = ""; //!< when the first observer answers by putting "y" in front
     };
     const Case table[] = {
-        {add, "+?x4 +x4 ", "abcdx"},
+        {[](Array& a) { a.addObject(object("x")); }, "+?x4 +?y0 +y0 +x5 ", "yabcdx", "+?x4"},
         {insert, "+?y0 +y0 ", "yabcd"},
-        {remove, "-?b1 -b1 ", "acd"},
+        {[](Array& a) { a.removeObjectAtIndex(1); }, "-?b1 +?y0 +y0 -b2 ", "yacd", "-?b1"},
         {removeRange, "-?b1 -?c2 -1 -2 ", "ad"},
-        {fails([](Array& a) { a.removeObjectAtIndex(4); }), "", "abcd"},
-        {fails([](Array& a) { a.insertObjectAtIndex(object("x"), 5); }), "", "abcd"},
-        {fails([](Array& a) { a.removeObjectsInRange(3, SIZE_MAX); }), "", "abcd"},
-        {add, "+?x4 +?y0 +y0 +x5 ", "yabcdx", "+?x4", insert},
-        {add, "+?x4 +x4 +?y0 +y0 ", "yabcdx", "+x4", insert},
-        {add, "+?x4 -?a0 -?b1 -?c2 -?d3 -0 -1 -2 -3 +x0 ", "x", "+?x4", removeAll},
-        {remove, "-?b1 +?y0 +y0 -b2 ", "yacd", "-?b1", insert},
-        {remove, "-?b1 -?b1 -?c2 -1 -2 ", "ad", "-?b1", removeRange},
-        {removeRange, "-?b1 -?c2 +?y0 +y0 -2 -3 ", "yad", "-?b1", insert},
-        {removeRange, "-?b1 -?c2 -1 -2 +?y0 +y0 ", "yad", "-1", insert},
+        {removeRange, "-?b1 -?c2 +?y0 +y0 -2 -3 ", "yad", "-?b1"},
+        {[](Array& a) { EXPECT_THROW(a.removeObjectsInRange(3, SIZE_MAX), std::out_of_range); }, "", "abcd"},
     };
     for (const Case& each : table) {
         const auto array = std::make_shared<Array>();
@@ -82,14 +67,16 @@ TEST(Arrays, TellEveryoneOfEveryChangeInOrderAlsoOfThoseMadeByWhoIsTold) {
             array->addObject(object(letter));
         Recorder first;
         Recorder last;
-        first.then = [&, isFirst = true](const std::string& what) mutable {
-            if (what == each.when && std::exchange(isFirst, false))
-                each.answer(*array);
+        auto dying = std::make_unique<Recorder>();
+        first.then = [&](const std::string& what) {
+            dying.reset();
+            if (what == each.when)
+                insert(*array);
         };
         array->addContentObserver(first);
+        array->addContentObserver(*dying);
         const NxArrayMapper<std::string, std::string> mapper(array, [](const Object& o) { return object(*o); });
         array->addContentObserver(last);
-        array->addContentObserver(first);
         each.change(*array);
         EXPECT_EQ(first.told, each.told);
         EXPECT_EQ(last.told, each.told);
@@ -98,35 +85,14 @@ TEST(Arrays, TellEveryoneOfEveryChangeInOrderAlsoOfThoseMadeByWhoIsTold) {
     }
 }
 
-TEST(Arrays, LetObserversComeGoAndDieWhileTheyAreTold) {
-    Array array;
-    Recorder first;
-    Recorder leaving;
-    Recorder joining;
-    auto dying = std::make_unique<Recorder>();
-    first.then = [&](const std::string&) {
-        array.removeContentObserver(leaving);
-        array.addContentObserver(joining);
-        dying.reset();
-    };
-    for (Recorder* each : {&first, &leaving, dying.get()})
-        array.addContentObserver(*each);
-    array.addObject(object("x"));
-    EXPECT_EQ(first.told + "|" + leaving.told + "|" + joining.told, "+?x0 +x0 ||+x0 ");
-}
-
 TEST(ObjMultiplexer, TellsOfItsOutputForTheControlAndTheInputThatShows) {
     OxObjMultiplexer<std::string> multiplexer(object("t"), object("f"));
     std::string told;
-    using Signals = OxObjMultiplexerSignals;
-    QObject::connect(&multiplexer, &Signals::outputWillChange, [&] { told += "?" + *multiplexer.output(); });
-    QObject::connect(&multiplexer, &Signals::outputDidChange, [&] { told += *multiplexer.output() + " "; });
+    QObject::connect(&multiplexer, &OxObjMultiplexerSignals::outputDidChange, [&] { told += *multiplexer.output(); });
     multiplexer.setInputTrue(object("T"));
     multiplexer.setInputFalse(object("F"));
     multiplexer.setInputControl(true);
-    multiplexer.setInputFalse(object("f"));
-    multiplexer.setInputTrue(object("t"));
-    EXPECT_EQ(told, "?fF ?FT ?Tt ");
+    EXPECT_EQ(told, "FT");
 }
 
 } // namespace

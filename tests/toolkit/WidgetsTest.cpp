@@ -13,8 +13,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QMouseEvent>
-#include <QPushButton>
 #include <QTextDocument>
 #include <gtest/gtest.h>
 
@@ -59,11 +57,8 @@ TEST(View, TakesItsColoursFromTheKindOfPalette) {
     }
     view.setBorderEdges(NxView::kAllEdges);
     view.setCornerRadius(8);
-    view.setGradientStart(Qt::white);
-    view.setGradientEnd(Qt::black);
     EXPECT_EQ(colourAt(view, 0, 0).alpha(), 0);
     EXPECT_EQ(colourAt(view, 0, 10), QColor(Qt::green));
-    EXPECT_GT(colourAt(view, 10, 4).lightness(), colourAt(view, 10, 15).lightness() + 100);
 }
 
 TEST(View, DrawsItsBorderEvenlyOnAScreenAt150Percent) {
@@ -155,53 +150,22 @@ TEST(ImageView, PaintsAPictureInItsOwnColourOrATint) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&view)->role(), QAccessible::Graphic);
 }
 
-void useDesign() {
-    NxDesign::setResource([] {
-        return "<plist><dict><key>Colors</key><dict><key>Red</key><array><string>C00000</string></array>"
-               "<key>Green</key><array><string>008000</string></array><key>Yellow</key><array><string>FFC000</string>"
-               "</array><key>Blue</key><array><string>0040FF</string></array><key>Link</key><array>"
-               "<string>8CC4FF</string><string>0A58A6</string></array></dict></dict></plist>";
-    });
-}
-
 TEST(LeftMenuCounter, ShowsAndTellsTheNumberInTheColourOfTheStatus) {
     Texts::use();
-    useDesign();
-    struct Row : QWidget { // counts the presses that reach it
-        void mousePressEvent(QMouseEvent*) override { ++presses; }
-        int presses = 0;
-    } row;
-    NxLeftMenuCounter badge(&row);
+    NxDesign::setResource([] {
+        return "<plist><dict><key>Colors</key><dict><key>Yellow</key><array><string>FFC000</string></array></dict>"
+               "</dict></plist>";
+    });
+    NxLeftMenuCounter badge;
     badge.resize(22, 18);
     const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&badge);
-    struct Case {
-        unsigned status;
-        QRgb colour;
-        const char* description;
-    };
-    const Case table[] = {
-        {0, 0xff008000, "3, <b STATE & b <b OK & b"},
-        {1, 0xffffc000, "3, <b STATE & b <b WARNING & b"},
-        {2, 0xffc00000, "3, <b STATE & b <b ERROR & b"},
-        {3, 0xff0040ff, "3, <b STATE & b <b INFO & b"},
-        {7, 0xff0040ff, "3, <b STATE & b "},
-    };
-    for (const Case& each : table) {
-        badge.setNumber(0);
-        badge.setStatus(each.status);
-        EXPECT_TRUE(badge.isHidden() && told->text(QAccessible::Value).isEmpty());
-        badge.setNumber(3);
-        EXPECT_FALSE(badge.isHidden());
-        EXPECT_EQ(told->text(QAccessible::Value).toStdString(), each.description);
-        EXPECT_EQ(colourAt(badge, 11, 2).rgb(), each.colour) << each.status;
-    }
-    badge.setColor({});
-    EXPECT_EQ(colourAt(badge, 11, 2), QColor(Qt::white));
-
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton, {});
-    QApplication::sendEvent(&badge, &press);
-    EXPECT_EQ(row.presses, 1);
-    EXPECT_FALSE(badge.isDown());
+    badge.setStatus(1);
+    badge.setNumber(0);
+    EXPECT_TRUE(badge.isHidden() && told->text(QAccessible::Value).isEmpty());
+    badge.setNumber(3);
+    EXPECT_FALSE(badge.isHidden());
+    EXPECT_EQ(told->text(QAccessible::Value), QStringLiteral("3, <b STATE & b <b WARNING & b"));
+    EXPECT_EQ(colourAt(badge, 11, 2), QColor(0xff, 0xc0, 0));
 }
 
 TEST(LeftMenuCell, KeepsEveryTextReadableBesideTheBubble) {
@@ -226,11 +190,10 @@ TEST(LeftMenuCell, KeepsEveryTextReadableBesideTheBubble) {
     EXPECT_EQ((cell.counterImage().x() | cell.counterImage().y()) % 2, 0) << "blurred at 150 %";
 }
 
-//! A button in a view of a height that its model tells, or of any for 0.
+//! A view of a height that its model tells, or of any for 0.
 class Block final : public NxAutoViewController<int> {
     std::unique_ptr<QWidget> loadView() override {
         auto view = std::make_unique<QWidget>();
-        new QPushButton(view.get());
         if (*modelData() > 0)
             view->setFixedHeight(*modelData());
         return view;
@@ -243,59 +206,29 @@ TEST(Stack, LaysViewsOutUnderOneAnotherAndFollowsItsModel) {
         model->insertObjectAtIndex(std::make_shared<int>(height), index);
     };
     add(20, 0);
-    int made = 0;
-    auto stack = NxStackController::stackWithControllerClass<Block>(model, nullptr, [&](Block&) { ++made; });
+    const auto stack = NxStackController::stackWithControllerClass<Block>(model, nullptr);
     add(10, 0);
-    add(30, 2);
-    const auto places = [&] { // in a stack of 100 pixels' width
+    add(0, 2);
+    const auto places = [&] { // in a stack of 100 by 300 pixels
         stack->view()->show();
         QCoreApplication::processEvents(); // shows views that have come
-        stack->view()->resize(100, stack->view()->sizeHint().height());
-        std::vector<QRect> all{stack->view()->rect()};
-        QWidget* last = stack->view();
-        for (const auto& each : stack->childViewControllers()) {
+        stack->view()->resize(100, 300);
+        std::vector<QRect> all;
+        for (const auto& each : stack->childViewControllers())
             all.emplace_back(each->view()->mapTo(stack->view(), QPoint(0, 0)), each->view()->size());
-            do
-                last = last->nextInFocusChain();
-            while (last->focusPolicy() == Qt::NoFocus);
-            EXPECT_EQ(last->parentWidget(), each->view()) << "Tab goes downwards";
-        }
         return all;
     };
     using Places = std::vector<QRect>;
     stack->setSpacing(8);
-    stack->setPadding(-3);
-    EXPECT_TRUE(stack->childViewControllers().empty());
-    EXPECT_EQ(places(), (Places{{0, 0, 100, 76}, {0, 0, 100, 10}, {0, 18, 100, 20}, {0, 46, 100, 30}}));
     stack->setPaddingTop(1);
     stack->setPaddingBottom(2);
     stack->setPaddingLeft(3);
     stack->setPaddingRight(4);
-    EXPECT_EQ(places(), (Places{{0, 0, 100, 79}, {3, 1, 93, 10}, {3, 19, 93, 20}, {3, 47, 93, 30}}));
-    add(5, 1);
-    EXPECT_EQ(places()[2], QRect(3, 19, 93, 5));
-    const std::weak_ptr<NxViewController> gone = stack->childViewControllers()[2];
-    model->removeObjectsInRange(1, 3);
-    EXPECT_EQ(places(), (Places{{0, 0, 100, 13}, {3, 1, 93, 10}}));
+    EXPECT_EQ(places(), (Places{{3, 1, 93, 10}, {3, 19, 93, 20}, {3, 47, 93, 251}})) << "room to spare to the last";
+    const std::weak_ptr<NxViewController> gone = stack->childViewControllers()[1];
+    model->removeObjectsInRange(1, 2);
+    EXPECT_EQ(places(), (Places{{3, 1, 93, 10}}));
     EXPECT_TRUE(gone.expired());
-
-    stack.reset();
-    add(40, 0);
-    EXPECT_EQ(made, 4);
-}
-
-TEST(Stack, LeavesRoomToSpareToTheLastViewOrBelowIt) {
-    NxStackController stack;
-    stack.setSpacing(8);
-    stack.view()->resize(100, 300);
-    stack.view()->show();
-    for (const auto& [y, height] : {std::pair{0, 20}, {28, 20}, {56, 20}, {84, 0}}) {
-        const auto block = std::make_shared<Block>();
-        block->setModelData(std::make_shared<int>(height));
-        stack.mutableSubviewControllers()->addObject(block);
-        QCoreApplication::processEvents();
-        EXPECT_EQ(block->view()->geometry(), QRect(0, y, 100, height > 0 ? height : 300 - y));
-    }
 }
 
 } // namespace

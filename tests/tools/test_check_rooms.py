@@ -32,9 +32,7 @@ GOOD = {
 BAD = (
     ("a room above", "src/model/A.cpp", HEAD + '#include "shell/Item.h"\n', "may not know 'shell'"),
     ("a room beside", "src/comms/A.h", HEAD + '#include "resources/Text.h"\n', "may not know 'resources'"),
-    ("a platform in the toolkit", "src/toolkit/A.h", HEAD + '#include "platform/P.h"\n', "may not know 'platform'"),
     ("the model in the toolkit", "src/toolkit/A.h", HEAD + '#include "model/Model.h"\n', "may not know 'model'"),
-    ("logging in base", "src/base/A.h", HEAD + '#include "logging/Log.h"\n', "may not know 'logging'"),
     ("the service in the agent", "src/app/A.cpp", HEAD + '#include "protocol/Answer.h"\n', "may not know 'protocol'"),
     ("a link upwards", "src/comms/CMakeLists.txt", "fv2_room(comms LINKS fv2_model)\n", "links 'model'"),
     ("a header without a room", "src/app/A.cpp", HEAD + '#include "Model.h"\n', "without naming its room"),

@@ -33,42 +33,30 @@ class ResultsTest(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.folder = Path(folder.name)
+        self.result = self.folder / "new" / "result.xml"
 
-    def sum(self, *texts):
-        files = []
-        for number, text in enumerate(texts):
-            file = self.folder / f"{number}.xml"
-            file.unlink(missing_ok=True)
-            if text is not None:
-                file.write_text(text, encoding="utf-8")
-            files.append(file)
+    def sum(self, *files):
         done = run("sum_results.py", *files)
         return done.returncode, done.stdout.splitlines()[-1]
 
-    def test_sums(self):
-        good = '<testsuite tests="7" failures="0" disabled="1" skipped="2"/>'
-        cases = (
-            ("good files", (good, good), (0, "8 passed, 0 failed")),
-            ("a failure", (good, '<testsuite tests="3" failures="2"/>'), (1, "5 passed, 2 failed")),
-            ("a missing file", (good, None), (1, "4 passed, 1 failed")),
-            ("no test at all", (good, '<testsuite tests="0" failures="0"/>'), (1, "4 passed, 1 failed")),
-            ("all left out", ('<testsuite tests="2" failures="0" skipped="2"/>',), (1, "0 passed, 1 failed")),
-        )
-        for what, texts, expected in cases:
-            with self.subTest(what):
-                self.assertEqual(self.sum(*texts), expected)
+    def test_what_did_not_run_is_a_failure(self):
+        cases = (('tests="7" failures="0" disabled="1" skipped="2"', (0, "8 passed, 0 failed")),
+                 ('tests="3" failures="2"', (1, "5 passed, 2 failed")),
+                 ('tests="0" failures="0"', (1, "4 passed, 1 failed")),
+                 ('tests="2" failures="0" skipped="2"', (1, "4 passed, 1 failed")))
+        first = self.folder / "0.xml"
+        for number, (numbers, expected) in enumerate(cases):
+            file = self.folder / f"{number}.xml"
+            file.write_text(f"<testsuite {numbers}/>", encoding="utf-8")
+            self.assertEqual(self.sum(first, file), expected)
+        self.assertEqual(self.sum(first, self.folder / "missing.xml"), (1, "4 passed, 1 failed"))
 
     def test_python_tests_are_counted_one_each_however_they_fail(self):
+        self.assertEqual(run("run_python_tests.py", self.folder, self.result).returncode, 1, "no tests")
         (self.folder / "test_mixed.py").write_text(MIXED, encoding="utf-8")
-        result = self.folder / "new" / "mixed.xml"
-        self.assertEqual(run("run_python_tests.py", self.folder, result).returncode, 1)
-        self.assertEqual(run("sum_results.py", result).stdout.splitlines()[-1], "1 passed, 3 failed")
-
-    def test_a_folder_without_tests_and_a_test_that_cannot_be_read_fail(self):
-        result = self.folder / "none.xml"
-        self.assertEqual(run("run_python_tests.py", self.folder, result).returncode, 1)
         (self.folder / "test_unreadable.py").write_text("import nothing_of_this_name\n", encoding="utf-8")
-        self.assertEqual(run("run_python_tests.py", self.folder, result).returncode, 1)
+        self.assertEqual(run("run_python_tests.py", self.folder, self.result).returncode, 1)
+        self.assertEqual(self.sum(self.result), (1, "1 passed, 4 failed"))
 
 
 if __name__ == "__main__":
