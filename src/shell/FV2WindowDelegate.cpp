@@ -159,7 +159,7 @@ void FV2WindowDelegate::willClose(FV2WindowController& controller) {
 void FV2WindowDelegate::moveToFront(std::vector<FV2Alert> alerts, bool withKeyboard) {
     FV2Window* const front = wndList.windowAt(wndList.count());
     std::erase_if(alerts, [this](const FV2Alert& alert) { return !isOpen(alert.about); });
-    if (front == nullptr || alerts.empty() || m_ending)
+    if (front == nullptr || alerts.empty() || m_closingAll)
         return;
     for (FV2Alert& alert : alerts)
         front->beginSheet(std::move(alert));
@@ -211,9 +211,10 @@ void FV2WindowDelegate::forgetPasswords() const {
 }
 
 void FV2WindowDelegate::closeAll() {
-    m_ending = true;
+    m_closingAll = true;
     for (const fv2Window kind : {fv2Window::Password_Encrypt, fv2Window::Password_Decrypt, fv2Window::Main})
         close(kind);
+    m_closingAll = false;
 }
 
 std::string FV2WindowDelegate::mainWindowDescription() const {

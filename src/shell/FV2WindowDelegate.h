@@ -86,7 +86,7 @@ private:
     std::shared_ptr<FV2PasswordWindowController> enterEncPasswordWindowController;
     std::shared_ptr<FV2PasswordWindowController> enterDecPasswordWindowController;
     bool m_anyWindowShown = false;
-    bool m_ending = false;
+    bool m_closingAll = false;
 };
 
 } // namespace fv2
