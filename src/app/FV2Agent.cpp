@@ -30,7 +30,7 @@ std::string text(std::string_view identifier) {
     return OxTranslatedString::translateOrMarkID(identifier).string();
 }
 
-constexpr std::chrono::seconds kLongestEnd{1};
+constexpr std::chrono::milliseconds kLongestEnd{700};
 
 std::string designPropertyList() {
     QFile file(QStringLiteral(":/design/design.plist"));

@@ -44,18 +44,19 @@ std::string workedOutPath() {
     return homeDirectory() + "/logs/mac-fv2-ui.log";
 }
 
-struct KindOwnerAndSize {
+struct Facts {
     mode_t mode;
     uid_t owner;
+    std::uint32_t names;
     off_t size;
 };
 
 //! Not by fstat: Linux 6.13 and later give a file whose times were asked for a new one at the next write, at a cost.
-std::optional<KindOwnerAndSize> kindOwnerAndSize(int fd) {
+std::optional<Facts> factsOf(int fd) {
     struct statx status {};
-    if (::statx(fd, "", AT_EMPTY_PATH, STATX_TYPE | STATX_UID | STATX_SIZE, &status) != 0)
+    if (::statx(fd, "", AT_EMPTY_PATH, STATX_TYPE | STATX_UID | STATX_NLINK | STATX_SIZE, &status) != 0)
         return std::nullopt;
-    return KindOwnerAndSize{status.stx_mode, status.stx_uid, static_cast<off_t>(status.stx_size)};
+    return Facts{status.stx_mode, status.stx_uid, status.stx_nlink, static_cast<off_t>(status.stx_size)};
 }
 
 std::size_t writeAll(int fd, std::string_view text) {
@@ -98,13 +99,13 @@ bool appendToLogFile(const std::string& path, std::string_view text) {
     const UniqueFd file(
         ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
     static const uid_t us = ::getuid();
-    const auto before = file ? kindOwnerAndSize(file.get()) : std::nullopt;
-    if (!before || !S_ISREG(before->mode) || before->owner != us)
+    const auto before = file ? factsOf(file.get()) : std::nullopt;
+    if (!before || !S_ISREG(before->mode) || before->owner != us || before->names > 1)
         return false;
     const std::size_t written = writeAll(file.get(), text);
     if (written == text.size())
         return true;
-    const auto after = kindOwnerAndSize(file.get());
+    const auto after = factsOf(file.get());
     const bool onlyOurs = after && after->size == before->size + static_cast<off_t>(written);
     if (written > 0 && onlyOurs)
         static_cast<void>(::ftruncate(file.get(), before->size) == 0);

@@ -19,8 +19,8 @@ void rememberLogFilePath();
 void outliveFileSizeLimit();
 
 //! Appends one whole text in one go: opens, writes, closes. A new file gets mode 0600; a link is not followed, and
-//! anything but a regular file of ours is refused. When the disk takes only a part, that part is taken back.
-//! False when the text is not in the file; the folder is never created.
+//! anything but a regular file of ours with this one name is refused. When the disk takes only a part, that part is
+//! taken back. False when the text is not in the file; the folder is never created.
 bool appendToLogFile(const std::string& path, std::string_view text);
 
 //! False when there was nothing that could be removed.

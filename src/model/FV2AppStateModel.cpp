@@ -98,6 +98,8 @@ void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bo
     logRelease("syncCommsAsync() in.");
     m_wantsNotifications |= source == fv2SyncSource::Moved;
     m_startupIsUnderWay |= source == fv2SyncSource::Startup;
+    if (source != fv2SyncSource::Service) // which needs no other sign that our socket is there
+        m_listener.rebindIfPathIsGone();
     m_refreshes.request({.checkAction = checkAction,
                          .source = source,
                          .alertOnFailure = alertOnFailure,

@@ -10,17 +10,39 @@
 
 namespace fv2 {
 
-std::string FV2InstanceLock::defaultPath() {
-    const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+namespace {
+
+bool isOurFolder(const std::string& path) {
     struct stat folder {};
-    if (runtime != nullptr && runtime[0] == '/' && ::stat(runtime, &folder) == 0 && S_ISDIR(folder.st_mode) &&
-        folder.st_uid == ::getuid())
-        return std::string(runtime) + "/fv2-agent.lock";
-    return "/tmp/ormfv2_ui_" + std::to_string(::getuid()) + ".lock";
+    return path.starts_with('/') && ::stat(path.c_str(), &folder) == 0 && S_ISDIR(folder.st_mode) &&
+           folder.st_uid == ::getuid();
+}
+
+std::string fromEnvironment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string() : value;
+}
+
+UniqueFd openLock(const std::string& path) {
+    UniqueFd file(::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!file && errno == EISDIR)
+        file.reset(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return file;
+}
+
+} // namespace
+
+std::string FV2InstanceLock::defaultPath() {
+    const std::string number = std::to_string(::getuid());
+    for (const std::string& folder : {fromEnvironment("XDG_RUNTIME_DIR"), "/run/user/" + number})
+        if (isOurFolder(folder))
+            return folder + "/fv2-agent.lock";
+    const std::string home = fromEnvironment("HOME");
+    return isOurFolder(home) ? home : "/tmp/ormfv2_ui_" + number + ".lock";
 }
 
 FV2InstanceLock::Attempt FV2InstanceLock::tryTake() {
-    UniqueFd file(::open(m_path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    UniqueFd file = openLock(m_path);
     struct stat status {};
     if (!file || ::fstat(file.get(), &status) != 0 || status.st_uid != ::getuid())
         return Attempt::Impossible;

@@ -11,8 +11,8 @@ namespace fv2 {
 //! At most one process of a user holds it; the kernel gives it back when that process ends, however it ends.
 class FV2InstanceLock {
 public:
-    //! "fv2-agent.lock" in $XDG_RUNTIME_DIR if that folder is there and ours, else beside the agent's socket in /tmp
-    //! under the user's number.
+    //! "fv2-agent.lock" in $XDG_RUNTIME_DIR or /run/user/<number>, the home folder itself, or a file in /tmp: the first
+    //! whose folder is there and ours. Only in /tmp can somebody else be first.
     [[nodiscard]] static std::string defaultPath();
 
     explicit FV2InstanceLock(std::string path = defaultPath())

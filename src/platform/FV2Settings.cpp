@@ -68,10 +68,12 @@ std::string takeLine(Said& said, std::string& section, std::string_view line) {
 //! The first mistake of a file, with its line if it has one; empty if there is none.
 std::string mistakeIn(const std::filesystem::path& path, Said& said) {
     struct stat facts {};
-    const bool isKnown = ::stat(path.c_str(), &facts) == 0;
+    struct stat folder {};
+    const bool isKnown = ::stat(path.c_str(), &facts) == 0 && ::stat(path.parent_path().c_str(), &folder) == 0;
     if (isKnown && !S_ISREG(facts.st_mode))
         return "not a file";
-    if (isKnown && ((facts.st_mode & S_IWOTH) != 0 || (facts.st_uid != 0 && facts.st_uid != ::getuid())))
+    if (isKnown &&
+        (((facts.st_mode | folder.st_mode) & S_IWOTH) != 0 || (facts.st_uid != 0 && facts.st_uid != ::getuid())))
         return "others can write to it";
     const std::optional<std::string> content = isKnown ? readSmallFile(path, kLongestSettings) : std::nullopt;
     if (!content)

@@ -17,7 +17,8 @@ namespace fv2 {
 //! process.
 class FV2UnixSignals {
 public:
-    //! From here on the signals no longer end the process; they are remembered until onTerminate() names a listener.
+    //! From here on the signals no longer end the process at once; they are remembered until onTerminate() names a
+    //! listener. What has not ended by itself 900 ms after one of them is ended, but for builds with a sanitizer.
     FV2UnixSignals();
 
     //! Raised by those signals; for waits before there is an event loop.

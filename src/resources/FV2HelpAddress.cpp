@@ -24,13 +24,16 @@ constexpr std::array<HelpLanguage, 25> kHelpLanguages{{
 
 constexpr std::string_view kEnglish = "1033";
 
+constexpr int kLargestPort = 65535;
+
 bool isHost(std::string_view host) {
     constexpr std::string_view allowed = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-";
     constexpr std::string_view digits = "0123456789";
     const std::string_view name = host.substr(0, host.find(':'));
     const std::string_view port = host.substr(std::min(name.size() + 1, host.size()));
     const bool portIsGood = name.size() == host.size() ||
-                            (!port.empty() && port.size() <= 5 && port.find_first_not_of(digits) == port.npos);
+                            (!port.empty() && port.size() <= 5 && port.find_first_not_of(digits) == port.npos &&
+                             std::stoi(std::string(port)) <= kLargestPort);
     return !name.empty() && name.front() != '-' && name.front() != '.' &&
            name.find_first_not_of(allowed) == name.npos && portIsGood;
 }

@@ -42,7 +42,8 @@ bool FV2DuplicateInstance::findAndHandOver() {
             return true;
         if (deadline.passed()) {
             m_isUnreachable = true;
-            std::cerr << "fv2-agent: another copy runs but does not answer; ending without it\n";
+            std::cerr
+                << "fv2-agent: another copy runs and does not answer on its socket; asking it over the session bus\n";
             return true;
         }
         if (m_stop->waitFor(-1, 0, Deadline(kPause)) == fv2Wait::Stopped)

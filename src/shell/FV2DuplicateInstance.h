@@ -16,7 +16,7 @@ class FV2DuplicateInstance {
 public:
     //! Raising `stop` ends the search at once.
     explicit FV2DuplicateInstance(std::shared_ptr<const StopSignal> stop,
-                                  std::chrono::milliseconds patience = std::chrono::seconds(5))
+                                  std::chrono::milliseconds patience = std::chrono::seconds(2))
         : m_stop(std::move(stop))
         , m_patience(patience) {}
 
