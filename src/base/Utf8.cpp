@@ -48,11 +48,11 @@ CodePoint firstCodePoint(std::string_view text) {
     return value < smallest[length] || surrogate || value > 0x10FFFF ? CodePoint{0, 0} : CodePoint{value, length};
 }
 
-bool isNeverShown(std::uint32_t value) {
-    if (value >= 0x20 && value < 0x7F)
+bool isNeverShown(std::uint32_t codePoint) {
+    if (codePoint >= 0x20 && codePoint < 0x7F)
         return false; // nearly all
-    return std::ranges::any_of(kNeverShown,
-                               [value](const Range& range) { return range.first <= value && value <= range.last; });
+    return std::ranges::any_of(
+        kNeverShown, [codePoint](const Range& range) { return range.first <= codePoint && codePoint <= range.last; });
 }
 
 std::string readableText(std::string_view text) {

@@ -63,7 +63,7 @@ void FV2RefreshCycle::start(Lane& lane, const FV2RefreshOrder& order) {
         logRelease("syncCommsAsync -> calling syncCommsDirect()");
         logRelease("syncCommsDirect() in");
         Answer answer;
-        Token& token = answer.token.emplace();
+        Token& token = answer.token.emplace(Token{});
         token.number = ++*counter;
         const std::string tokenReply = service.exchange(getTokenRequest(uid));
         token.answered = !tokenReply.empty();
