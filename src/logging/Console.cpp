@@ -14,6 +14,13 @@
 
 namespace fv2 {
 
+namespace {
+
+//! So that not every line waits.
+constexpr std::chrono::milliseconds kPause{100};
+
+} // namespace
+
 void Console::write(std::string_view line) {
     if (m_kind == Kind::Unknown)
         lookAtIt();
@@ -48,7 +55,7 @@ void Console::lookAtIt() {
     m_kind = m_own ? Kind::Own : Kind::Foreign;
 }
 
-void Console::writeFrom(std::string_view& text) const {
+void Console::writeFrom(std::string_view& text) {
     while (!text.empty() && hasRoom()) {
         const ssize_t written = writeOnce(text);
         if (written > 0)
@@ -62,18 +69,23 @@ void Console::writeFrom(std::string_view& text) const {
 bool Console::hasRoom() const {
     if (m_kind == Kind::Plain || m_kind == Kind::Socket)
         return true;
+    if (m_pause && !m_pause->passed())
+        return false;
     pollfd console{STDOUT_FILENO, POLLOUT, 0};
     return ::poll(&console, 1, 0) == 1 && console.revents == POLLOUT;
 }
 
-ssize_t Console::writeOnce(std::string_view text) const {
+ssize_t Console::writeOnce(std::string_view text) {
     if (m_kind == Kind::Socket)
         return ::send(STDOUT_FILENO, text.data(), text.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     if (m_kind != Kind::Foreign)
         return ::write(m_own ? m_own.get() : STDOUT_FILENO, text.data(), text.size());
     // A pipe that has room takes so much at once; a terminal, or a pipe that others fill too, may wait all the same.
     const ThreadAlarm alarm;
-    return ::write(STDOUT_FILENO, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
+    const ssize_t written = ::write(STDOUT_FILENO, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
+    if (written < 0 && errno == EINTR)
+        m_pause = Deadline(kPause);
+    return written;
 }
 
 } // namespace fv2

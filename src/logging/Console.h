@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "base/Deadline.h"
 #include "base/UniqueFd.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
@@ -26,14 +28,15 @@ private:
     void lookAtIt();
     [[nodiscard]] bool hasRoom() const;
     //! As write(), but never waits for longer than a moment.
-    ssize_t writeOnce(std::string_view text) const;
+    ssize_t writeOnce(std::string_view text);
     //! Removes what could be written from the text's beginning.
-    void writeFrom(std::string_view& text) const;
+    void writeFrom(std::string_view& text);
 
     Kind m_kind = Kind::Unknown;
     UniqueFd m_own;     //!< a description of our own: not to wait is nobody else's wish
     std::string m_rest; //!< of a line that has been written in part
     unsigned long m_dropped = 0;
+    std::optional<Deadline> m_pause; //!< after a write that had to be interrupted
 };
 
 } // namespace fv2
