@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static int count = 1;
     static std::array<char*, 1> arguments{};
     static const auto* const application = new QApplication(count, arguments.data()); // outlives the fuzzer's exit()
-    static test::Desk desk;
+    test::Desk desk; // a new one: refreshes of one model merge
     static auto& view = *new StatusMessageItemTextAndLink;
     constexpr std::size_t longest = 1024; // as the application's own texts
     if (size < 4 || size > longest || application == nullptr)
