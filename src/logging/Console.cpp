@@ -4,13 +4,13 @@
 
 #include "base/ThreadAlarm.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <utility>
 
 namespace fv2 {
 
@@ -82,8 +82,10 @@ ssize_t Console::writeOnce(std::string_view text) {
         return ::write(m_own ? m_own.get() : STDOUT_FILENO, text.data(), text.size());
     // A pipe that has room takes so much at once; a terminal, or a pipe that others fill too, may wait all the same.
     const ThreadAlarm alarm;
-    const ssize_t written = ::write(STDOUT_FILENO, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
-    if (written < 0 && errno == EINTR)
+    text = text.substr(0, PIPE_BUF);
+    const ssize_t written = ::write(STDOUT_FILENO, text.data(), text.size());
+    const bool interrupted = written < 0 ? errno == EINTR : std::cmp_less(written, text.size());
+    if (interrupted)
         m_pause = Deadline(kPause);
     return written;
 }

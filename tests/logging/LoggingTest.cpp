@@ -98,7 +98,7 @@ TEST(FV2Logging, WritesValuesAsTheyAreOnOneLineAndItsTerminatorToTheFileAlone) {
 
 //! How many lines `text` accounts for, those that it calls dropped among them; -1 when it has something else in it.
 int linesIn(const std::string& text) {
-    const std::regex whole(R"(\d\) \S+ \[release\] x+ )");
+    const std::regex whole(R"(\d+\) \S+ \[release\] x+ )");
     int all = 0;
     std::istringstream lines(text.substr(0, text.rfind('\n') + 1));
     for (std::string line; std::getline(lines, line);) {
