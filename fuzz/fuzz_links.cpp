@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Require.h"
 #include "model/Fakes.h"
-#include "screens/StatusMessageItemTextAndLink.h"
+#include "screens/status/StatusMessageItemTextAndLink.h"
 
 #include <QApplication>
 #include <QDesktopServices>

@@ -27,7 +27,7 @@ const std::vector<Commands::Verb>& Commands::verbs() {
     return all;
 }
 
-Commands::Commands(Simulation& simulation, Surroundings surroundings)
+Commands::Commands(Simulation& simulation, Ports surroundings)
     : m_simulation(simulation)
     , m_around(std::move(surroundings)) {
 }

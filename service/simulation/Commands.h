@@ -15,14 +15,14 @@ namespace fv2::service {
 //! The operator's lines: the settings, and the few that do more than set a value.
 class Commands {
 public:
-    struct Surroundings {
+    struct Ports {
         std::vector<std::filesystem::path> scenarioFolders;
         Report report;
         std::function<void()> notify;
         std::function<void()> quit;
     };
 
-    Commands(Simulation& simulation, Surroundings surroundings);
+    Commands(Simulation& simulation, Ports surroundings);
 
     //! Carries out one line; an empty one is nothing. What went wrong is reported in one line, and then nothing
     //! changed.
@@ -40,7 +40,7 @@ private:
     static const std::vector<Verb>& verbs();
 
     Simulation& m_simulation;
-    Surroundings m_around;
+    Ports m_around;
 };
 
 } // namespace fv2::service

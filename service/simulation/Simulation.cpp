@@ -20,7 +20,7 @@ bool blocksSync(std::int64_t state) {
 
 } // namespace
 
-Simulation::Simulation(Surroundings surroundings)
+Simulation::Simulation(Ports surroundings)
     : m_around(std::move(surroundings)) {
 }
 

@@ -18,7 +18,7 @@ class Simulation final : public Engine {
 public:
     using TimePoint = Deadline::Clock::time_point;
 
-    struct Surroundings {
+    struct Ports {
         std::function<TimePoint()> now;
         std::function<std::int64_t()> epochSeconds;
         Report report;
@@ -26,7 +26,7 @@ public:
         std::function<void()> quit;    //!< a scenario that ends the service is over
     };
 
-    explicit Simulation(Surroundings surroundings);
+    explicit Simulation(Ports surroundings);
 
     EngineStatus status() const override { return m_values.status; }
     EngineOutcome startSync() override;
@@ -60,7 +60,7 @@ private:
     [[nodiscard]] const ScenarioStep& step() const { return m_scenario->steps[m_step]; }
     [[nodiscard]] TimePoint rampTime() const;
 
-    Surroundings m_around;
+    Ports m_around;
     Values m_values;
     Values m_told;
     bool m_syncUntold = false; //!< a request has started one

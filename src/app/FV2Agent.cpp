@@ -71,17 +71,16 @@ std::shared_ptr<FV2AppStateModel> FV2Agent::makeModel() {
     OxTranslatedString::setApplicationBundle(m_strings);
     NxDesign::setResource(designPropertyList);
     return std::make_shared<FV2AppStateModel>(
-        FV2AppStateModel::Surroundings{
-            .dispatch = m_dispatch,
-            .timers = m_timers,
-            .service = m_service,
-            .strings = m_strings,
-            .mediumDate = mediumDate,
-            .computerName = computerName(),
-            .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
-            .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
-            .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
-            .passwords = &m_passwords},
+        FV2AppStateModel::Ports{.dispatch = m_dispatch,
+                                .timers = m_timers,
+                                .service = m_service,
+                                .strings = m_strings,
+                                .mediumDate = mediumDate,
+                                .computerName = computerName(),
+                                .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
+                                .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
+                                .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
+                                .passwords = &m_passwords},
         ::getuid());
 }
 
@@ -134,7 +133,7 @@ void FV2Agent::onAppearanceChanged() {
 int FV2Agent::run(bool showWindow) {
     m_delegate.applicationDidFinishLaunching(showWindow || launchedByFileManager());
     const int status = m_application.exec();
-    m_passwords.hurry();
+    m_passwords.stopWaiting();
     // Exchanges have been cut short; a module of PAM may block for as long as it likes.
     if (!m_dispatch.finish(Deadline(kLongestEnd))) {
         log(FV2LoggingLevel::error, {"The password check does not end; ending without it"});

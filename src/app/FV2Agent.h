@@ -4,7 +4,7 @@
 
 #include "app/FV2Application.h"
 #include "model/FV2AppStateModel.h"
-#include "model/FV2SocketServiceLink.h"
+#include "model/FV2SocketServiceClient.h"
 #include "platform/FV2Appearance.h"
 #include "platform/FV2DesktopActivation.h"
 #include "platform/FV2DesktopDispatch.h"
@@ -44,7 +44,7 @@ private:
     FV2TrayItem m_trayItem;
     FV2StatusMenu m_menu;
     FV2QtTimerService m_timers;
-    FV2SocketServiceLink m_service{m_settings.credentialsToRootOnly};
+    FV2SocketServiceClient m_service{m_settings.credentialsToRootOnly};
     FV2PamPassword m_passwords;
     FV2DesktopDispatch m_dispatch;
     FV2Appearance m_appearance;

@@ -4,9 +4,9 @@
 
 namespace fv2 {
 
-FV2AppSocketComms::FV2AppSocketComms(std::shared_ptr<const StopSignal> stop, CommsPatience patience)
+FV2AppSocketComms::FV2AppSocketComms(std::shared_ptr<const StopSignal> stop, CommsTimeouts timeouts)
     : FV2SocketCommsBase("FV2AppSocketComms", "/tmp/ormfv2_ui_" + std::to_string(::getuid()) + ".sock",
-                         PeerPolicy::rootOrSelf(), std::move(stop), patience) {
+                         PeerPolicy::rootOrSelf(), std::move(stop), timeouts) {
 }
 
 } // namespace fv2

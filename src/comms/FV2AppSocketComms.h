@@ -10,7 +10,7 @@ namespace fv2 {
 class FV2AppSocketComms final : public FV2SocketCommsBase {
 public:
     explicit FV2AppSocketComms(std::shared_ptr<const StopSignal> stop = std::make_shared<const StopSignal>(),
-                               CommsPatience patience = {});
+                               CommsTimeouts timeouts = {});
 };
 
 } // namespace fv2

@@ -6,9 +6,9 @@
 
 namespace fv2 {
 
-FV2ServiceSocketComms::FV2ServiceSocketComms(std::shared_ptr<const StopSignal> stop, CommsPatience patience,
+FV2ServiceSocketComms::FV2ServiceSocketComms(std::shared_ptr<const StopSignal> stop, CommsTimeouts timeouts,
                                              PeerPolicy trusted)
-    : FV2SocketCommsBase("FV2ServiceSocketComms", "/tmp/orm_ui.sock", std::move(trusted), std::move(stop), patience) {
+    : FV2SocketCommsBase("FV2ServiceSocketComms", "/tmp/orm_ui.sock", std::move(trusted), std::move(stop), timeouts) {
     logTrace("FV2_UI_ONLY");
     logTrace("FV2_ORM_ONLY");
 }

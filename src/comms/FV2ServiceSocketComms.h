@@ -10,7 +10,7 @@ namespace fv2 {
 class FV2ServiceSocketComms final : public FV2SocketCommsBase {
 public:
     //! Raising `stop` ends an exchange under way.
-    explicit FV2ServiceSocketComms(std::shared_ptr<const StopSignal> stop, CommsPatience patience = {},
+    explicit FV2ServiceSocketComms(std::shared_ptr<const StopSignal> stop, CommsTimeouts timeouts = {},
                                    PeerPolicy trusted = PeerPolicy::rootOrSelf());
 };
 

@@ -29,11 +29,11 @@ ssize_t receiveGuarded(int descriptor, std::array<char, MessageReader::chunkSize
 } // namespace
 
 FV2SocketCommsBase::FV2SocketCommsBase(std::string_view className, std::string path, PeerPolicy trusted,
-                                       std::shared_ptr<const StopSignal> stop, CommsPatience patience)
+                                       std::shared_ptr<const StopSignal> stop, CommsTimeouts timeouts)
     : m_path(std::move(path))
     , m_description(std::string(className) + "(" + m_path + ")")
     , m_trusted(std::move(trusted))
-    , m_patience(patience)
+    , m_timeouts(timeouts)
     , m_stop(std::move(stop))
     , m_incoming(m_trusted) {
     sockAddrUn.sun_family = AF_UNIX;
@@ -56,7 +56,7 @@ void FV2SocketCommsBase::closeSocket() {
 }
 
 bool FV2SocketCommsBase::createConnection() {
-    return connectWithin(Deadline(m_patience.perAttempt));
+    return connectWithin(Deadline(m_timeouts.perAttempt));
 }
 
 bool FV2SocketCommsBase::connectWithin(const Deadline& deadline) {
@@ -88,7 +88,7 @@ bool FV2SocketCommsBase::refusesStranger(std::optional<uid_t> uid) {
 }
 
 std::string FV2SocketCommsBase::sendAndReceive(std::string_view text) {
-    for (int attempt = 1; attempt <= m_patience.attempts && !text.empty() && !m_stop->isRaised(); ++attempt) {
+    for (int attempt = 1; attempt <= m_timeouts.attempts && !text.empty() && !m_stop->isRaised(); ++attempt) {
         std::string reply = exchangeOnce(text);
         if (!reply.empty())
             return reply;
@@ -101,7 +101,7 @@ std::string FV2SocketCommsBase::sendAndReceive(std::string_view text) {
 }
 
 std::string FV2SocketCommsBase::exchangeOnce(std::string_view text) {
-    const Deadline deadline(m_patience.perAttempt);
+    const Deadline deadline(m_timeouts.perAttempt);
     if (!connectWithin(deadline)) {
         logTrace("sendAndReceive - createConnection failed.");
         return {};

@@ -19,7 +19,7 @@
 namespace fv2 {
 
 //! How long a client goes on trying.
-struct CommsPatience {
+struct CommsTimeouts {
     int attempts = 5;
     std::chrono::milliseconds perAttempt{10'000};
 };
@@ -77,7 +77,7 @@ public:
 
 protected:
     FV2SocketCommsBase(std::string_view className, std::string path, PeerPolicy trusted,
-                       std::shared_ptr<const StopSignal> stop, CommsPatience patience);
+                       std::shared_ptr<const StopSignal> stop, CommsTimeouts timeouts);
 
 private:
     struct FileId {
@@ -99,7 +99,7 @@ private:
     std::string m_path;
     std::string m_description;
     PeerPolicy m_trusted;
-    CommsPatience m_patience;
+    CommsTimeouts m_timeouts;
     std::shared_ptr<const StopSignal> m_stop;
     bool m_metStranger = false;
     IncomingConnections m_incoming;

@@ -20,23 +20,22 @@ constexpr std::chrono::minutes kHeartbeat{10};
 
 } // namespace
 
-FV2AppStateModel::FV2AppStateModel(Surroundings surroundings, std::int64_t userId)
-    : m_outside(std::move(surroundings))
-    , m_state(m_outside.strings, userId, m_outside.computerName)
-    , jsonParser(m_outside.strings, m_outside.mediumDate)
-    , m_refreshes(m_outside.dispatch, m_outside.timers, m_outside.service, userId, m_owner, refreshEvents())
-    , m_showGate(m_outside.timers, 1,
+FV2AppStateModel::FV2AppStateModel(Ports ports, std::int64_t userId)
+    : m_ports(std::move(ports))
+    , m_state(m_ports.strings, userId, m_ports.computerName)
+    , jsonParser(m_ports.strings, m_ports.mediumDate)
+    , m_refreshes(m_ports.dispatch, m_ports.timers, m_ports.service, userId, m_owner, refreshEvents())
+    , m_showGate(m_ports.timers, 1,
                  [this] {
                      m_showIsWanted = false;
                      m_appDelegate->menuShowMainWindow();
                      m_showGate.finished();
                  })
-    , m_prompt(promptOutside())
-    , m_listener(
-          m_outside.makeAppSocket(), backgroundThreadSemaphore,
-          {.received = [this](fv2JsonCommand command) { onNotification(command); },
-           .bound = [this](bool bound) { m_outside.dispatch.toMain(guarded([this, bound] { onBound(bound); })); }},
-          m_outside.bindAgainAfter) {
+    , m_prompt(promptPorts())
+    , m_listener(m_ports.makeAppSocket(), backgroundThreadSemaphore,
+                 {.received = [this](fv2JsonCommand command) { onNotification(command); },
+                  .bound = [this](bool bound) { m_ports.dispatch.toMain(guarded([this, bound] { onBound(bound); })); }},
+                 m_ports.bindAgainAfter) {
 }
 
 FV2AppStateModel::~FV2AppStateModel() = default;
@@ -61,11 +60,11 @@ void FV2AppStateModel::stopBackgroundThread() {
 void FV2AppStateModel::onNotification(fv2JsonCommand command) {
     if (command == fv2JsonCommand::Show) {
         if (!m_showIsWanted.exchange(true))
-            m_outside.dispatch.toMain(guarded([this] { m_showGate.request(); }));
+            m_ports.dispatch.toMain(guarded([this] { m_showGate.request(); }));
     } else if (!m_refreshIsWanted.exchange(true)) {
         // A worker can begin while main is still waking up.
         const bool started = m_refreshes.tryToStartPushed();
-        m_outside.dispatch.toMain(guarded([this, started] {
+        m_ports.dispatch.toMain(guarded([this, started] {
             logRelease("syncCommsAsync() in.");
             if (!started)
                 m_refreshes.request({.checkAction = true, .source = fv2SyncSource::Service, .pushed = true});
@@ -152,7 +151,7 @@ fv2SyncSource FV2AppStateModel::effectiveSource(const FV2RefreshOrder& order) {
 
 void FV2AppStateModel::scheduleUnpromptedRefresh(bool serviceAnswers) {
     const bool expected = serviceAnswers && m_notificationsArrive && !m_state.commsToken.empty();
-    m_unpromptedRefresh = m_outside.timers.after(expected ? kHeartbeat : kUnpromptedRefresh, [this] {
+    m_unpromptedRefresh = m_ports.timers.after(expected ? kHeartbeat : kUnpromptedRefresh, [this] {
         m_unpromptedRefresh.reset();
         m_listener.rebindIfPathIsGone();
         refreshUnprompted(false);
@@ -177,13 +176,13 @@ void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure)
         m_state.syncORMUserInitiated = true;
         m_state.syncORMUserInitiatedAction = m_state.lastActionStored;
     }
-    auto job = [&service = m_outside.service, request = proxySyncRequest(m_state.userID, m_state.commsToken)] {
+    auto job = [&service = m_ports.service, request = proxySyncRequest(m_state.userID, m_state.commsToken)] {
         logRelease("Syncing proxy.");
         const CommandResult result = genericResult(service.exchange(request), fv2Alert::FailedProxySync);
         logRelease("syncProxyAsync() syncProxy() done.");
         return result;
     };
-    m_outside.dispatch.run(m_owner, std::move(job), [this, source, alertOnFailure](const CommandResult& result) {
+    m_ports.dispatch.run(m_owner, std::move(job), [this, source, alertOnFailure](const CommandResult& result) {
         finishProxySync(source, alertOnFailure, result);
     });
     logRelease("syncProxyAsync() out.");
@@ -212,8 +211,8 @@ void FV2AppStateModel::unsubscribeFromNotifications() {
 }
 
 void FV2AppStateModel::sendUnsubscribe() {
-    m_outside.dispatch.toWorker(
-        [&service = m_outside.service, request = unsubscribeRequest(m_state.userID, m_state.commsToken)] {
+    m_ports.dispatch.toWorker(
+        [&service = m_ports.service, request = unsubscribeRequest(m_state.userID, m_state.commsToken)] {
             static_cast<void>(service.exchange(request));
         });
 }
@@ -221,15 +220,15 @@ void FV2AppStateModel::sendUnsubscribe() {
 void FV2AppStateModel::unsubscribeAtExit() {
     logRelease("Unsubscribe from notifications.");
     m_alive.reset();
-    m_outside.service.cancel();
-    m_outside.dispatch.toWorker(
-        [&service = m_outside.service, request = unsubscribeRequest(m_state.userID, m_state.commsToken)] {
+    m_ports.service.cancel();
+    m_ports.dispatch.toWorker(
+        [&service = m_ports.service, request = unsubscribeRequest(m_state.userID, m_state.commsToken)] {
             static_cast<void>(service.farewell(request));
         });
 }
 
 bool FV2AppStateModel::IsDNDMode() const {
-    const bool disturbs = m_outside.doNotDisturb();
+    const bool disturbs = m_ports.doNotDisturb();
     logRelease("IsDNDMode() returning ", disturbs);
     return disturbs;
 }

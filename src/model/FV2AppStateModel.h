@@ -5,7 +5,7 @@
 #include "base/CountingSemaphore.h"
 #include "model/FV2AppState.h"
 #include "model/FV2JsonParserORM.h"
-#include "model/FV2ModelSurroundings.h"
+#include "model/FV2ModelPorts.h"
 #include "model/FV2NotificationListener.h"
 #include "model/FV2PasswordPrompt.h"
 #include "model/FV2RefreshCycle.h"
@@ -25,9 +25,9 @@ namespace fv2 {
 //! only: workers and the listener get copies of what they need and hand values back.
 class FV2AppStateModel {
 public:
-    using Surroundings = FV2ModelSurroundings;
+    using Ports = FV2ModelPorts;
 
-    FV2AppStateModel(Surroundings surroundings, std::int64_t userId);
+    FV2AppStateModel(Ports ports, std::int64_t userId);
     ~FV2AppStateModel();
     FV2AppStateModel(const FV2AppStateModel&) = delete;
     FV2AppStateModel& operator=(const FV2AppStateModel&) = delete;
@@ -97,7 +97,7 @@ public:
 
 private:
     [[nodiscard]] FV2RefreshCycle::Events refreshEvents();
-    [[nodiscard]] FV2PasswordPrompt::Outside promptOutside();
+    [[nodiscard]] FV2PasswordPrompt::Ports promptPorts();
     void finishRefresh(const FV2RefreshOrder& order, const DecodedStatus& status, bool counts);
     void refreshUnprompted(bool alertOnFailure);
     void openPasswordWindow(fv2Window kind, bool userInitiated);
@@ -114,7 +114,7 @@ private:
     [[nodiscard]] bool isMainWindowOpen() const;
     [[nodiscard]] std::function<void()> guarded(std::function<void()> job) const;
 
-    Surroundings m_outside;
+    Ports m_ports;
     FV2ApplicationDelegate* m_appDelegate = nullptr;
     FV2WindowRegistry* m_wndDelegate = nullptr;
     std::unique_ptr<FV2AppConfigModel> m_appConfigModel;

@@ -60,17 +60,17 @@ void FV2AppStateModel::openPasswordWindow(fv2Window kind, bool userInitiated) {
         m_prompt.ask(kind);
 }
 
-FV2PasswordPrompt::Outside FV2AppStateModel::promptOutside() {
+FV2PasswordPrompt::Ports FV2AppStateModel::promptPorts() {
     return {
-        .timers = m_outside.timers,
+        .timers = m_ports.timers,
         .wish = [this](fv2Window kind) { return passwordWish(kind); },
         .open =
             [this](fv2Window kind) {
                 m_wndDelegate->openWindow(kind, false);
                 return m_wndDelegate->isOpen(kind);
             },
-        .doNotDisturb = [this] { return m_outside.doNotDisturb(); },
-        .whenQuietIsKnown = [this](std::function<void()> job) { m_outside.whenQuietIsKnown(guarded(std::move(job))); }};
+        .doNotDisturb = [this] { return m_ports.doNotDisturb(); },
+        .whenQuietIsKnown = [this](std::function<void()> job) { m_ports.whenQuietIsKnown(guarded(std::move(job))); }};
 }
 
 FV2PasswordPrompt::Wish FV2AppStateModel::passwordWish(fv2Window kind) const {
@@ -85,7 +85,7 @@ FV2PasswordPrompt::Wish FV2AppStateModel::passwordWish(fv2Window kind) const {
 void FV2AppStateModel::syncProxyUnasked() {
     if (!m_wantsNotifications || proxySyncSemaphore.count() == 0)
         return;
-    const auto now = m_outside.timers.now();
+    const auto now = m_ports.timers.now();
     const auto next = m_lastUnaskedSync ? *m_lastUnaskedSync + kUnaskedSyncPause : now;
     if (now >= next) {
         m_lastUnaskedSync = now;
@@ -93,7 +93,7 @@ void FV2AppStateModel::syncProxyUnasked() {
         return;
     }
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - now);
-    m_nextUnaskedSync = m_outside.timers.after(left, [this] {
+    m_nextUnaskedSync = m_ports.timers.after(left, [this] {
         m_nextUnaskedSync.reset();
         if (!isMainWindowOpen() && m_state.lastActionStored == fv2AppCommand::ProxySync_ORM)
             syncProxyUnasked();
@@ -109,7 +109,7 @@ void FV2AppStateModel::doAlert(fv2Window window, std::uint64_t errorCode, fv2Ale
         return;
     }
     const fv2Window postponed = row->postpones;
-    m_wndDelegate->showAlert(window, alertContent(*row, errorCode, m_outside.strings), guarded([this, postponed] {
+    m_wndDelegate->showAlert(window, alertContent(*row, errorCode, m_ports.strings), guarded([this, postponed] {
                                  if (postponed != fv2Window::None && m_wndDelegate->isOpen(postponed))
                                      m_wndDelegate->confirmPostponement(postponed);
                              }));
@@ -127,9 +127,9 @@ void FV2AppStateModel::verifyPassword(const std::string& userName, std::shared_p
         done(fv2PasswordCheck::CannotCheck);
         return;
     }
-    m_outside.dispatch.run(
+    m_ports.dispatch.run(
         m_owner,
-        [passwords = m_outside.passwords, userName, password = std::move(password)] {
+        [passwords = m_ports.passwords, userName, password = std::move(password)] {
             return passwords->verifyPassword(userName, *password);
         },
         [this, done = std::move(done)](fv2PasswordCheck result) {
@@ -146,7 +146,7 @@ void FV2AppStateModel::setUserCredentials(const std::string& userName, std::shar
         refreshUnprompted(false);
         return;
     }
-    auto job = [&service = m_outside.service, uid = m_state.userID, token = m_state.commsToken, userName,
+    auto job = [&service = m_ports.service, uid = m_state.userID, token = m_state.commsToken, userName,
                 password = std::move(password)] {
         SecretText request =
             jsonSetPWCommand{.uid = uid, .token = token, .parameters = {userName, password->text()}}.encoded();
@@ -155,7 +155,7 @@ void FV2AppStateModel::setUserCredentials(const std::string& userName, std::shar
         request.wipe();
         return genericResult(answer, fv2Alert::FailPassword);
     };
-    m_outside.dispatch.run(m_owner, std::move(job), [this, done = std::move(done)](const CommandResult& result) {
+    m_ports.dispatch.run(m_owner, std::move(job), [this, done = std::move(done)](const CommandResult& result) {
         done(result);
         if (result.alert == fv2Alert::FailPassword)
             refreshUnprompted(false); // the service may have forgotten our token

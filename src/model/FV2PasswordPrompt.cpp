@@ -15,7 +15,7 @@ constexpr std::chrono::minutes kLookAgain{1};
 } // namespace
 
 void FV2PasswordPrompt::ask(fv2Window kind) {
-    m_outside.whenQuietIsKnown([this, kind] { askNow(kind); });
+    m_ports.whenQuietIsKnown([this, kind] { askNow(kind); });
 }
 
 void FV2PasswordPrompt::askNow(fv2Window kind) {
@@ -27,17 +27,17 @@ void FV2PasswordPrompt::askNow(fv2Window kind) {
     m_waiting = kind;
     passwordDialogPostponeTimer.reset();
     // Beside another window the user has read what is asked for, and it need not come later.
-    if (!isDone && (m_outside.wish(kind) == Wish::NotNow || m_outside.doNotDisturb()))
+    if (!isDone && (m_ports.wish(kind) == Wish::NotNow || m_ports.doNotDisturb()))
         waitFor(kLookAgain);
 }
 
 bool FV2PasswordPrompt::tryToOpen(fv2Window kind) {
-    const Wish wish = m_outside.wish(kind);
-    return wish == Wish::NotWanted || (wish == Wish::Wanted && m_outside.open(kind));
+    const Wish wish = m_ports.wish(kind);
+    return wish == Wish::NotWanted || (wish == Wish::Wanted && m_ports.open(kind));
 }
 
 void FV2PasswordPrompt::dropUnwanted() {
-    if (m_outside.wish(m_waiting) != Wish::NotWanted)
+    if (m_ports.wish(m_waiting) != Wish::NotWanted)
         return;
     m_postponed = false;
     passwordDialogPostponeTimer.reset();
@@ -52,7 +52,7 @@ void FV2PasswordPrompt::postpone(fv2Window kind, std::int64_t minutes) {
 }
 
 void FV2PasswordPrompt::waitFor(std::chrono::minutes delay) {
-    passwordDialogPostponeTimer = m_outside.timers.after(delay, [this] {
+    passwordDialogPostponeTimer = m_ports.timers.after(delay, [this] {
         passwordDialogPostponeTimer.reset();
         m_postponed = false;
         if (!tryToOpen(m_waiting))

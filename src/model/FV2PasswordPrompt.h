@@ -22,7 +22,7 @@ public:
     };
 
     //! What the prompt asks of its owner.
-    struct Outside {
+    struct Ports {
         FV2TimerService& timers;
         std::function<Wish(fv2Window)> wish;
         //! Opens the window unless something speaks against it; whether it is open now.
@@ -32,8 +32,8 @@ public:
         std::function<void(std::function<void()>)> whenQuietIsKnown;
     };
 
-    explicit FV2PasswordPrompt(Outside outside)
-        : m_outside(std::move(outside)) {}
+    explicit FV2PasswordPrompt(Ports ports)
+        : m_ports(std::move(ports)) {}
 
     //! The service has begun to ask for this password. Nothing while the window of that kind is postponed; where the
     //! desktop asks for silence, the window opens once that is over.
@@ -52,7 +52,7 @@ private:
     bool tryToOpen(fv2Window kind);
     void waitFor(std::chrono::minutes delay);
 
-    const Outside m_outside;
+    const Ports m_ports;
     fv2Window m_waiting = fv2Window::None;
     bool m_postponed = false; //!< by the user, whose time is not over
     std::unique_ptr<FV2Timer> passwordDialogPostponeTimer;

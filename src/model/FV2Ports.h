@@ -56,9 +56,9 @@ public:
 };
 
 //! The way to the service. All but cancel() block and run on workers, several at once; cancel() on any thread.
-class FV2ServiceLink {
+class FV2ServiceClient {
 public:
-    virtual ~FV2ServiceLink() = default;
+    virtual ~FV2ServiceClient() = default;
 
     //! One request with all its retries; the reply is empty when it failed.
     [[nodiscard]] virtual std::string exchange(std::string_view request) = 0;

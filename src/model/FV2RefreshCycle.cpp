@@ -14,11 +14,11 @@ namespace {
 
 //! How many refreshes of each source run at a time, in the order of the sources. A notification need not wait for one
 //! that hangs; what nobody waits for leaves workers to what the user does.
-constexpr std::array<int, 5> kMostAtATime{1, 1, 2, 1, 1};
+constexpr std::array<int, 5> kMaxConcurrent{1, 1, 2, 1, 1};
 
 } // namespace
 
-FV2RefreshCycle::FV2RefreshCycle(FV2Dispatch& dispatch, FV2TimerService& timers, FV2ServiceLink& service,
+FV2RefreshCycle::FV2RefreshCycle(FV2Dispatch& dispatch, FV2TimerService& timers, FV2ServiceClient& service,
                                  std::int64_t userId, std::weak_ptr<const void> owner, Events events)
     : m_dispatch(dispatch)
     , m_service(service)
@@ -28,7 +28,7 @@ FV2RefreshCycle::FV2RefreshCycle(FV2Dispatch& dispatch, FV2TimerService& timers,
     for (std::size_t source = 0; source < m_lanes.size(); ++source) {
         Lane& lane = m_lanes[source];
         lane.waiting.source = static_cast<fv2SyncSource>(source);
-        lane.gate = std::make_unique<FV2RefreshGate>(timers, kMostAtATime[source], [this, &lane] {
+        lane.gate = std::make_unique<FV2RefreshGate>(timers, kMaxConcurrent[source], [this, &lane] {
             start(lane, std::exchange(lane.waiting, {.source = lane.waiting.source}));
         });
     }

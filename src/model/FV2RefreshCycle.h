@@ -42,7 +42,7 @@ public:
     };
 
     //! All references outlive this object and the workers.
-    FV2RefreshCycle(FV2Dispatch& dispatch, FV2TimerService& timers, FV2ServiceLink& service, std::int64_t userId,
+    FV2RefreshCycle(FV2Dispatch& dispatch, FV2TimerService& timers, FV2ServiceClient& service, std::int64_t userId,
                     std::weak_ptr<const void> owner, Events events);
 
     void request(const FV2RefreshOrder& order);
@@ -80,7 +80,7 @@ private:
     void finish(Lane& lane, const FV2RefreshOrder& order, const Answer& answer);
 
     FV2Dispatch& m_dispatch;
-    FV2ServiceLink& m_service;
+    FV2ServiceClient& m_service;
     const std::int64_t m_userId;
     const std::weak_ptr<const void> m_owner;
     const Events m_events;

@@ -13,7 +13,7 @@ namespace fv2 {
 
 namespace {
 
-constexpr std::size_t kMost = 64 * 1024;
+constexpr std::size_t kMaxFileSize = 64 * 1024;
 constexpr std::string_view kModelName = "model name";
 
 SysctlError failure(int code, const std::filesystem::path& cpuinfo) {
@@ -23,7 +23,7 @@ SysctlError failure(int code, const std::filesystem::path& cpuinfo) {
 //! What one os-release file says; empty when it says nothing.
 std::string describedBy(const std::filesystem::path& path) {
     std::map<std::string, std::string> values;
-    std::istringstream lines(readSmallFile(path, kMost).value_or(std::string()));
+    std::istringstream lines(readSmallFile(path, kMaxFileSize).value_or(std::string()));
     for (std::string line; std::getline(lines, line);)
         if (const std::size_t equals = line.find('='); equals != std::string::npos)
             values[line.substr(0, equals)] =
@@ -38,7 +38,7 @@ std::string describedBy(const std::filesystem::path& path) {
 } // namespace
 
 std::variant<std::string, SysctlError> machineDescription(const std::filesystem::path& cpuinfo) {
-    const std::optional<std::string> content = readSmallFile(cpuinfo, kMost);
+    const std::optional<std::string> content = readSmallFile(cpuinfo, kMaxFileSize);
     if (!content)
         return failure(errno, cpuinfo);
     std::istringstream lines(*content);

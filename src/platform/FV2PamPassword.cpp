@@ -21,7 +21,7 @@ constexpr const char* kServiceFile = "fv2-agent";
 //! What PAM's modules may ask and be told during one check.
 struct Conversation {
     const SecretText& password;
-    const StopSignal& hurry;
+    const StopSignal& stopWaiting;
     bool answered = false;
     bool askedForMore = false;
 };
@@ -80,7 +80,7 @@ void waitAfterFailure(int result, unsigned microseconds, void* data) {
     if (result == PAM_SUCCESS)
         return;
     const Deadline end(std::chrono::ceil<std::chrono::milliseconds>(std::chrono::microseconds(microseconds)));
-    static_cast<void>(static_cast<Conversation*>(data)->hurry.waitFor(-1, 0, end));
+    static_cast<void>(static_cast<Conversation*>(data)->stopWaiting.waitFor(-1, 0, end));
 }
 
 constexpr const char* kNotAllowed = "account may not log in now";
@@ -168,13 +168,13 @@ FV2PamPassword::FV2PamPassword(Path folder, std::vector<Path> systemFolders)
 fv2PasswordCheck FV2PamPassword::verifyPassword(const std::string& userName, const SecretText& password) const {
     const bool isOwn = hasServiceFile(m_folder);
     Outcome outcome{fv2PasswordCheck::Wrong, "no text that can be a password"};
-    if (m_hurry.isRaised()) {
+    if (m_stopWaiting.isRaised()) {
         outcome.failure = "the agent ends";
     } else if (!isOwn && std::none_of(m_systemFolders.begin(), m_systemFolders.end(), hasServiceFile)) {
         // PAM would silently take the rules of "other".
         outcome = {fv2PasswordCheck::CannotCheck, "PAM not available (no service file)"};
     } else if (!password.empty() && password.text().find('\0') == std::string_view::npos) {
-        Conversation conversation{password, m_hurry};
+        Conversation conversation{password, m_stopWaiting};
         outcome = Check(userName, isOwn ? m_folder.c_str() : nullptr, conversation).run();
     }
     if (outcome.check == fv2PasswordCheck::CannotCheck)

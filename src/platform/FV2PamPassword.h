@@ -23,12 +23,12 @@ public:
                                                   const SecretText& password) const override;
 
     //! Leaves out, from now on, the seconds of waiting that PAM puts behind a wrong password, and all further checks.
-    void hurry() { m_hurry.raise(); }
+    void stopWaiting() { m_stopWaiting.raise(); }
 
 private:
     const Path m_folder;
     const std::vector<Path> m_systemFolders;
-    StopSignal m_hurry;
+    StopSignal m_stopWaiting;
 };
 
 } // namespace fv2

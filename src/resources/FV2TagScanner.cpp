@@ -3,7 +3,7 @@
 #include "resources/FV2TagScanner.h"
 
 #include "base/Utf8.h"
-#include "resources/NewestByBeginning.h"
+#include "resources/LazyPrefixTree.h"
 
 #include <algorithm>
 #include <array>
@@ -206,7 +206,7 @@ private:
     std::string m_text;
     std::size_t m_characters = 0;
     std::vector<OpenedTag> m_tags; //!< oldest first
-    std::optional<NewestByBeginning> m_tree;
+    std::optional<LazyPrefixTree> m_tree;
     std::size_t m_tagsInTree = 0;
 };
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/FV2ScreenFactory.h"
 
-#include "screens/EnterPasswordWindowWindowController.h"
-#include "screens/MainWindowWindowController.h"
+#include "screens/main/MainWindowWindowController.h"
+#include "screens/password/EnterPasswordWindowWindowController.h"
 
 namespace fv2 {
 

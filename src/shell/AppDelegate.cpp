@@ -33,7 +33,7 @@ void AppDelegate::logBanner() {
 void AppDelegate::applicationDidFinishLaunching(bool launchedByFileManager) {
     const FV2AppState& state = m_parts.appModel.state();
     m_parts.menuBarStatusItem.show(state.getMenuBarStatusIcon(), state.overallState);
-    m_trayWatcher.emplace([this] { m_parts.menuBarStatusItem.appear(); });
+    m_trayWatcher.emplace([this] { m_parts.menuBarStatusItem.showInTray(); });
     m_parts.appModel.runBackgroundThread();
     m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false);
     if (launchedByFileManager) {

@@ -17,7 +17,7 @@ namespace fv2 {
 namespace {
 
 constexpr std::chrono::milliseconds kPause{20};
-constexpr CommsPatience kHandOver{.attempts = 2, .perAttempt = std::chrono::milliseconds(1500)};
+constexpr CommsTimeouts kHandOver{.attempts = 2, .perAttempt = std::chrono::milliseconds(1500)};
 constexpr std::chrono::seconds kLongestHandOver{5};
 
 } // namespace

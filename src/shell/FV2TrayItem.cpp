@@ -46,7 +46,7 @@ void FV2TrayItem::refreshIcon() {
         m_icon->setIcon(m_images.imageNamed(m_imageName, m_dark));
 }
 
-void FV2TrayItem::appear() {
+void FV2TrayItem::showInTray() {
     m_icon.emplace(m_images.imageNamed(m_imageName, m_dark));
     m_icon->setToolTip(m_toolTip);
     m_icon->setContextMenu(m_menu);

@@ -22,7 +22,7 @@ public:
         : m_images(images)
         , m_strings(strings) {}
 
-    //! Before appear(): the menu that the tray's host shows, and what a click of the left button does.
+    //! Before showInTray(): the menu that the tray's host shows, and what a click of the left button does.
     void setMenu(QMenu& menu, std::function<void()> clicked);
 
     //! Setting what is shown already does nothing: the tray's host would redraw for it.
@@ -32,7 +32,7 @@ public:
     void setDark(bool dark);
 
     //! To be called once a tray can be used: makes the item with what was set last.
-    void appear();
+    void showInTray();
 
 private:
     void refreshIcon();

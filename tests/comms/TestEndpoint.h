@@ -6,13 +6,13 @@
 
 namespace fv2::test {
 
-//! An endpoint at a path of the test's own, with little patience.
+//! An endpoint at a path of the test's own, with little timeouts.
 class TestEndpoint final : public FV2SocketCommsBase {
 public:
-    explicit TestEndpoint(const std::string& path, CommsPatience patience = {5, std::chrono::milliseconds(300)},
+    explicit TestEndpoint(const std::string& path, CommsTimeouts timeouts = {5, std::chrono::milliseconds(300)},
                           PeerPolicy trusted = PeerPolicy::rootOrSelf(),
                           std::shared_ptr<const StopSignal> stop = std::make_shared<const StopSignal>())
-        : FV2SocketCommsBase("TestEndpoint", path, std::move(trusted), std::move(stop), patience) {}
+        : FV2SocketCommsBase("TestEndpoint", path, std::move(trusted), std::move(stop), timeouts) {}
 };
 
 inline PeerPolicy nobodyHere() {

@@ -76,7 +76,7 @@ private:
 };
 
 //! A service without a socket: notes each request, gives the answers that the test has set.
-struct ScriptedLink final : FV2ServiceLink {
+struct ScriptedLink final : FV2ServiceClient {
     std::string exchange(std::string_view request) override {
         asked.emplace_back(request);
         const auto isFor = [request](std::string_view command) { return request.find(command) != request.npos; };
@@ -150,9 +150,9 @@ struct OnePassword final : FV2UserAndPasswordModel {
 
 //! The model among fakes; only its listener's socket is real.
 struct Model : testing::Test {
-    std::shared_ptr<FV2AppStateModel> make(FV2Dispatch& jobs, FV2ServiceLink& service) {
+    std::shared_ptr<FV2AppStateModel> make(FV2Dispatch& jobs, FV2ServiceClient& service) {
         auto made = std::make_shared<FV2AppStateModel>(
-            FV2ModelSurroundings{
+            FV2ModelPorts{
                 .dispatch = jobs,
                 .timers = timers,
                 .service = service,

@@ -47,7 +47,7 @@ struct ThreadDispatch final : FV2Dispatch {
 };
 
 //! A service whose status tells in "progress" how often it has changed.
-struct ChangingService final : FV2ServiceLink {
+struct ChangingService final : FV2ServiceClient {
     std::string exchange(std::string_view request) override {
         asked += request == getStatusRequest(501) ? 1 : 0;
         return statusAnswer(5, R"(,"progress":)" + std::to_string(changes));

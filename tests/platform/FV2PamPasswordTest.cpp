@@ -83,7 +83,7 @@ TEST_F(PamPassword, WaitsAsPamWantsUnlessThereIsAHurry) {
     EXPECT_EQ(refusal("right"), "") << "only a wrong one waits";
     std::jthread waiting([this] { EXPECT_EQ(refusal("wrong"), "wrong password"); });
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    model.hurry();
+    model.stopWaiting();
     waiting.join();
     EXPECT_EQ(refusal("right"), "the agent ends");
 }

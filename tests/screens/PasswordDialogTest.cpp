@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "screens/EnterPasswordGuard.h"
 #include "screens/Screens.h"
+#include "screens/password/EnterPasswordGuard.h"
 #include "support/LogScope.h"
 #include "support/QtLoop.h"
 #include "toolkit/NxButton.h"

@@ -4,8 +4,8 @@
 
 #include "model/Fakes.h"
 #include "screens/FV2ScreenFactory.h"
-#include "screens/LeftMenuTableView.h"
-#include "screens/MainWindowWindowController.h"
+#include "screens/main/LeftMenuTableView.h"
+#include "screens/main/MainWindowWindowController.h"
 #include "toolkit/NxLeftMenuCellView.h"
 #include "toolkit/NxTextField.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "model/Fakes.h"
-#include "screens/ProtectionStatusSubviewController.h"
+#include "screens/status/ProtectionStatusSubviewController.h"
 #include "shell/FV2Palette.h"
 #include "toolkit/NxQtColor.h"
 

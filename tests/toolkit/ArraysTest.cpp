@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "toolkit/NxArrayMapper.h"
-#include "toolkit/OxObjMultiplexer.h"
+#include "toolkit/lists/NxArrayMapper.h"
+#include "toolkit/lists/OxObjMultiplexer.h"
 
 #include <gtest/gtest.h>
 

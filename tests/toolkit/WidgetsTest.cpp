@@ -6,10 +6,10 @@
 #include "toolkit/NxImageView.h"
 #include "toolkit/NxLeftMenuCellView.h"
 #include "toolkit/NxLeftMenuCounter.h"
-#include "toolkit/NxStackController.h"
 #include "toolkit/NxTagMapper.h"
 #include "toolkit/NxTextField.h"
 #include "toolkit/NxView.h"
+#include "toolkit/lists/NxStackController.h"
 
 #include <QAccessible>
 #include <QApplication>

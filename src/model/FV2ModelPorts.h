@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "comms/FV2SocketCommsBase.h"
+#include "model/FV2JsonParserORM.h"
+#include "model/FV2Ports.h"
+#include "resources/OxTranslatedString.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace fv2 {
+
+//! What the model is given at its birth. All references outlive the model and the workers.
+struct FV2ModelPorts {
+    FV2Dispatch& dispatch;
+    FV2TimerService& timers;
+    FV2ServiceClient& service;
+    const OxStringBundle& strings;
+    MediumDateFormat mediumDate;
+    std::string computerName;
+    std::function<std::unique_ptr<FV2SocketCommsBase>()> makeAppSocket;
+    //! How often a socket path that somebody else holds is tried again.
+    std::chrono::milliseconds bindAgainAfter = std::chrono::seconds(30);
+    //! Whether the desktop asks for silence; answers at once from what is known.
+    std::function<bool()> doNotDisturb = [] { return false; };
+    //! Calls the job, at once or later, when it is known what the desktop asks for: the first status may call for a
+    //! window.
+    std::function<void(std::function<void()>)> whenQuietIsKnown = [](const std::function<void()>& job) { job(); };
+    //! None in an agent without a password window.
+    const FV2UserAndPasswordModel* passwords = nullptr;
+};
+
+} // namespace fv2

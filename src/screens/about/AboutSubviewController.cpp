@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "screens/about/AboutSubviewController.h"
+
+#include "logging/FV2Logging.h"
+#include "platform/FV2Browser.h"
+#include "toolkit/NxQtColor.h"
+#include "toolkit/NxTranslated.h"
+#include "ui_AboutSubview.h"
+
+#include <algorithm>
+
+namespace fv2 {
+
+namespace {
+
+QString shown(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QString lastSync(const FV2AppState& state) {
+    if (!state.syncORMEnabled)
+        return translated(QStringLiteral("IDUS_UNKNOWN"));
+    if (!state.syncORMActive)
+        return shown(state.lastORMSync);
+    return state.syncORMBlocked ? translated(QStringLiteral("IDUS_MGUI_LAST_SYNC_BLOCKED"))
+                                : translated(QStringLiteral("IDUS_MGUI_LAST_SYNC_ACTIVE"));
+}
+
+} // namespace
+
+AboutSubviewController::AboutSubviewController(const std::weak_ptr<FV2AppStateModel>& model)
+    : FV2ViewController(model, new FV2View) {
+    Ui::AboutSubview outlets;
+    outlets.setupUi(static_cast<FV2View*>(view()));
+    fieldProductName = outlets.fieldProductName;
+    fieldProductVersion = outlets.fieldProductVersion;
+    viewHeaderSeperator = outlets.viewHeaderSeperator;
+    viewSeperator = outlets.viewSeperator;
+    fieldComputerName = outlets.fieldComputerName;
+    fieldOperatingSystem = outlets.fieldOperatingSystem;
+    fieldMachine = outlets.fieldMachine;
+    fieldUUID = outlets.fieldUUID;
+    fieldLastORMSync = outlets.fieldLastORMSync;
+    buttonProxySync = outlets.buttonProxySync;
+    buttonInstalledComponents = outlets.buttonInstalledComponents;
+    connect(buttonProxySync, &QPushButton::clicked, this, &AboutSubviewController::ProxySyncButton);
+    connect(outlets.buttonHelp, &QPushButton::clicked, this, &AboutSubviewController::onHelp);
+    view()->setAccessibleName(outlets.fieldTitle->text());
+    initsubview();
+}
+
+std::array<QPointer<AboutLineView>, 7> AboutSubviewController::lines() const {
+    return {fieldProductName, fieldProductVersion, fieldComputerName, fieldOperatingSystem,
+            fieldMachine,     fieldUUID,           fieldLastORMSync};
+}
+
+void AboutSubviewController::updateFromModel() {
+    const auto model = appModel.lock();
+    if (model == nullptr || model->appConfigModel() == nullptr)
+        return;
+    logTrace("AboutSubviewController updateFromModel in");
+    const FV2AppState& state = model->state();
+    const FV2AppConfigModel& config = *model->appConfigModel();
+    fieldProductName->setLine(translated(QStringLiteral("IDUS_MGUI_PRODUCT_NAME")),
+                              translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
+    fieldProductVersion->setLine(translated(QStringLiteral("IDUS_MGUI_PRODUCT_VERSION")), shown(state.version));
+    fieldComputerName->setLine(translated(QStringLiteral("IDUS_MGUI_COMPUTER_NAME")), shown(state.computerName));
+    fieldOperatingSystem->setLine(translated(QStringLiteral("IDUS_MGUI_OPERATING_SYSTEM")), shown(config.os()));
+    fieldMachine->setLine(translated(QStringLiteral("IDUS_MGUI_MACHINE")), shown(config.machine()));
+    fieldUUID->setLine(QStringLiteral("Workstation ID:"), shown(state.uuid));
+    buttonInstalledComponents->hide();
+    fieldLastORMSync->setLine(translated(QStringLiteral("IDUS_MGUI_LAST_SYNC")), lastSync(state));
+    enableProxySync(state.syncORMEnabled && !state.syncORMActive);
+    alignLabels();
+    logTrace("AboutSubviewController updateFromModel out");
+}
+
+//! A button that is disabled loses the keyboard; it gets it back if the user has not moved on meanwhile.
+void AboutSubviewController::enableProxySync(bool enabled) {
+    const QWidget* const window = buttonProxySync->window();
+    const bool hadFocus = window->focusWidget() == buttonProxySync;
+    buttonProxySync->setEnabled(enabled);
+    if (!enabled && hadFocus)
+        m_focusAfterSync = window->focusWidget();
+    if (!enabled || m_focusAfterSync == nullptr)
+        return;
+    if (window->focusWidget() == m_focusAfterSync)
+        buttonProxySync->setFocus();
+    m_focusAfterSync.clear();
+}
+
+void AboutSubviewController::ProxySyncButton() {
+    enableProxySync(false);
+    logRelease("Proxy Sync button clicked");
+    if (const auto model = appModel.lock())
+        model->syncProxyAsync(fv2SyncSource::User, true);
+}
+
+void AboutSubviewController::onHelp() {
+    const auto model = appModel.lock();
+    if (model != nullptr && model->appConfigModel() != nullptr)
+        openInBrowser(model->appConfigModel()->productModel().helpAddress);
+}
+
+void AboutSubviewController::alignLabels() {
+    int widest = 0;
+    for (const auto& line : lines())
+        widest = std::max(widest, line->labelWidth());
+    for (const auto& line : lines())
+        line->setLabelWidth(widest);
+}
+
+void AboutSubviewController::refreshColours(const FV2AppConfigModel& config) {
+    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+    viewHeaderSeperator->setBackgroundColor(toQColor(config.colours().colourSeperator));
+    viewSeperator->setBackgroundColor(toQColor(config.colours().colourSeperator));
+}
+
+} // namespace fv2

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FV2AppState.h"
+#include "screens/main/LeftMenuTableView.h"
+#include "screens/main/eMainWindowContentSubViewType.h"
+#include "shell/FV2ViewController.h"
+#include "shell/FV2WindowDelegate.h"
+#include "toolkit/NxLeftMenuCellView.h"
+
+#include <QPointer>
+
+#include <vector>
+
+namespace fv2 {
+
+class LeftMenuRowDelegate;
+
+//! The root view of the left menu.
+class LeftMenuSubview final : public FV2View {
+    Q_OBJECT
+public:
+    using FV2View::FV2View;
+};
+
+//! The rows that choose the main window's page. The first one shows the overall state as its icon and the number of
+//! status messages as a bubble. Main thread only.
+class LeftMenuSubviewController final : public FV2ViewController {
+    Q_OBJECT
+public:
+    LeftMenuSubviewController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry);
+    ~LeftMenuSubviewController() override;
+
+    void updateFromModel() override;
+
+    //! Selects the row of that page, if there is one, without asking the service anew.
+    void selectRow(eMainWindowContentSubViewType page);
+    //! The same as if the user had clicked the row.
+    void chooseRow(eMainWindowContentSubViewType page);
+    void takeFocus();
+
+    //! How many messages the bubble tells of: one alone is nothing to look at while all is well.
+    [[nodiscard]] static long statusMessageCount(const FV2AppState& state);
+
+protected:
+    void refreshColours(const FV2AppConfigModel& config) override;
+
+private:
+    struct menuItem {
+        const char* title;
+        const char* icon;
+        eMainWindowContentSubViewType id;
+        long counter;
+        const char* help; //!< what screen readers tell of the row beside its title
+    };
+
+    void viewDidLoad();
+    [[nodiscard]] int rowOf(eMainWindowContentSubViewType page) const;
+    void addRow(const menuItem& item);
+    [[nodiscard]] NxLeftMenuCellView* cellAt(int row) const;
+    void updateCounter(NxLeftMenuCellView& cell, long count);
+    void colourCell(int row, bool selected);
+    void onCurrentRowChanged(int row);
+    void onSelectedRowPressed(int row);
+    void tableViewSelectionIsChanging(int row);
+    void tableViewSelectionDidChange(int row);
+
+    FV2WindowDelegate& m_registry;
+    QPointer<NxView> leftmenuView;
+    QPointer<LeftMenuTableView> tableView;
+    QPointer<NxView> rightBorder;
+    LeftMenuRowDelegate* m_rows = nullptr;
+    std::vector<menuItem> menuItemsArray;
+    int lastSelectedRow = -1;
+    bool unloading = false;
+    bool m_selecting = false; //!< the program selects, not the user
+};
+
+} // namespace fv2

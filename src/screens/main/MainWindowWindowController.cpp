@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "screens/main/MainWindowWindowController.h"
+
+#include "logging/FV2Logging.h"
+#include "screens/LayoutConstants.h"
+#include "toolkit/NxTranslated.h"
+
+namespace fv2 {
+
+namespace {
+
+std::unique_ptr<FV2Window> makeMainWindow(const std::weak_ptr<FV2AppStateModel>& appModel) {
+    logTrace("MainWindowWindowController.init");
+    const QSize size(requiredInteger(appModel, "mainwindowx"), requiredInteger(appModel, "mainwindowy"));
+    logTrace("MainWindowWindowController.init make wnd");
+    auto window = std::make_unique<FV2Window>(size);
+    logTrace("MainWindowWindowController.init go init");
+    return window;
+}
+
+} // namespace
+
+MainWindowWindowController::MainWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
+                                                       FV2WindowDelegate& registry)
+    : FV2MainWindowController(model, makeMainWindow(model)) {
+    logTrace("MainWindowWindowController.init done init for ", description(*this), " wnd ", description(window()));
+    m_viewController = makeController<MainWindowViewController>(model, registry);
+    window().setContentView(m_viewController->view());
+    m_viewController->setUp();
+    // Shown where the desktop lists its windows, and read out by screen readers.
+    window().setWindowTitle(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
+    window().center();
+    logTrace("MainWindowWindowController.init OUT for ", description(*this));
+}
+
+void MainWindowWindowController::updateFromModel() {
+    if (m_viewController)
+        m_viewController->updateFromModel();
+}
+
+void MainWindowWindowController::selectProtectionStatusPage() {
+    if (m_viewController)
+        m_viewController->selectPage(eMainWindowContentSubViewType::ProtectionStatus);
+}
+
+void MainWindowWindowController::windowWillClose() {
+    logTrace("MainWindowWindowController.windowWillClose for ", description(*this));
+    m_viewController.reset();
+    FV2MainWindowController::windowWillClose();
+}
+
+} // namespace fv2

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "screens/main/MainWindowViewController.h"
+#include "shell/FV2WindowController.h"
+
+#include <memory>
+
+namespace fv2 {
+
+//! The agent's one large window. Built anew at each opening; main thread only.
+class MainWindowWindowController final : public FV2MainWindowController {
+    Q_OBJECT
+public:
+    //! The configuration must have the window's sizes.
+    MainWindowWindowController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry);
+
+    //! Nothing once the window closes.
+    [[nodiscard]] MainWindowViewController* viewController() const { return m_viewController.get(); }
+
+    void updateFromModel() override;
+    void selectProtectionStatusPage() override;
+
+protected:
+    void windowWillClose() override;
+
+private:
+    std::shared_ptr<MainWindowViewController> m_viewController;
+};
+
+} // namespace fv2

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "screens/main/TaglineViewController.h"
+
+#include "logging/FV2Logging.h"
+#include "resources/NxColor.h"
+#include "toolkit/NxQtColor.h"
+#include "ui_TaglineView.h"
+
+namespace fv2 {
+
+TaglineViewController::TaglineViewController(const std::weak_ptr<FV2AppStateModel>& model)
+    : FV2ViewController(model, new FV2View) {
+    logTrace("TaglineViewController.init");
+    Ui::TaglineView outlets;
+    outlets.setupUi(static_cast<FV2View*>(view()));
+    backgroundView = outlets.backgroundView;
+    taglineImageView = outlets.taglineImageView;
+    initsubview();
+}
+
+void TaglineViewController::refreshColours(const FV2AppConfigModel& config) {
+    backgroundView->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+    if (const auto tint = NxColor::color(NxColor::taglineTintColor, config.productModel().edition))
+        taglineImageView->setTintColor(toQColor(*tint));
+}
+
+} // namespace fv2

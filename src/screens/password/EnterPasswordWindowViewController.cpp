@@ -1,0 +1,235 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#include "screens/password/EnterPasswordWindowViewController.h"
+
+#include "logging/FV2Logging.h"
+#include "toolkit/NxQtColor.h"
+#include "toolkit/NxTranslated.h"
+#include "ui_EnterPassword.h"
+
+#include <algorithm>
+
+namespace fv2 {
+
+namespace {
+
+std::string_view typedForLog([[maybe_unused]] const SecretText& typed) {
+#ifdef FV2_LOG_TYPED_PASSWORD
+    return typed.text();
+#else
+    return "***";
+#endif
+}
+
+} // namespace
+
+EnterPasswordWindowViewController::EnterPasswordWindowViewController(const std::weak_ptr<FV2AppStateModel>& model,
+                                                                     FV2WindowDelegate& registry, std::string userName,
+                                                                     bool isEncrypting)
+    : FV2ViewController(model, new FV2View)
+    , m_registry(registry)
+    , encrypting(isEncrypting)
+    , m_userName(std::move(userName))
+    , m_capsLock(nullptr)
+    , m_guard(*view())
+    , m_pause(new QTimer(view())) {
+    Ui::EnterPassword outlets;
+    outlets.setupUi(static_cast<FV2View*>(view()));
+    message = outlets.message;
+    username = outlets.username;
+    secureTextPasswordField = outlets.secureTextPasswordField;
+    m_showButton = outlets.showButton;
+    m_hint = outlets.hint;
+    okButton = new NxButton;
+    m_postponeButton = new NxButton;
+    outlets.buttons->addButton(okButton, QDialogButtonBox::AcceptRole);
+    outlets.buttons->addButton(m_postponeButton, QDialogButtonBox::RejectRole);
+    viewDidLoad();
+    initsubview();
+}
+
+void EnterPasswordWindowViewController::viewDidLoad() {
+    message->setStringValue(encrypting ? QStringLiteral("IDUS_PASSWORDDIALOG_MESSAGE_ENC")
+                                       : QStringLiteral("IDUS_PASSWORDDIALOG_MESSAGE_DEC"));
+    username->setElided(true);
+    username->setText(QString::fromStdString(m_userName));
+    addButtons();
+    NxSecureTextField* const field = secureTextPasswordField;
+    connect(field, &NxSecureTextField::secretChanged, this, &EnterPasswordWindowViewController::controlTextDidChange);
+    connect(field, &QLineEdit::returnPressed, okButton, &NxButton::click);
+    connect(field, &NxSecureTextField::inputRefused, this, [this] {
+        m_refused = true;
+        updateHint();
+    });
+    connect(field, &NxSecureTextField::revealedChanged, this, [this](bool revealed) {
+        m_showButton->setTitle(revealed ? QStringLiteral("IDUS_BUTTON_HIDE_PASSWORD")
+                                        : QStringLiteral("IDUS_BUTTON_SHOW_PASSWORD"));
+    });
+    connect(&m_capsLock, &FV2CapsLock::changed, this, &EnterPasswordWindowViewController::updateHint);
+    connect(&m_guard, &EnterPasswordGuard::passed, this, &EnterPasswordWindowViewController::updateControls);
+    m_pause->setSingleShot(true);
+    m_pause->setInterval(kLongestPause);
+    connect(&m_guard, &EnterPasswordGuard::keyPressed, m_pause, qOverload<>(&QTimer::start));
+    connect(m_pause, &QTimer::timeout, this, &EnterPasswordWindowViewController::emptyField);
+    updateControls();
+}
+
+void EnterPasswordWindowViewController::addButtons() {
+    // As wide as either text needs, so that nothing moves.
+    int widest = 0;
+    for (const char* title : {"IDUS_BUTTON_HIDE_PASSWORD", "IDUS_BUTTON_SHOW_PASSWORD"}) {
+        m_showButton->setTitle(QLatin1String(title));
+        widest = std::max(widest, m_showButton->sizeHint().width());
+    }
+    m_showButton->setMinimumWidth(widest);
+    m_showButton->setAccessibleDescription(translated(QStringLiteral("IDUS_PASSWORDDIALOG_PASSWORD")));
+    okButton->setTitle(QStringLiteral("IDUS_BUTTON_OK"));
+    m_postponeButton->setTitle(QStringLiteral("IDUS_BUTTON_POSTPONE"));
+    connect(m_showButton, &NxButton::clicked, this, &EnterPasswordWindowViewController::onShowButton);
+    connect(okButton, &NxButton::clicked, this, &EnterPasswordWindowViewController::onOKButton);
+    connect(m_postponeButton, &NxButton::clicked, this, &EnterPasswordWindowViewController::onPostponeButton);
+    for (NxButton* const button : {m_showButton.data(), okButton.data(), m_postponeButton.data()}) {
+        button->setAutoDefault(true); // Enter presses the one that has the focus
+        button->setFocusPolicy(Qt::TabFocus);
+    }
+    QWidget::setTabOrder(secureTextPasswordField, m_showButton);
+    QWidget::setTabOrder(m_showButton, okButton);
+    QWidget::setTabOrder(okButton, m_postponeButton);
+}
+
+void EnterPasswordWindowViewController::refreshColours(const FV2AppConfigModel& config) {
+    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+}
+
+void EnterPasswordWindowViewController::controlTextDidChange() {
+    const SecretText& typed = secureTextPasswordField->secret();
+    log(FV2LoggingLevel::trace, {"chg -> Password is =", typedForLog(typed)});
+    m_refused = false;
+    m_pause->start(); // a mouse pastes without a key
+    updateButtons();
+    updateHint();
+}
+
+void EnterPasswordWindowViewController::updateButtons() {
+    const bool isTyped = secureTextPasswordField->isEnabled() && !secureTextPasswordField->secret().empty();
+    okButton->setEnabled(isTyped);
+    m_showButton->setEnabled(isTyped);
+}
+
+//! What has the focus is what a screen reader reads out: the field, or why nothing can be typed into it.
+void EnterPasswordWindowViewController::updateControls() {
+    const bool canType = m_step == Step::Typing && !m_guard.isOn();
+    updateHint();
+    m_hint->setFocusPolicy(canType ? Qt::NoFocus : Qt::TabFocus);
+    if (!canType)
+        m_hint->setFocus();
+    secureTextPasswordField->setEnabled(canType);
+    if (canType)
+        secureTextPasswordField->setFocus();
+    okButton->setDefault(canType);
+    m_postponeButton->setEnabled(m_step != Step::HandingOver); // what is sent can't be taken back
+    updateButtons();
+}
+
+void EnterPasswordWindowViewController::emptyField() {
+    if (m_step != Step::Typing)
+        return;
+    m_pause->stop();
+    m_refused = false;
+    secureTextPasswordField->setRevealed(false);
+    const QSignalBlocker blocked(secureTextPasswordField);
+    secureTextPasswordField->clear();
+    updateButtons();
+    updateHint();
+}
+
+void EnterPasswordWindowViewController::forget() {
+    emptyField();
+    m_guard.setOn(true);
+    updateControls();
+}
+
+void EnterPasswordWindowViewController::onMadeKey() {
+    m_guard.setOn(false);
+    updateControls();
+}
+
+void EnterPasswordWindowViewController::onShowButton() {
+    const bool revealed = secureTextPasswordField->isRevealed();
+    secureTextPasswordField->setFocus();
+    secureTextPasswordField->setRevealed(!revealed);
+}
+
+void EnterPasswordWindowViewController::onOKButton() {
+    const auto model = appModel.lock();
+    if (model == nullptr || m_step != Step::Typing || secureTextPasswordField->secret().empty())
+        return;
+    auto password = std::make_shared<SecretText>(secureTextPasswordField->takeSecret());
+    setStep(Step::Checking);
+    model->verifyPassword(m_userName, password, [weak = weak_from_this(), password](fv2PasswordCheck result) {
+        if (const auto self = weak.lock())
+            self->onVerified(result, password);
+    });
+}
+
+void EnterPasswordWindowViewController::onVerified(fv2PasswordCheck check, std::shared_ptr<SecretText> password) {
+    const auto model = appModel.lock();
+    if (check != fv2PasswordCheck::Right || model == nullptr) {
+        password->wipe();
+        startAgain(0, check == fv2PasswordCheck::CannotCheck ? fv2Alert::CannotCheckPassword : fv2Alert::BadPassword);
+        return;
+    }
+    setStep(Step::HandingOver);
+    model->setUserCredentials(m_userName, std::move(password), [weak = weak_from_this()](const CommandResult& result) {
+        if (const auto self = weak.lock())
+            self->onAnswered(result);
+    });
+}
+
+void EnterPasswordWindowViewController::onAnswered(const CommandResult& result) {
+    if (result.ok)
+        Q_EMIT finished();
+    else
+        startAgain(result.errorCode, result.alert);
+}
+
+void EnterPasswordWindowViewController::startAgain(std::uint64_t errorCode, fv2Alert alert) {
+    setStep(Step::Typing);
+    emptyField();
+    if (const auto model = appModel.lock())
+        model->doAlert(kind(), errorCode, alert);
+}
+
+void EnterPasswordWindowViewController::onPostponeButton() {
+    const auto model = appModel.lock();
+    if (model != nullptr && m_postponeButton->isEnabled() && m_registry.registeredController(kind()) != nullptr)
+        model->doAlert(kind(), 0, encrypting ? fv2Alert::PostponeEncWarning : fv2Alert::PostponeDecWarning);
+}
+
+void EnterPasswordWindowViewController::setStep(Step step) {
+    m_step = step;
+    updateControls();
+}
+
+void EnterPasswordWindowViewController::updateHint() {
+    QString text;
+    if (m_step != Step::Typing)
+        text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_CHECKING"));
+    else if (m_guard.isOn())
+        text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_MOVE_IN"));
+    else if (m_refused)
+        text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_REFUSED"));
+    else if (m_capsLock.isOn())
+        text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_CAPS_LOCK"));
+    if (m_hint->text() == text)
+        return;
+    m_hint->setText(text);
+    m_hint->setAccessibleName(text);
+    secureTextPasswordField->setAccessibleDescription(text);
+}
+
+fv2Window EnterPasswordWindowViewController::kind() const {
+    return encrypting ? fv2Window::Password_Encrypt : fv2Window::Password_Decrypt;
+}
+
+} // namespace fv2
