@@ -116,8 +116,6 @@ TEST_F(WindowDelegateTest, ADialogOverTheMainWindowKeepsItOpenUntilItCloses) {
     EXPECT_TRUE(handle->flags() & Qt::WindowCloseButtonHint);
     main->close();
     EXPECT_FALSE(registry.isOpen(kMain));
-    registry.openWindow(kMain, true);
-    EXPECT_EQ(windows.made, 1) << "a closed window is made anew";
 }
 
 TEST_F(WindowDelegateTest, ShowsAlertsOneAtATimeAndTellsOnlyOfTheFirstButton) {
@@ -154,9 +152,6 @@ TEST_F(WindowDelegateTest, ShowsAlertsOneAtATimeAndTellsOnlyOfTheFirstButton) {
     ask(question);
     choose("&Yes");
     EXPECT_EQ(chosen, "FailedReally?");
-    ask(question);
-    QTest::keyClick(sheet(), Qt::Key_Escape);
-    EXPECT_TRUE(runLoopUntil([&] { return sheet() == nullptr; }));
     window(kMain)->orderOut();
     ask(report);
     EXPECT_EQ(sheet(), nullptr) << "nobody sees the window";
@@ -165,7 +160,6 @@ TEST_F(WindowDelegateTest, ShowsAlertsOneAtATimeAndTellsOnlyOfTheFirstButton) {
     ASSERT_TRUE(runLoopUntil([&] { return sheet() != nullptr; }));
     window(kMain)->closeWindow();
     EXPECT_FALSE(registry.isOpen(kMain)) << "the program itself may close a window under an alert";
-    EXPECT_EQ(chosen, "FailedReally?");
 }
 
 TEST_F(WindowDelegateTest, AnAlertOutlivesTheDialogItWasShownOnUnlessItIsAboutThatDialog) {

@@ -37,6 +37,6 @@ constexpr std::array<MainWindowPage, kPageCount> kPages{{
      .make = makePage<AboutSubviewController>},
 }};
 
-static_assert(kPages.back().make != nullptr, "kPageCount counts more pages than there are");
+static_assert(kPages.back().kind != eMainWindowContentSubViewType::None, "kPageCount counts more pages than there are");
 
 } // namespace fv2

@@ -16,8 +16,8 @@ class FV2AppConfigModel;
 class FV2AppStateModel;
 class FV2ViewController;
 
-//! One page of the main window: what the left menu, the keys and the window need to know of it. Without a title no row
-//! of the menu leads there.
+//! One page of the main window: what the left menu, the keys and the window need to know of it. A page without a title
+//! has no row in the menu.
 struct MainWindowPage {
     eMainWindowContentSubViewType kind = eMainWindowContentSubViewType::None;
     const char* title = nullptr;
@@ -31,7 +31,7 @@ struct MainWindowPage {
 
 inline constexpr std::size_t kPageCount = 3;
 
-//! The rows of the menu are in this order.
+//! In the order of the menu. A new page takes a kind, a row here and a folder for its screen.
 extern const std::array<MainWindowPage, kPageCount> kPages;
 
 } // namespace fv2
