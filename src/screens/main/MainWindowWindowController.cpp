@@ -10,9 +10,9 @@ namespace fv2 {
 
 namespace {
 
-std::unique_ptr<FV2Window> makeMainWindow(const std::weak_ptr<FV2AppStateModel>& appModel) {
+std::unique_ptr<FV2Window> makeMainWindow(const FV2AppConfigModel& config) {
     logTrace("MainWindowWindowController.init");
-    const QSize size(requiredInteger(appModel, "mainwindowx"), requiredInteger(appModel, "mainwindowy"));
+    const QSize size(requiredInteger(config, "mainwindowx"), requiredInteger(config, "mainwindowy"));
     logTrace("MainWindowWindowController.init make wnd");
     auto window = std::make_unique<FV2Window>(size);
     logTrace("MainWindowWindowController.init go init");
@@ -21,11 +21,10 @@ std::unique_ptr<FV2Window> makeMainWindow(const std::weak_ptr<FV2AppStateModel>&
 
 } // namespace
 
-MainWindowWindowController::MainWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
-                                                       FV2WindowDelegate& registry)
-    : FV2MainWindowController(model, makeMainWindow(model)) {
+MainWindowWindowController::MainWindowWindowController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
+    : FV2MainWindowController(model, makeMainWindow(configModel)) {
     logTrace("MainWindowWindowController.init done init for ", description(*this), " wnd ", description(window()));
-    m_viewController = makeController<MainWindowViewController>(model, registry);
+    m_viewController = makeController<MainWindowViewController>(model, configModel);
     window().setContentView(m_viewController->view());
     m_viewController->setUp();
     // Shown where the desktop lists its windows, and read out by screen readers.

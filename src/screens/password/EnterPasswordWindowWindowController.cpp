@@ -10,20 +10,20 @@ namespace fv2 {
 
 namespace {
 
-std::unique_ptr<FV2Window> makeWindow(const std::weak_ptr<FV2AppStateModel>& appModel) {
+std::unique_ptr<FV2Window> makeWindow(const FV2AppConfigModel& config) {
     logTrace("EnterPasswordWindowWindowController.init");
     return std::make_unique<FV2Window>(
-        QSize(requiredInteger(appModel, "pwwindowx"), requiredInteger(appModel, "pwwindowy")));
+        QSize(requiredInteger(config, "pwwindowx"), requiredInteger(config, "pwwindowy")));
 }
 
 } // namespace
 
-EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
-                                                                         FV2WindowDelegate& registry,
+EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(FV2AppStateModel& model,
+                                                                         FV2AppConfigModel& configModel,
                                                                          const std::string& userName, bool isEncrypting)
-    : FV2PasswordWindowController(model, makeWindow(model))
-    , titlebarViewController(std::make_unique<FV2WindowTitlebarAccessoryViewController>(model))
-    , viewController(makeController<EnterPasswordWindowViewController>(model, registry, userName, isEncrypting))
+    : FV2PasswordWindowController(model, makeWindow(configModel))
+    , titlebarViewController(std::make_unique<FV2WindowTitlebarAccessoryViewController>(model, configModel))
+    , viewController(makeController<EnterPasswordWindowViewController>(model, configModel, userName, isEncrypting))
     , encrypting(isEncrypting) {
     titlebarViewController->attachTo(*this);
     connect(viewController.get(), &EnterPasswordWindowViewController::finished, this,
@@ -46,8 +46,7 @@ EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const s
 }
 
 void EnterPasswordWindowWindowController::postponeAndClose() {
-    if (const auto model = appModel.lock())
-        model->postponePasswordDialog(encrypting);
+    appModel.postponePasswordDialog(encrypting);
     window().closeWindow();
 }
 

@@ -30,41 +30,35 @@ constexpr std::array<StatusLine, 3> kStatusLines{{
 
 } // namespace
 
-ProtectionStatusSubviewController::ProtectionStatusSubviewController(const std::weak_ptr<FV2AppStateModel>& model)
-    : FV2ViewController(model, new FV2View) {
+ProtectionStatusSubviewController::ProtectionStatusSubviewController(FV2AppStateModel& model,
+                                                                     FV2AppConfigModel& configModel)
+    : FV2ViewController(model, configModel, new FV2View) {
     logTrace("ProtectionStatusSubviewController.init");
     Ui::ProtectionStatusSubview outlets;
-    outlets.setupUi(static_cast<FV2View*>(view()));
+    outlets.setupUi(view());
     statusLineView = outlets.statusLineView;
     statusLineIcon = outlets.statusLineIcon;
     statusLineText = outlets.statusLineText;
     statusMessagesTableView = outlets.statusMessagesTableView;
     statusMessagesTableView->setAccessibleName(translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS")));
-    tableViewDelegate = std::make_unique<StatusMessagesTableDelegate>(model, *statusMessagesTableView);
+    tableViewDelegate = std::make_unique<StatusMessagesTableDelegate>(model, configModel, *statusMessagesTableView);
     initsubview();
 }
 
 void ProtectionStatusSubviewController::updateFromModel() {
-    const auto model = appModel.lock();
-    if (model == nullptr)
-        return;
     logTrace("ProtectionStatusSubviewController.updateFromModel in");
-    const StatusLine& line = kStatusLines.at(static_cast<std::size_t>(model->state().overallState));
+    const StatusLine& line = kStatusLines.at(static_cast<std::size_t>(appModel.state().overallState));
     statusLineIcon->setImageName(QString::fromUtf8(line.icon));
     statusLineText->setStringValue(QString::fromUtf8(line.title));
     view()->setAccessibleName(statusLineText->text());
-    if (model->appConfigModel() != nullptr)
-        refreshColours(*model->appConfigModel());
+    refreshColours(appConfigModel);
     tableViewDelegate->updateFromModel(*statusMessagesTableView);
     logTrace("ProtectionStatusSubviewController.updateFromModel out");
 }
 
 void ProtectionStatusSubviewController::refreshColours(const FV2AppConfigModel& config) {
-    const auto model = appModel.lock();
-    if (model == nullptr)
-        return;
-    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
-    const StatusLine& line = kStatusLines.at(static_cast<std::size_t>(model->state().overallState));
+    view()->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+    const StatusLine& line = kStatusLines.at(static_cast<std::size_t>(appModel.state().overallState));
     const QColor background = toQColor(config.colours().*line.background);
     const QColor foreground = readableOn(background);
     statusLineView->setBackgroundColor(background);
