@@ -3,7 +3,7 @@
 #include "screens/main/MainWindowViewController.h"
 
 #include "logging/FV2Logging.h"
-#include "screens/LayoutConstants.h"
+#include "resources/FV2WindowSizes.h"
 #include "shell/FV2WindowController.h"
 #include "toolkit/NxQtColor.h"
 
@@ -64,10 +64,10 @@ void MainWindowViewController::setUp() {
     QWidget* const tagline = subviewTagLineViewController->view();
     logUi("Doing constraints for subviews. left menu ", description(*leftMenu), ", content ",
           description(*subviewMainContent), ", tagline ", description(*tagline));
-    leftMenu->setFixedWidth(requiredInteger(appModel, "mainwindow_leftmenuwidth"));
-    leftMenu->setMinimumHeight(requiredInteger(appModel, "mainwindowy") - kTaglineHeight);
-    subviewMainContent->setMinimumSize(requiredInteger(appModel, "main_window_contentwidth"),
-                                       requiredInteger(appModel, "mainwindowy") - kTaglineHeight);
+    leftMenu->setFixedWidth(windowSize("mainwindow_leftmenuwidth"));
+    leftMenu->setMinimumHeight(windowSize("mainwindowy") - kTaglineHeight);
+    subviewMainContent->setMinimumSize(windowSize("main_window_contentwidth"),
+                                       windowSize("mainwindowy") - kTaglineHeight);
     tagline->setFixedHeight(kTaglineHeight);
     auto* const columns = new QGridLayout(view());
     columns->setContentsMargins(0, 0, 0, 0);

@@ -3,16 +3,16 @@
 #include "screens/main/MainWindowWindowController.h"
 
 #include "logging/FV2Logging.h"
-#include "screens/LayoutConstants.h"
+#include "resources/FV2WindowSizes.h"
 #include "toolkit/NxTranslated.h"
 
 namespace fv2 {
 
 namespace {
 
-std::unique_ptr<FV2Window> makeMainWindow(const std::weak_ptr<FV2AppStateModel>& appModel) {
+std::unique_ptr<FV2Window> makeMainWindow() {
     logTrace("MainWindowWindowController.init");
-    const QSize size(requiredInteger(appModel, "mainwindowx"), requiredInteger(appModel, "mainwindowy"));
+    const QSize size(windowSize("mainwindowx"), windowSize("mainwindowy"));
     logTrace("MainWindowWindowController.init make wnd");
     auto window = std::make_unique<FV2Window>(size);
     logTrace("MainWindowWindowController.init go init");
@@ -23,7 +23,7 @@ std::unique_ptr<FV2Window> makeMainWindow(const std::weak_ptr<FV2AppStateModel>&
 
 MainWindowWindowController::MainWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
                                                        FV2WindowDelegate& registry)
-    : FV2MainWindowController(model, makeMainWindow(model)) {
+    : FV2MainWindowController(model, makeMainWindow()) {
     logTrace("MainWindowWindowController.init done init for ", description(*this), " wnd ", description(window()));
     m_viewController = makeController<MainWindowViewController>(model, registry);
     window().setContentView(m_viewController->view());

@@ -3,17 +3,16 @@
 #include "screens/password/EnterPasswordWindowWindowController.h"
 
 #include "logging/FV2Logging.h"
-#include "screens/LayoutConstants.h"
+#include "resources/FV2WindowSizes.h"
 #include "toolkit/NxTranslated.h"
 
 namespace fv2 {
 
 namespace {
 
-std::unique_ptr<FV2Window> makeWindow(const std::weak_ptr<FV2AppStateModel>& appModel) {
+std::unique_ptr<FV2Window> makeWindow() {
     logTrace("EnterPasswordWindowWindowController.init");
-    return std::make_unique<FV2Window>(
-        QSize(requiredInteger(appModel, "pwwindowx"), requiredInteger(appModel, "pwwindowy")));
+    return std::make_unique<FV2Window>(QSize(windowSize("pwwindowx"), windowSize("pwwindowy")));
 }
 
 } // namespace
@@ -21,7 +20,7 @@ std::unique_ptr<FV2Window> makeWindow(const std::weak_ptr<FV2AppStateModel>& app
 EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
                                                                          FV2WindowDelegate& registry,
                                                                          const std::string& userName, bool isEncrypting)
-    : FV2PasswordWindowController(model, makeWindow(model))
+    : FV2PasswordWindowController(model, makeWindow())
     , titlebarViewController(std::make_unique<FV2WindowTitlebarAccessoryViewController>(model))
     , viewController(makeController<EnterPasswordWindowViewController>(model, registry, userName, isEncrypting))
     , encrypting(isEncrypting) {

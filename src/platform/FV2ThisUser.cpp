@@ -1,12 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/FV2MediumDate.h"
+#include "platform/FV2ThisUser.h"
 
 #include <unicode/datefmt.h>
 #include <unicode/unistr.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <memory>
+#include <pwd.h>
+#include <unistd.h>
+#include <vector>
 
 namespace fv2 {
 
@@ -25,6 +29,15 @@ icu::Locale timeLocale() {
 }
 
 } // namespace
+
+std::string accountName() {
+    passwd entry{};
+    passwd* found = nullptr;
+    std::vector<char> texts(1024);
+    while (::getpwuid_r(::getuid(), &entry, texts.data(), texts.size(), &found) == ERANGE && texts.size() < 1024 * 1024)
+        texts.resize(2 * texts.size());
+    return found == nullptr ? std::string() : entry.pw_name;
+}
 
 std::string mediumDate(std::int64_t secondsSince1970) {
     if (secondsSince1970 < -kLastSecond || secondsSince1970 > kLastSecond)

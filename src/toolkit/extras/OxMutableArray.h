@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "toolkit/lists/OxArrayObserverNotificator.h"
+#include "toolkit/extras/OxArrayObserverNotificator.h"
 
 #include <stdexcept>
 #include <utility>

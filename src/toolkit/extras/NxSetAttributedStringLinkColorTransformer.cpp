@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "toolkit/NxSetAttributedStringLinkColorTransformer.h"
+#include "toolkit/extras/NxSetAttributedStringLinkColorTransformer.h"
 
 #include "resources/NxDesign.h"
 #include "toolkit/NxQtColor.h"

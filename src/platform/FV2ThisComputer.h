@@ -10,6 +10,10 @@
 
 namespace fv2 {
 
+//! The name that people gave this computer (PRETTY_HOSTNAME of the machine-info file), else its host name; empty when
+//! there is neither.
+[[nodiscard]] std::string computerName(const std::string& machineInfoPath = "/etc/machine-info");
+
 //! Why the processor's name could not be had: "POSIX" with an errno as code, and what was asked where.
 struct SysctlError {
     std::string domain;

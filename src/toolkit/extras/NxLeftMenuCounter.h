@@ -9,13 +9,6 @@
 
 namespace fv2 {
 
-//! Between a number and the rim of its badge, in pixels, both sides together.
-inline constexpr int kRoomBesideNumber = 12;
-
-//! How a row's number is told to a screen reader: the number, then what it says about the status (0 to 3; of any other
-//! nothing is said).
-[[nodiscard]] QString counterValueDescription(const QString& number, unsigned status);
-
 //! A small round badge with a number in the colour of a status, for a row of a menu: a click on it is one on the row.
 //! Hidden while the number is 0. Every setter signals before and after, whether or not the value is another. Main
 //! thread only.

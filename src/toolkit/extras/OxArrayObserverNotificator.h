@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "toolkit/lists/OxObservableArray.h"
+#include "toolkit/extras/OxObservableArray.h"
 
 #include <algorithm>
 #include <cstdint>

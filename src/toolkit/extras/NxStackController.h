@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "toolkit/lists/NxArrayMapper.h"
-#include "toolkit/lists/NxAutoViewController.h"
+#include "toolkit/extras/NxArrayMapper.h"
+#include "toolkit/extras/NxAutoViewController.h"
 
 #include <cstdint>
 #include <initializer_list>

@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/FV2Launcher.h"
+#include "platform/FV2ThisProcess.h"
 
-#include "platform/SmallFiles.h"
+#include "platform/SmallFile.h"
+
+#include <QGuiApplication>
 
 #include <algorithm>
 
@@ -23,6 +25,14 @@ bool launchedByFileManager(pid_t parent, const std::filesystem::path& proc) {
     if (name.ends_with('\n'))
         name.pop_back();
     return std::ranges::find(kFileManagers, name) != std::ranges::end(kFileManagers);
+}
+
+bool isWaylandSession() {
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
+}
+
+bool isWaylandClient() {
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 } // namespace fv2

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "toolkit/lists/NxStackController.h"
+#include "toolkit/extras/NxStackController.h"
 
 #include "ui_NxStack.h"
 

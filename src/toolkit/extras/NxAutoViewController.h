@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "toolkit/lists/NxViewController.h"
+#include "toolkit/extras/NxViewController.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "toolkit/NxTextAndLinksViewContainer.h"
+#include "toolkit/extras/NxTextAndLinksViewContainer.h"
 
 #include <QVBoxLayout>
 

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "toolkit/NxLeftMenuCounter.h"
+#include "toolkit/extras/NxLeftMenuCounter.h"
 
-#include "resources/FormatText.h"
 #include "resources/NxDesign.h"
+#include "toolkit/NxLeftMenuCellView.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
+#include "toolkit/SpokenStatus.h"
 
 #include <QAccessibleWidget>
 #include <QMouseEvent>
@@ -27,7 +28,6 @@ constexpr QColor kDarkNumber(63, 68, 74);
 
 //! Resolved when first used.
 struct Texts {
-    QString state = translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_COUNTER_STATE"));
     std::array<QString, kColours.size()> states{translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_COUNTER_STATE_OK")),
                                                 translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_COUNTER_STATE_WARNING")),
                                                 translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_COUNTER_STATE_ERROR")),
@@ -75,11 +75,6 @@ QAccessibleInterface* makeAccessibleCounter(const QString&, QObject* object) {
 
 } // namespace
 
-QString counterValueDescription(const QString& number, unsigned status) {
-    return QString::fromStdString(formatText(
-        "%1, %2 %3", {number.toStdString(), texts().state.toStdString(), nameOfStatus(status).toStdString()}));
-}
-
 NxLeftMenuCounter::NxLeftMenuCounter(QWidget* parent)
     : QPushButton(parent) {
     [[maybe_unused]] static const bool installed = (QAccessible::installFactory(makeAccessibleCounter), true);
@@ -115,7 +110,7 @@ void NxLeftMenuCounter::setColor(std::optional<QColor> color) {
 }
 
 QString NxLeftMenuCounter::accessibilityValueDescription() const {
-    return isHidden() ? QString() : counterValueDescription(text(), m_status);
+    return isHidden() ? QString() : spokenWithStatus(text(), nameOfStatus(m_status));
 }
 
 QString NxLeftMenuCounter::accessibilityState() const {

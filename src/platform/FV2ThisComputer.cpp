@@ -1,13 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/FV2MachineDescription.h"
+#include "platform/FV2ThisComputer.h"
 
 #include "base/Utf8.h"
-#include "platform/SmallFiles.h"
+#include "platform/Assignment.h"
+#include "platform/SmallFile.h"
 
+#include <array>
 #include <cerrno>
+#include <fstream>
 #include <optional>
 #include <sstream>
+#include <unistd.h>
 
 namespace fv2 {
 
@@ -36,6 +40,19 @@ std::string describedBy(const std::filesystem::path& path) {
 }
 
 } // namespace
+
+std::string computerName(const std::string& machineInfoPath) {
+    constexpr std::string_view key = "PRETTY_HOSTNAME=";
+    std::ifstream info(machineInfoPath);
+    for (std::string line; std::getline(info, line);) {
+        std::string name =
+            line.starts_with(key) ? unquotedValue(std::string_view(line).substr(key.size())) : std::string();
+        if (!name.empty())
+            return name;
+    }
+    std::array<char, 256> host{};
+    return ::gethostname(host.data(), host.size() - 1) == 0 ? host.data() : std::string();
+}
 
 std::variant<std::string, SysctlError> machineDescription(const std::filesystem::path& cpuinfo) {
     const std::optional<std::string> content = readSmallFile(cpuinfo, kMaxFileSize);

@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Prints what the platform's classes make of a process's environment.
+// Says what the desktop's appearance is while its portal and its palette change and the bus hangs.
 #include "platform/FV2Appearance.h"
-#include "platform/FV2MediumDate.h"
-#include "platform/FV2QtStrings.h"
 #include "platform/FV2TrayWatcher.h"
 #include "support/QtLoop.h"
 
@@ -19,10 +17,6 @@
 
 namespace fv2::test {
 namespace {
-
-void languages(const QString& tables) {
-    std::cout << FV2QtStrings(FV2QtStrings::preferredLanguages(), tables).language().toStdString() << '\n';
-}
 
 class Portal final : public QDBusVirtualObject {
     [[nodiscard]] QString introspect(const QString&) const override { return {}; }
@@ -57,13 +51,5 @@ void appearance() {
 
 int main(int argc, char* argv[]) {
     const QGuiApplication application(argc, argv);
-    const std::string what = argc > 1 ? argv[1] : "";
-    const std::string value = argc > 2 ? argv[2] : "";
-    if (what == "languages")
-        fv2::test::languages(QString::fromStdString(value));
-    else if (what == "date")
-        std::cout << fv2::mediumDate(std::stoll(value)) << '\n';
-    else if (what == "appearance")
-        fv2::test::appearance();
-    return 0;
+    fv2::test::appearance();
 }

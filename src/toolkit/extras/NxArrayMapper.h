@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "toolkit/lists/OxMutableArray.h"
+#include "toolkit/extras/OxMutableArray.h"
 
 #include <functional>
 
