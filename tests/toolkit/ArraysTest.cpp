@@ -53,8 +53,6 @@ TEST(Arrays, TellEveryoneOfEveryChangeInOrderAlsoOfThoseMadeByWhoIsTold) {
     };
     const Case table[] = {
         {[](Array& a) { a.addObject(object("x")); }, "+?x4 +?y0 +y0 +x5 ", "yabcdx", "+?x4"},
-        {insert, "+?y0 +y0 ", "yabcd"},
-        {[](Array& a) { a.removeObjectAtIndex(1); }, "-?b1 +?y0 +y0 -b2 ", "yacd", "-?b1"},
         {[](Array& a) { a.removeObjectsInRange(1, 2); }, "-?b1 -?c2 +?y0 +y0 -2 -3 ", "yad", "-?b1"},
         {[](Array& a) { EXPECT_THROW(a.removeObjectsInRange(3, SIZE_MAX), std::out_of_range); }, "", "abcd"},
     };

@@ -7,7 +7,6 @@
 #include "toolkit/NxTagMapper.h"
 #include "toolkit/NxTextField.h"
 #include "toolkit/NxView.h"
-#include "toolkit/extras/NxStackController.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -162,30 +161,6 @@ TEST(LeftMenuCell, KeepsEveryTextReadableBesideTheBubble) {
     }
     EXPECT_GE(cell.counterImage().width(), 12 + cell.counterNumberField().sizeHint().width());
     EXPECT_EQ((cell.counterImage().x() | cell.counterImage().y()) % 2, 0) << "blurred at 150 %";
-}
-
-//! A view of the height that its model tells.
-class Block final : public NxAutoViewController<int> {
-    std::unique_ptr<QWidget> loadView() override {
-        auto view = std::make_unique<QWidget>();
-        view->setFixedHeight(*modelData());
-        return view;
-    }
-};
-
-TEST(Stack, LaysViewsOutUnderOneAnotherAndFollowsItsModel) {
-    const auto model = std::make_shared<OxMutableArray<int>>();
-    const auto stack = NxStackController::stackWithControllerClass<Block>(model, nullptr);
-    for (const int height : {20, 10})
-        model->insertObjectAtIndex(std::make_shared<int>(height), 0);
-    stack->setSpacing(8);
-    stack->view()->show();
-    stack->view()->resize(100, 300);
-    const auto views = stack->childViewControllers();
-    EXPECT_EQ(views[0]->view()->size(), QSize(100, 10));
-    EXPECT_EQ(views[1]->view()->mapTo(stack->view(), QPoint(0, 0)), QPoint(0, 18));
-    model->removeObjectsInRange(0, 1);
-    EXPECT_EQ(stack->childViewControllers().size(), 1U);
 }
 
 } // namespace
