@@ -1,6 +1,8 @@
 # How every target of the project is compiled, and the three kinds of target it has.
 
 option(FV2_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
+option(FV2_BENCH "Add the benchmarks; needs Google Benchmark and libdbus" OFF)
+option(FV2_E2E "Add the end-to-end tests of this build's programs" OFF)
 option(FV2_FUZZ "Add the fuzz programs; needs clang++ and its fuzzer among the sanitizers" OFF)
 set(FV2_SANITIZE "" CACHE STRING "Sanitizers to build with: empty, 'address,undefined' or 'thread'")
 

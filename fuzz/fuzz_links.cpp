@@ -51,14 +51,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static int count = 1;
     static std::array<char*, 1> arguments{};
     static const auto* const application = new QApplication(count, arguments.data()); // outlives the fuzzer's exit()
-    test::Desk desk; // a new one: refreshes of one model merge
-    static auto& view = *new StatusMessageItemTextAndLink;
+    test::Desk desk;                      // a new one: refreshes of one model merge
     constexpr std::size_t longest = 1024; // as the application's own texts
     if (size < 4 || size > longest || application == nullptr)
         return 0;
     const QString markup = QString::fromUtf8(reinterpret_cast<const char*>(data) + 4, static_cast<qsizetype>(size - 4));
-    view.appModel = desk.model;
-    view.appCommand = fv2AppCommand(data[0] % 7);
+    StatusMessageItemTextAndLink view(*desk.model, fv2AppCommand(data[0] % 7));
     view.resize(300, 200);
     view.setHtmlCode(markup);
 

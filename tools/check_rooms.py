@@ -30,6 +30,12 @@ SERVICE = {
     "simulation": {"base", "comms", "protocol"},
 }
 
+# What a folder inside a room may include of the room's other folders; no other one may include any. The files beside
+# the folders are everybody's.
+FOLDERS = {("screens", "main"): {"status", "about", "setup"}}
+# A widget and what screen readers see of it know each other.
+PAIRS = {frozenset({"toolkit/NxTextAndLinksView", "toolkit/NxTextAndLinksAccessible"})}
+
 MOST_LINES = 400
 MOST_HEADER_LINES = 150
 
@@ -61,6 +67,23 @@ def without_comments(text):
 
 def line_of(text, position):
     return text.count("\n", 0, position) + 1
+
+
+def folder_of(path):
+    """The folder inside its room, if any, of a file that is named with its room."""
+    return path.parts[1] if len(path.parts) > 2 else ""
+
+
+def in_circles(uses):
+    """Those of uses = {name: names} that can't be put into an order: what uses nothing of the rest, or is not used by it,
+    is left out again and again."""
+    left = dict(uses)
+    while True:
+        used = set().union(*(left[name] & left.keys() for name in left))
+        kept = {name: names for name, names in left.items() if name in used and names & left.keys()}
+        if len(kept) == len(left):
+            return sorted(kept)
+        left = kept
 
 
 class House:
@@ -102,6 +125,21 @@ class House:
                 self._check_source(file, room.name, allowed, prefix)
             elif file.name == "CMakeLists.txt":
                 self._check_links(file, room.name, allowed, prefix)
+        self._check_circles(room, prefix)
+
+    def _check_circles(self, room, prefix):
+        """A header and its source count as one."""
+        uses = {}
+        for file in sorted(room.rglob("*")):
+            if file.suffix in SOURCES:
+                name = f"{room.name}/{file.relative_to(room).with_suffix('')}"
+                code = without_comments(file.read_text(encoding="utf-8"))
+                included = {header.removeprefix(prefix).rpartition(".")[0] for _, header in INCLUDE.findall(code)}
+                uses.setdefault(name, set()).update(
+                    other for other in included if other != name and frozenset({name, other}) not in PAIRS)
+        circle = in_circles(uses)
+        if circle:
+            self._fault(room, 1, f"has a circle among {', '.join(circle)}")
 
     def _check_source(self, file, room, allowed, prefix):
         text = file.read_text(encoding="utf-8")
@@ -131,6 +169,10 @@ class House:
                 self._fault(file, line, f'includes "{header}" without naming its room')
         elif target != room and target not in allowed:
             self._fault(file, line, f'includes "{header}": \'{room or "service"}\' may not know \'{target}\'')
+        elif target == room:
+            own, other = folder_of(file.relative_to(self.root / (prefix or "src/"))), folder_of(Path(header))
+            if own and other not in {"", own} | FOLDERS.get((room, own), set()):
+                self._fault(file, line, f'includes "{header}": \'{room}/{own}\' may not know \'{room}/{other}\'')
 
     def _check_links(self, file, room, allowed, prefix):
         text = re.sub(r"#[^\n]*", "", file.read_text(encoding="utf-8"))

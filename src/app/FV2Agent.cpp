@@ -45,8 +45,9 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
     , m_menu(m_strings)
     , m_passwords(besideProgram("pam.d"))
     , m_appModel(makeModel())
-    , m_screens(m_appModel, accountName())
-    , m_wndDelegate(m_appModel, m_screens)
+    , m_appConfigModel(makeAppConfigModel())
+    , m_screens(*m_appModel, m_appConfigModel, accountName())
+    , m_wndDelegate(*m_appModel, m_appConfigModel, m_screens)
     , m_delegate({.appModel = *m_appModel,
                   .wndDelegate = m_wndDelegate,
                   .menuBarStatusItem = m_trayItem,
@@ -55,16 +56,15 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
     // Panels show the application's name where they list their items; window titles end with the other one.
     QCoreApplication::setApplicationName(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     QGuiApplication::setApplicationDisplayName(QCoreApplication::applicationName());
-    m_appModel->setAppConfigModel(makeAppConfigModel());
     m_appModel->setWndDelegate(&m_wndDelegate);
     onAppearanceChanged();
     followDesktop(signals);
 }
 
-std::shared_ptr<FV2AppStateModel> FV2Agent::makeModel() {
+std::unique_ptr<FV2AppStateModel> FV2Agent::makeModel() {
     OxTranslatedString::setApplicationBundle(m_strings);
     NxDesign::setResource(designPropertyList);
-    return std::make_shared<FV2AppStateModel>(
+    return std::make_unique<FV2AppStateModel>(
         FV2AppStateModel::Ports{.dispatch = m_dispatch,
                                 .timers = m_timers,
                                 .service = m_service,
@@ -78,12 +78,12 @@ std::shared_ptr<FV2AppStateModel> FV2Agent::makeModel() {
         ::getuid());
 }
 
-std::unique_ptr<FV2AppConfigModel> FV2Agent::makeAppConfigModel() const {
+FV2AppConfigModel FV2Agent::makeAppConfigModel() const {
     const auto machine = machineDescription();
     const std::string* const name = std::get_if<std::string>(&machine);
     if (const auto* const error = std::get_if<SysctlError>(&machine))
         log(FV2LoggingLevel::error, {"machineDescription() failed:", error->domain, std::to_string(error->code)});
-    return std::make_unique<FV2AppConfigModel>(
+    return FV2AppConfigModel(
         [this] { return m_appearance.isDark(); }, osDescription(),
         name != nullptr ? *name : translatedText("IDUS_UNKNOWN"),
         ProductModel{.edition = "Business",

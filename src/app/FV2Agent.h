@@ -32,8 +32,8 @@ public:
     [[nodiscard]] int run(bool showWindow);
 
 private:
-    [[nodiscard]] std::shared_ptr<FV2AppStateModel> makeModel();
-    [[nodiscard]] std::unique_ptr<FV2AppConfigModel> makeAppConfigModel() const;
+    [[nodiscard]] std::unique_ptr<FV2AppStateModel> makeModel();
+    [[nodiscard]] FV2AppConfigModel makeAppConfigModel() const;
     void followDesktop(FV2UnixSignals& signals);
     void onAppearanceChanged();
 
@@ -52,7 +52,8 @@ private:
     FV2LoginSession m_session;
     FV2DesktopActivation m_activation;
     bool m_hasWindows = false; //!< or had some
-    std::shared_ptr<FV2AppStateModel> m_appModel;
+    const std::unique_ptr<FV2AppStateModel> m_appModel;
+    FV2AppConfigModel m_appConfigModel; //!< its texts need the strings that the model is made with
     FV2ScreenFactory m_screens;
     FV2WindowDelegate m_wndDelegate;
     AppDelegate m_delegate;

@@ -10,7 +10,6 @@
 #include "model/FV2PasswordPrompt.h"
 #include "model/FV2RefreshCycle.h"
 #include "model/FV2RefreshGate.h"
-#include "resources/FV2AppConfigModel.h"
 
 #include <atomic>
 #include <chrono>
@@ -36,12 +35,6 @@ public:
     void setAppDelegate(FV2ApplicationDelegate& appDelegate) { m_appDelegate = &appDelegate; }
     //! Without a registry no window is ever open.
     void setWndDelegate(FV2WindowRegistry* wndDelegate) { m_wndDelegate = wndDelegate; }
-
-    //! What the windows look like; none in an agent without windows.
-    void setAppConfigModel(std::unique_ptr<FV2AppConfigModel> appConfigModel) {
-        m_appConfigModel = std::move(appConfigModel);
-    }
-    [[nodiscard]] FV2AppConfigModel* appConfigModel() const { return m_appConfigModel.get(); }
 
     [[nodiscard]] const FV2AppState& state() const { return m_state; }
 
@@ -117,7 +110,6 @@ private:
     Ports m_ports;
     FV2ApplicationDelegate* m_appDelegate = nullptr;
     FV2WindowRegistry* m_wndDelegate = nullptr;
-    std::unique_ptr<FV2AppConfigModel> m_appConfigModel;
     FV2AppState m_state;
     FV2JsonParserORM jsonParser;
 

@@ -7,13 +7,12 @@
 
 namespace fv2 {
 
-std::shared_ptr<FV2MainWindowController> FV2ScreenFactory::makeMainWindow(FV2WindowDelegate& registry) {
-    return makeController<MainWindowWindowController>(m_appModel, registry);
+std::shared_ptr<FV2MainWindowController> FV2ScreenFactory::makeMainWindow() {
+    return makeController<MainWindowWindowController>(m_appModel, m_appConfigModel);
 }
 
-std::shared_ptr<FV2PasswordWindowController> FV2ScreenFactory::makePasswordWindow(FV2WindowDelegate& registry,
-                                                                                  bool encrypting) {
-    return makeController<EnterPasswordWindowWindowController>(m_appModel, registry, m_userName, encrypting);
+std::shared_ptr<FV2PasswordWindowController> FV2ScreenFactory::makePasswordWindow(bool encrypting) {
+    return makeController<EnterPasswordWindowWindowController>(m_appModel, m_appConfigModel, m_userName, encrypting);
 }
 
 } // namespace fv2

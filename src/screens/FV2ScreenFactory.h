@@ -14,16 +14,17 @@ namespace fv2 {
 class FV2ScreenFactory final : public FV2WindowFactory {
 public:
     //! `userName`: whose password the dialog asks for.
-    FV2ScreenFactory(std::weak_ptr<FV2AppStateModel> appModel, std::string userName)
-        : m_appModel(std::move(appModel))
+    FV2ScreenFactory(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel, std::string userName)
+        : m_appModel(appModel)
+        , m_appConfigModel(appConfigModel)
         , m_userName(std::move(userName)) {}
 
-    [[nodiscard]] std::shared_ptr<FV2MainWindowController> makeMainWindow(FV2WindowDelegate& registry) override;
-    [[nodiscard]] std::shared_ptr<FV2PasswordWindowController> makePasswordWindow(FV2WindowDelegate& registry,
-                                                                                  bool encrypting) override;
+    [[nodiscard]] std::shared_ptr<FV2MainWindowController> makeMainWindow() override;
+    [[nodiscard]] std::shared_ptr<FV2PasswordWindowController> makePasswordWindow(bool encrypting) override;
 
 private:
-    std::weak_ptr<FV2AppStateModel> m_appModel;
+    FV2AppStateModel& m_appModel;
+    FV2AppConfigModel& m_appConfigModel;
     const std::string m_userName;
 };
 

@@ -24,10 +24,9 @@ void FV2View::changeEvent(QEvent* event) {
 }
 
 void FV2View::viewDidChangeEffectiveAppearance() {
-    const auto model = appModel.lock();
-    if (model == nullptr || model->appConfigModel() == nullptr)
+    if (appConfigModel == nullptr)
         return;
-    model->appConfigModel()->refreshAppearance();
+    appConfigModel->refreshAppearance();
     Q_EMIT effectiveAppearanceChanged();
 }
 

@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/FV2AppStateModel.h"
+#include "resources/FV2AppConfigModel.h"
 #include "toolkit/NxView.h"
-
-#include <memory>
 
 namespace fv2 {
 
@@ -15,7 +13,8 @@ class FV2View : public NxView {
 public:
     using NxView::NxView;
 
-    void setupWithModel(std::weak_ptr<FV2AppStateModel> model) { appModel = std::move(model); }
+    //! From now on the view follows the appearance. Views inside a screen's own leave that to it.
+    void setupWithModel(FV2AppConfigModel& model) { appConfigModel = &model; }
 
     //! Fills the parent, in front of what has been pinned there before; that one is hidden, so that neither the
     //! keyboard nor a screen reader finds it underneath.
@@ -31,7 +30,7 @@ protected:
 private:
     void viewDidChangeEffectiveAppearance();
 
-    std::weak_ptr<FV2AppStateModel> appModel;
+    FV2AppConfigModel* appConfigModel = nullptr;
 };
 
 } // namespace fv2

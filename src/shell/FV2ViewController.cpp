@@ -7,8 +7,9 @@
 
 namespace fv2 {
 
-FV2ViewController::FV2ViewController(std::weak_ptr<FV2AppStateModel> model, QWidget* view)
-    : appModel(std::move(model))
+FV2ViewController::FV2ViewController(FV2AppStateModel& model, FV2AppConfigModel& configModel, FV2View* view)
+    : appModel(model)
+    , appConfigModel(configModel)
     , m_view(view)
     , m_description(description(*this))
     , m_viewDescription(description(*view)) {
@@ -24,22 +25,12 @@ FV2ViewController::~FV2ViewController() {
     delete m_view;
 }
 
-FV2View* FV2ViewController::initsubview() {
+void FV2ViewController::initsubview() {
     m_description = description(*this);
     logUi("FV2ViewController.initsubview for ", m_description);
-    auto* const own = qobject_cast<FV2View*>(m_view);
-    if (own == nullptr || appModel.expired())
-        return nullptr;
-    own->setupWithModel(appModel);
-    connect(own, &FV2View::effectiveAppearanceChanged, this, &FV2ViewController::refreshAppearance);
-    refreshAppearance();
-    return own;
-}
-
-void FV2ViewController::refreshAppearance() {
-    const auto model = appModel.lock();
-    if (model != nullptr && model->appConfigModel() != nullptr)
-        refreshColours(*model->appConfigModel());
+    m_view->setupWithModel(appConfigModel);
+    connect(m_view, &FV2View::effectiveAppearanceChanged, this, [this] { refreshColours(appConfigModel); });
+    refreshColours(appConfigModel);
 }
 
 } // namespace fv2

@@ -17,8 +17,8 @@ std::string description(const QObject& object) {
     return "<" + (scope == std::string::npos ? name : name.substr(scope + 1)) + ": " + address.data() + ">";
 }
 
-FV2WindowController::FV2WindowController(std::weak_ptr<FV2AppStateModel> model, std::unique_ptr<FV2Window> window)
-    : appModel(std::move(model))
+FV2WindowController::FV2WindowController(FV2AppStateModel& model, std::unique_ptr<FV2Window> window)
+    : appModel(model)
     , m_window(std::move(window)) {
     connect(m_window.get(), &FV2Window::willClose, this, &FV2WindowController::windowWillClose);
 }

@@ -19,7 +19,7 @@ namespace fv2 {
 class FV2WindowController : public QObject {
     Q_OBJECT
 public:
-    FV2WindowController(std::weak_ptr<FV2AppStateModel> appModel, std::unique_ptr<FV2Window> window);
+    FV2WindowController(FV2AppStateModel& appModel, std::unique_ptr<FV2Window> window);
 
     [[nodiscard]] FV2Window& window() const { return *m_window; }
     //! What the desktop adds above the content, in device-independent pixels; 0 while the window has no frame.
@@ -40,7 +40,7 @@ protected:
     //! Runs while the window closes. Overriders hand on to this one last.
     virtual void windowWillClose();
 
-    const std::weak_ptr<FV2AppStateModel> appModel;
+    FV2AppStateModel& appModel;
 
 private:
     std::unique_ptr<FV2Window> m_window;

@@ -8,31 +8,25 @@
 
 namespace fv2 {
 
-FV2WindowDelegate::FV2WindowDelegate(std::weak_ptr<FV2AppStateModel> model, FV2WindowFactory& factory)
-    : appModel(std::move(model))
+FV2WindowDelegate::FV2WindowDelegate(FV2AppStateModel& model, FV2AppConfigModel& configModel, FV2WindowFactory& factory)
+    : appModel(model)
+    , appConfigModel(configModel)
     , m_factory(factory) {
 }
 
 FV2WindowDelegate::~FV2WindowDelegate() = default;
 
-bool FV2WindowDelegate::isDark() const {
-    const auto model = appModel.lock();
-    return model != nullptr && model->appConfigModel() != nullptr && model->appConfigModel()->isDarkMode();
-}
-
 void FV2WindowDelegate::refreshAppearance() {
-    if (const auto model = appModel.lock(); model && model->appConfigModel() != nullptr)
-        model->appConfigModel()->refreshAppearance();
+    appConfigModel.refreshAppearance();
     for (std::size_t position = 1; position <= wndList.count(); ++position)
         if (const auto controller = wndList.controllerAt(position))
-            controller->setAppearance(isDark());
+            controller->setAppearance(appConfigModel.isDarkMode());
 }
 
 bool FV2WindowDelegate::canShow(fv2Window kind, bool userInitiated) const {
     bool allowed = false;
     if (wndList.count() == 0) {
-        const auto model = appModel.lock();
-        allowed = userInitiated || model == nullptr || !model->IsDNDMode();
+        allowed = userInitiated || !appModel.IsDNDMode();
     } else if (kind == fv2Window::Password_Encrypt || kind == fv2Window::Password_Decrypt) {
         allowed = userInitiated && wndList.indexOfWindow(kind) == 0 && wndList.indexOfWindow(fv2Window::Main) != 0;
     }
@@ -41,16 +35,12 @@ bool FV2WindowDelegate::canShow(fv2Window kind, bool userInitiated) const {
 }
 
 void FV2WindowDelegate::openWindow(fv2Window kind, bool userInitiated) {
-    const auto model = appModel.lock();
-    if (model == nullptr)
-        return;
     logTrace("Open Window");
-    if (model->appConfigModel() != nullptr)
-        model->appConfigModel()->refreshAppearance();
+    appConfigModel.refreshAppearance();
     logTrace("updateModelSempahore - wait (in open window)");
     bool shown = false;
     {
-        const SemaphoreHold hold(model->updateSemaphore());
+        const SemaphoreHold hold(appModel.updateSemaphore());
         logTrace("updateModelSempahore - waited (in open window)");
         shown = showChecked(kind, userInitiated);
         logTrace("updateModelSempahore - signal (in open window)");
@@ -72,7 +62,7 @@ bool FV2WindowDelegate::showChecked(fv2Window kind, bool userInitiated) {
     connect(controller.get(), &FV2WindowController::closing, this, &FV2WindowDelegate::willClose, Qt::UniqueConnection);
     connect(&controller->window(), &FV2Window::shownOrHidden, this, &FV2WindowDelegate::windowsChanged,
             Qt::UniqueConnection);
-    controller->setAppearance(isDark());
+    controller->setAppearance(appConfigModel.isDarkMode());
     // Chained before it is shown: X11's window managers are told only then who belongs to whom.
     if (wndList.isModalAt(wndList.addWindow(kind, controller)))
         chainToParent(*controller);
@@ -99,7 +89,7 @@ std::shared_ptr<FV2WindowController> FV2WindowDelegate::mainController() {
         logTrace("recycling main wc");
     } else {
         logTrace("new main wc making..");
-        mainWindowController = m_factory.makeMainWindow(*this);
+        mainWindowController = m_factory.makeMainWindow();
         if (mainWindowController)
             logTrace("new main wc is ", description(*mainWindowController));
     }
@@ -112,7 +102,7 @@ FV2WindowDelegate::passwordController(std::shared_ptr<FV2PasswordWindowControlle
     if (kept)
         logTrace(recycling);
     else
-        kept = m_factory.makePasswordWindow(*this, encrypting);
+        kept = m_factory.makePasswordWindow(encrypting);
     return kept;
 }
 
@@ -194,10 +184,9 @@ void FV2WindowDelegate::hideApplicationWindows() {
 }
 
 void FV2WindowDelegate::closeUnneededPasswordWindows() {
-    const auto model = appModel.lock();
-    if (wndList.count() == 0 || model == nullptr)
+    if (wndList.count() == 0)
         return;
-    const fv2AppCommand action = model->state().lastActionStored;
+    const fv2AppCommand action = appModel.state().lastActionStored;
     if (action != fv2AppCommand::EnterEncPassword)
         close(fv2Window::Password_Encrypt);
     if (action != fv2AppCommand::EnterDecPassword)

@@ -4,6 +4,7 @@
 
 #include "model/FV2AppStateModel.h"
 #include "model/FV2Ports.h"
+#include "resources/FV2AppConfigModel.h"
 #include "shell/FV2WindowController.h"
 #include "shell/fv2WindowList.h"
 
@@ -15,24 +16,21 @@
 
 namespace fv2 {
 
-class FV2WindowDelegate;
-
 //! Makes the windows' controllers; the registry itself knows no screen.
 class FV2WindowFactory {
 public:
     virtual ~FV2WindowFactory() = default;
-    [[nodiscard]] virtual std::shared_ptr<FV2MainWindowController> makeMainWindow(FV2WindowDelegate& registry) = 0;
+    [[nodiscard]] virtual std::shared_ptr<FV2MainWindowController> makeMainWindow() = 0;
     //! Nothing where there is no such window.
-    [[nodiscard]] virtual std::shared_ptr<FV2PasswordWindowController> makePasswordWindow(FV2WindowDelegate& registry,
-                                                                                          bool encrypting) = 0;
+    [[nodiscard]] virtual std::shared_ptr<FV2PasswordWindowController> makePasswordWindow(bool encrypting) = 0;
 };
 
 //! The one place where windows are opened, found, hidden, brought to front and forgotten: at most one of each kind. A
-//! window is open from openWindow() until it closes, hidden ones too. Main thread only; dies before the model.
+//! window is open from openWindow() until it closes, hidden ones too. Main thread only; dies before the models.
 class FV2WindowDelegate final : public QObject, public FV2WindowRegistry {
     Q_OBJECT
 public:
-    FV2WindowDelegate(std::weak_ptr<FV2AppStateModel> appModel, FV2WindowFactory& factory);
+    FV2WindowDelegate(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel, FV2WindowFactory& factory);
     ~FV2WindowDelegate() override;
 
     //! Holds the model's update semaphore while it builds the window, so that nothing is pushed into half a screen.
@@ -77,9 +75,9 @@ private:
     void willClose(FV2WindowController& controller);
     void moveToFront(std::vector<FV2Alert> alerts, bool withKeyboard);
     void close(fv2Window kind);
-    [[nodiscard]] bool isDark() const;
 
-    const std::weak_ptr<FV2AppStateModel> appModel;
+    FV2AppStateModel& appModel;
+    FV2AppConfigModel& appConfigModel;
     FV2WindowFactory& m_factory;
     fv2WindowList wndList;
     std::shared_ptr<FV2MainWindowController> mainWindowController;

@@ -3,7 +3,6 @@
 #include "TestEndpoint.h"
 #include "comms/FV2Records.h"
 #include "comms/FV2Requests.h"
-#include "comms/MessageReader.h"
 
 #include <gtest/gtest.h>
 
@@ -14,39 +13,7 @@ using namespace std::string_literals;
 namespace fv2::test {
 namespace {
 
-using enum MessageReader::State;
 using Pairs = std::vector<std::pair<std::string, std::string>>;
-using Outcome = std::pair<MessageReader::State, std::string>;
-
-//! Reads `stream` in full chunks as from one send, behind 32 KiB in chunks of `later`.
-Outcome read(std::string_view stream, std::size_t cap, std::size_t later = MessageReader::chunkSize) {
-    MessageReader reader(cap);
-    auto state = Reading;
-    for (std::size_t at = 0, size = 0; state == Reading && at < stream.size(); at += size) {
-        size = at < MessageReader::singleSendSize ? MessageReader::chunkSize : later;
-        state = reader.take(stream.substr(at, size));
-    }
-    return {state, reader.takeText()};
-}
-
-TEST(MessageReader, EndsAMessageAtAShortChunkAtItsCapOrPastOneSendWhereTheJsonCloses) {
-    const std::vector<std::tuple<std::size_t, std::size_t, MessageReader::State>> table{
-        {1, 65536, Whole},       {2047, 65536, Whole},    {2048, 65536, Reading}, {2049, 65536, Whole},
-        {32767, 65536, Whole},   {32768, 65536, Reading}, {4095, 4096, Whole},    {4097, 4096, TooLong},
-        {65536, 65536, Reading}, {65537, 65536, TooLong}, {101, 100, TooLong}};
-    for (const auto& [size, cap, state] : table) {
-        const std::size_t kept = state == TooLong ? cap / MessageReader::chunkSize * MessageReader::chunkSize : size;
-        EXPECT_EQ(read(std::string(size, '['), cap), Outcome(state, std::string(kept, '['))) << size;
-    }
-    std::string zeros(5000, 'x');
-    zeros[10] = zeros[2048] = zeros[4999] = '\0';
-    EXPECT_EQ(read(zeros, 65536), Outcome(Whole, std::string(10 + 903, 'x'))) << "a zero byte ends its chunk alone";
-
-    for (const std::size_t size : {32769U, 48'900U, 65540U, 1'048'575U, 1'048'576U})
-        for (const std::size_t chunk : {2048U, 1000U, 1U})
-            EXPECT_EQ(read(jsonOf(size), size, chunk), Outcome(Whole, jsonOf(size))) << size << " " << chunk;
-    EXPECT_EQ(read(jsonOf(80'000).substr(0, 79'999), 80'000).first, Reading) << "the last bracket is missing";
-}
 
 TEST(Requests, AreThePeersTextsByteForByte) {
     const std::string token = "\"},{\\\n\x01\x1F\x7F\u00E4\u2028";

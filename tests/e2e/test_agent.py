@@ -9,9 +9,9 @@ import random
 import signal
 import stat
 import subprocess
-import threading
 import time
 import unittest
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 from agent import (AGENT_SOCKET, BUILD, STATE_COLOURS, UNDERSTOOD, end, listens, notify, start_agent, start_service)
@@ -80,13 +80,6 @@ class TrayTest(unittest.TestCase):
             self.follow(desktop.tray_item(), "yellow", "in a new panel")
             self.assertEqual(len(tray_items(desktop.bus)), 1)
 
-    def test_the_tooltip_speaks_the_desktops_first_language_that_we_have(self):
-        with Desktop() as desktop:
-            start_service(desktop)
-            start_agent(desktop, LANG="C.UTF-8", LANGUAGE="xx:de:en")
-            item = desktop.tray_item()
-            wait_until(lambda: "Bitte beachten Sie die Meldungen" in item.tooltip(), "the German title")
-
 
 class LogSwitchTest(unittest.TestCase):
     def test_nothing_is_written_until_a_level_is_switched_on(self):
@@ -104,13 +97,6 @@ class LogSwitchTest(unittest.TestCase):
             text = log.read_text(encoding="utf-8")
             self.assertNotIn("[trace]", text)
             self.assertIn("applicationWillTerminate()", text)
-
-    def test_a_home_without_a_logs_folder_is_no_failure(self):
-        with Desktop(panel=None, logs_folder=False) as desktop:
-            agent = start_agent(desktop)
-            agent.expect("Application started")
-            self.assertEqual(end(agent), 0)
-            self.assertFalse((desktop.home / "logs").exists())
 
 
 class OneCopyTest(unittest.TestCase):
@@ -141,19 +127,8 @@ class OneCopyTest(unittest.TestCase):
 
     @staticmethod
     def started_together(desktop, count):
-        copies = [None] * count
-        gate = threading.Barrier(count)
-
-        def start(index):
-            gate.wait()
-            copies[index] = subprocess.Popen([BUILD / "fv2-agent"], env=desktop.env)
-
-        starters = [threading.Thread(target=start, args=(index,)) for index in range(count)]
-        for starter in starters:
-            starter.start()
-        for starter in starters:
-            starter.join()
-        return copies
+        with ThreadPoolExecutor(count) as starters:
+            return list(starters.map(lambda _: subprocess.Popen([BUILD / "fv2-agent"], env=desktop.env), range(count)))
 
 
 class CrashTest(unittest.TestCase):
@@ -225,7 +200,3 @@ class EndTest(unittest.TestCase):
                     self.assertEqual(notify(b"{}"), UNDERSTOOD)
                 self.assertEqual(end(agent), 0, fault)
                 self.assertFalse(listens())
-
-
-if __name__ == "__main__":
-    unittest.main()

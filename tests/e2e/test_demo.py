@@ -14,26 +14,15 @@ WALK = Path(__file__).resolve().parents[2] / "demo/walk.py"
 
 
 class DemoTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
-
-    def walk(self, build, panel="light"):
-        command = [sys.executable, "-B", WALK, build, self.folder / "pictures", "--panel", panel]
-        return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=120)
-
     def test_the_walk_tells_the_whole_story_and_leaves_its_pictures(self):
-        done = self.walk(BUILD, "dark")
+        folder = Path(self.enterContext(tempfile.TemporaryDirectory()), "pictures")
+        done = subprocess.run([sys.executable, "-B", WALK, BUILD, folder, "--panel", "dark"], stdout=subprocess.PIPE,
+                              stderr=subprocess.STDOUT, text=True, timeout=120)
         self.assertEqual(done.returncode, 0, done.stdout)
-        pictures = {file.name for file in (self.folder / "pictures").iterdir()}
+        pictures = {file.name for file in folder.iterdir()}
         story = ("unencrypted", "password", "wrong", "later", "right", "preparing", "encrypting", "encrypted",
                  "sync-failed", "syncing", "about")
         self.assertLessEqual({f"dark-{number:02}-{name}.png" for number, name in enumerate(story, 1)}, pictures)
         for colour in ("green", "yellow", "red", "blue"):
             self.assertIn(f"tray-dark-{colour}.png", pictures)
             self.assertIn(f"{colour} icon", done.stdout)
-
-
-if __name__ == "__main__":
-    unittest.main()

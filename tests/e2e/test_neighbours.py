@@ -2,11 +2,12 @@
 # SPDX-License-Identifier: Apache-2.0
 """What hostile or broken processes on the same machine can do to the agent: nothing that its user would notice."""
 
+import itertools
 import os
 import random
 import re
-import threading
 import unittest
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 from accounts import Account, real_account
@@ -43,18 +44,13 @@ class NotificationsTest(unittest.TestCase):
             for _ in range(20):
                 notify(b"warm up")
             before = resources_at_rest(agent)
-            answers = []
 
             def send(share):
                 chance = random.Random(share)
-                for number in range(2500):
-                    answers.append(notify(garbage(number, chance)))
+                return [notify(garbage(number, chance)) for number in range(2500)]
 
-            senders = [threading.Thread(target=send, args=(share,)) for share in range(4)]
-            for sender in senders:
-                sender.start()
-            for sender in senders:
-                sender.join()
+            with ThreadPoolExecutor(4) as senders:
+                answers = list(itertools.chain(*senders.map(send, range(4))))
             self.assertEqual(answers, [NOT_UNDERSTOOD] * 10000)
             self.assertEqual(resources_at_rest(agent), before, "descriptors and threads")
             self.assertEqual(notify(b"{}"), UNDERSTOOD)
@@ -167,7 +163,3 @@ class SquatterTest(unittest.TestCase):
                 self.assertEqual(end(agent), 0)
             finally:
                 os.rmdir(AGENT_SOCKET)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -3,7 +3,6 @@
 """What the window's two pages do for the one who uses them, and that nothing there ever waits for the service."""
 
 import re
-import signal
 import time
 import unittest
 
@@ -130,14 +129,3 @@ class MessagesTest(OpenWindow):
         self.assertGreater(waited, 45, "five attempts of ten seconds")
         self.assertLess(heart.longest, 0.1)
         self.assertEqual(end(self.agent), 0)
-
-    def test_the_heartbeat_tells_when_the_agent_stands_still(self):
-        with Heartbeat(self.desktop, self.desktop.tray_item(), self.agent) as heart:
-            self.agent.signal(signal.SIGSTOP)
-            time.sleep(0.5)
-            self.agent.signal(signal.SIGCONT)
-            wait_until(lambda: heart.longest > 0.4, "the pause to be noticed")
-
-
-if __name__ == "__main__":
-    unittest.main()

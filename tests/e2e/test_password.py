@@ -183,7 +183,3 @@ class PasswordTest(unittest.TestCase):
         self.dialog.enter(self.account.password)
         self.service.expect("^credentials of uid .*: accepted")
         self.dialog.wait_until_gone()
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -50,7 +50,3 @@ class ScreenReaderTest(unittest.TestCase):
                         if link.path in [child.path for child in each.children()])
             wait_until(lambda: reader.told_focus()[-2:] == [text.path, link.path], "the link to be told of last")
             self.assertIn(window.role(), ("frame", "window"))
-
-
-if __name__ == "__main__":
-    unittest.main()

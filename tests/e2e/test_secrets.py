@@ -7,6 +7,7 @@ import errno
 import itertools
 import os
 import resource
+import secrets
 import signal
 import time
 import unittest
@@ -30,6 +31,8 @@ UNUSUAL = {
     "umlauts, emoji, marks that stand over letters": "Äöüß€ñ 😀👍🏽 e\u0301",
     "long": "pAss wörd-" * 46,
 }
+#: How often a text is found that is nowhere in memory.
+NONE = {"utf-8": 0, "utf-16-le": 0}
 
 
 def pieces(text):
@@ -57,7 +60,7 @@ class SecretsTest(unittest.TestCase):
                 self.assertEqual(self.service.credentials, [{"username": self.account.name, "password": password}])
 
     def test_a_typed_password_is_written_nowhere(self):
-        self.start(account())
+        self.start(account(secrets.token_urlsafe(48)))  # longer than what a heap writes into what is given back
         self.dialog.enter(self.account.password)
         self.service.expect("^credentials of .* accepted")
         self.dialog.wait_until_gone()
@@ -69,6 +72,7 @@ class SecretsTest(unittest.TestCase):
         for place in ("output", self.desktop.home / "logs/mac-fv2-ui.log"):
             self.assertIn(b"chg -> Password is = ***", texts[place])
         self.assertEqual([place for place, text in texts.items() if self.account.password.encode() in text], [])
+        self.assertEqual(copies_in_memory(self.service.pid, *pieces(self.account.password)), NONE, "of the service")
 
     @unittest.skipIf(YAMA.exists() and YAMA.read_text() != "0\n", "no process may look at another one here")
     def test_no_other_process_of_the_user_can_look_while_it_is_typed(self):
@@ -150,7 +154,7 @@ class SecretsTest(unittest.TestCase):
             return 0.0  # the list of a listed account is read by PAM, into the agent's memory
         wanted = pieces(self.account.password if what == "right" else wrong[-12:])
         answered, found = time.monotonic(), None
-        while found != {"utf-8": 0, "utf-16-le": 0}:
+        while found != NONE:
             began = time.monotonic() - answered
             self.assertLess(began, 1, found)
             with contextlib.suppress(PermissionError):  # while it holds a password only root may look
@@ -177,7 +181,3 @@ class SecretsTest(unittest.TestCase):
                     dialog.wait_until_gone()
                 sent = [line for line in service.lines if line.startswith("credentials of")]
                 self.assertEqual(len(sent), 0 if root_only else 1, service.lines)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -130,7 +130,3 @@ class DoNotDisturbTest(unittest.TestCase):
             self.assertFalse([line for line in agent.lines if "IsDNDMode" in line])
             names = {str(name) for name in desktop.bus.list_names() if not name.startswith((":", "org.kde."))}
             self.assertEqual(names, {"org.freedesktop.DBus", "org.fv2agent.Agent"})
-
-
-if __name__ == "__main__":
-    unittest.main()

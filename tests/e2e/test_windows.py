@@ -206,7 +206,3 @@ class WaylandTest(unittest.TestCase):
             agent = start_agent(desktop, **session.env, QT_QPA_PLATFORM="xcb")
             desktop.tray_item().click()
             agent.expect("StatusBarMenu Open Application Window")
-
-
-if __name__ == "__main__":
-    unittest.main()

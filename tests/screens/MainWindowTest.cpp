@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/Screens.h"
-#include "support/LogScope.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -44,12 +43,6 @@ TEST_F(MainWindowTest, SwitchesPagesThatAreMadeOnceAndKept) {
     pages().switchContentSubview(Page::About);
     EXPECT_EQ(pages().currentContentViewController(), about);
     EXPECT_TRUE(about->view()->isVisible());
-
-    const LogScope log{FV2LoggingLevel::ui};
-    pages().switchContentSubview(Page::About);
-    EXPECT_EQ(log.messages(), (std::vector<std::string>{"MainWindowWindowController no active view",
-                                                        "MainWindowWindowController active view exists"}))
-        << "the page that is shown is not even refreshed";
 }
 
 TEST_F(MainWindowTest, ShowsStateAndNumberOfMessagesInTheMenusFirstRow) {
@@ -92,15 +85,6 @@ TEST_F(MainWindowTest, ShowsStateAndNumberOfMessagesInTheMenusFirstRow) {
         EXPECT_EQ(window().findChild<NxImageView*>(QStringLiteral("statusLineIcon"))->imageName(), tested.line);
         EXPECT_FALSE(cell(1).counterImage().isVisible());
     }
-    FV2AppState state(strings, 501, "desk");
-    state.overallState = fv2StatusStateType::Green;
-    for (const auto& [messages, count] : std::vector<std::pair<std::size_t, long>>{{0, 0}, {1, 0}, {2, 2}}) {
-        state.statusMessageList.resize(messages);
-        EXPECT_EQ(LeftMenuSubviewController::statusMessageCount(state), count);
-    }
-    state.statusMessageList.resize(1);
-    state.overallState = fv2StatusStateType::Yellow;
-    EXPECT_EQ(LeftMenuSubviewController::statusMessageCount(state), 1);
 }
 
 //! How often the service has been asked, and the page that is then shown, after each thing that a user does.
@@ -170,23 +154,6 @@ TEST_F(MainWindowTest, ColoursFollowSelectionAndAppearance) {
     window().closeWindow();
     open();
     EXPECT_EQ(shownAt(QStringLiteral("backgroundView")), QColor(34, 36, 39)) << "a new window is dark from the start";
-}
-
-//! The address checker counts what is left in memory; this counts what Qt still knows.
-TEST_F(MainWindowTest, ManyOpeningsLeaveNothingBehind) {
-    const auto round = [this] {
-        open();
-        EXPECT_EQ(pages().currentContentType(), Page::ProtectionStatus);
-        pages().selectPage(Page::About);
-        window().closeWindow();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        dispatch.workers.clear();
-    };
-    round();
-    const auto widgets = QApplication::allWidgets().size();
-    for (int count = 0; count < 20; ++count)
-        round();
-    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
 }
 
 } // namespace

@@ -19,8 +19,6 @@ protected:
     void SetUp() override {
         OxTranslatedString::setApplicationBundle(strings);
         model->setWndDelegate(&registry);
-        model->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "An OS", "A CPU",
-                                                                     ProductModel{"Business", "business"}));
     }
     void TearDown() override {
         registry.closeAll();
@@ -45,8 +43,9 @@ protected:
     }
 
     bool dark = false;
-    FV2ScreenFactory screens{model, "anna"};
-    FV2WindowDelegate registry{model, screens};
+    FV2AppConfigModel config{[this] { return dark; }, "An OS", "A CPU", {"Business", "business"}};
+    FV2ScreenFactory screens{*model, config, "anna"};
+    FV2WindowDelegate registry{*model, config, screens};
 };
 
 } // namespace fv2::test

@@ -5,7 +5,6 @@
 #include "shell/FV2Palette.h"
 #include "toolkit/NxQtColor.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -35,8 +34,7 @@ class StatusMessages : public Model {
 protected:
     void SetUp() override {
         OxTranslatedString::setApplicationBundle(strings);
-        model->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "", "", ProductModel()));
-        page = std::make_unique<ProtectionStatusSubviewController>(model);
+        page.emplace(*model, config);
         auto* const column = new QVBoxLayout(&window);
         column->addWidget(page->view());
         column->addWidget(&behind);
@@ -76,7 +74,8 @@ protected:
     bool dark = false;
     QWidget window;
     QLineEdit behind;
-    std::unique_ptr<ProtectionStatusSubviewController> page;
+    FV2AppConfigModel config{[this] { return dark; }, "", "", {}};
+    std::optional<ProtectionStatusSubviewController> page;
 };
 
 TEST_F(StatusMessages, HaveReadableRowsAsHighAsTheirTextsAtEveryWidthAndFontSize) {
@@ -185,7 +184,7 @@ TEST_F(StatusMessages, ComeRightBehindTheirTableInTheOrderOfTab) {
 }
 
 //! A click may change the messages, and with them all rows, before it is over.
-TEST_F(StatusMessages, RunTheirCommandOnceByEachWay) {
+TEST_F(StatusMessages, RunTheirCommandOnce) {
     struct Rebuilding final : FakeInterface {
         void openWindow(fv2Window kind, bool userInitiated) override {
             FakeInterface::openWindow(kind, userInitiated);
@@ -197,27 +196,17 @@ TEST_F(StatusMessages, RunTheirCommandOnceByEachWay) {
     int changes = 0;
     windows.rebuild = [&] { show({message("A", {}), message("B" + std::to_string(++changes))}); };
     windows.rebuild();
-    const auto doubleClick = [this](QPoint place) {
-        QTest::mouseClick(&text(1), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(&text(1), Qt::LeftButton, {}, place); // its second press alone, on the new view
-    };
-    const auto press = [this](std::size_t row) {
-        QAccessibleInterface* const found = QAccessible::queryAccessibleInterface(&text(row))->child(0);
-        found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    };
-    const auto did = [&](const auto& something) {
-        something();
+    const auto doubleClick = [&](std::size_t row, QPoint place) {
+        QTest::mouseClick(&text(row), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(&text(row), Qt::LeftButton, {}, place); // its second press alone, on the new view
         settle();
         return std::exchange(windows.calls, {});
     };
-    const std::string opened = "open 2 for user; ";
-    EXPECT_EQ(did([&] { doubleClick(text(1).rectOfLink(0).center()); }), opened);
-    EXPECT_EQ(did([&] { doubleClick({5, text(1).rectOfLink(0).center().y()}); }), "") << "a word beside the link";
-    text(1).focusLink(0);
-    EXPECT_EQ(did([&] { QTest::keyClick(&text(1), Qt::Key_Return); }), opened);
-    EXPECT_EQ(did([&] { press(1); }), opened);
-    EXPECT_EQ(did([&] { press(0); }), "") << "a message without a command";
-    EXPECT_EQ(changes, 4);
+    const QPoint goal = text(1).rectOfLink(0).center();
+    EXPECT_EQ(doubleClick(1, goal), "open 2 for user; ");
+    EXPECT_EQ(doubleClick(1, {5, goal.y()}), "") << "a word beside the link";
+    EXPECT_EQ(doubleClick(0, goal), "") << "a message without a command";
+    EXPECT_EQ(changes, 2);
 }
 
 } // namespace

@@ -113,24 +113,7 @@ TEST_F(Service, ServesWhoHasATokenUntilItUnsubscribesAndTellsCredentialsToNobody
     EXPECT_NE(answer("get_token", ""), reply);
 }
 
-TEST_F(Service, TellsALineThatItUnderstoodInItsOwnWordsAndItsStatusToAgents) {
-    for (const std::string line :
-         {"state 5", "progress 42", "uuid u 1", "version 2.\xff", "sync fail", "sync start", "sync last 12",
-          "policy postpone 15", "credentials refuse 17", "onsync fail 0.5", "onsync refuse 3", "fault slow 2.5"}) {
-        lines.clear();
-        commands.run("  " + line + " \r");
-        EXPECT_EQ(lines, std::vector{line});
-    }
-    const std::string status = R"({"result":true,"error_code":0,"status":{"state":5,"progress":42,"uuid":"u 1",)"
-                               R"("version":"2.�","sync_active":1,"sync_ok":0,"sync_last":12})";
-    EXPECT_EQ(handler.answer(statusRequest, 0), status + R"(,"policy":{"postponecredentialmins":15}})");
-    commands.run("policy postpone none");
-    commands.run("hunter2");
-    EXPECT_EQ(lines.back(), "line not understood: unknown line (see help)");
-    EXPECT_EQ(handler.answer(statusRequest, 0), status + '}');
-}
-
-TEST_F(Service, JoinsPiecesAndMisbehavesAsToldForALimitedTime) {
+TEST_F(Service, JoinsPiecesForALimitedTime) {
     const UniqueFd socket = connectTo(path);
     sendAll(socket, statusRequest.substr(0, 40));
     works([] { return false; }, ms(20));
@@ -139,32 +122,6 @@ TEST_F(Service, JoinsPiecesAndMisbehavesAsToldForALimitedTime) {
     EXPECT_EQ(hear(socket), good);
     EXPECT_EQ(ask(statusRequest.substr(0, 40)), kRefused + "1}") << "never ended";
     EXPECT_EQ(ask(R"({"a":")" + std::string(limits.requestBytes, 'x')), kRefused + "1}") << "too long";
-    const Table table{{"close", ""},
-                      {"silent", ""},
-                      {"slow 0.05", good},
-                      {"half", good.substr(0, good.size() / 2)},
-                      {"error 255", kRefused + "255}"}};
-    for (const auto& [fault, reply] : table) {
-        commands.run("fault " + fault);
-        EXPECT_EQ(ask(statusRequest), reply) << fault;
-        EXPECT_TRUE(reports("connection meets fault " + fault));
-    }
-    commands.run("fault garbage");
-    EXPECT_EQ(ask(statusRequest).front(), '\xff');
-    commands.run("fault endless");
-    EXPECT_GT(ask(statusRequest).size(), 200'000U);
-}
-
-TEST_F(Service, TakesAPathOnlyWhenNobodyElseHasItAndTakesItsOwnAway) {
-    const std::string stale = folder / "stale";
-    listenAt(stale).reset();
-    {
-        ListeningSocket socket;
-        EXPECT_EQ(socket.open(stale), "");
-        EXPECT_EQ(ListeningSocket().open(folder.path()), folder.path() + " is there and is not a socket");
-        EXPECT_EQ(ListeningSocket().open(stale), stale + " is served by another process");
-    }
-    EXPECT_FALSE(std::filesystem::exists(stale));
 }
 
 TEST_F(Service, TellsTheAgentsThatAreThereAndJudgesTheirAnswers) {
@@ -197,25 +154,6 @@ TEST_F(Service, MergesWhatChangesDuringAPush) {
     EXPECT_FALSE(isPushed(ms(50)));
 }
 
-TEST_F(Service, ForgetsAnAgentThatIsGoneAtTheThirdTimeInARow) {
-    const auto isForgotten = [this] {
-        lines.clear();
-        notify();
-        EXPECT_TRUE(reports(pushed + "failed, no agent"));
-        return std::ranges::count(lines, "forgot uid " + uid) == 1;
-    };
-    notifier.subscribe(::getuid());
-    agent.reset();
-    EXPECT_FALSE(isForgotten() || isForgotten());
-    agent = listenAt(agentPath);
-    notify();
-    takePush(kHandled);
-    EXPECT_TRUE(reports(pushed + "answered"));
-    agent.reset();
-    EXPECT_FALSE(isForgotten() || isForgotten());
-    EXPECT_TRUE(isForgotten());
-}
-
 TEST_F(Service, BelievesTheKernelAboutWhoAsksAndWhoListens) {
     std::filesystem::permissions(folder.path(), std::filesystem::perms(0711));
     std::filesystem::rename(agentPath, folder / "ormfv2_ui_4242.sock");
@@ -242,21 +180,6 @@ TEST_F(Service, PlaysEveryShippedScenarioToItsEndWithinMinutes) {
             simulation.advance();
         }
         EXPECT_TRUE(isDone()) << name;
-    }
-}
-
-TEST_F(Service, NamesWhatIsWrongInAScenario) {
-    const Table table{{"", "s: not JSON"},
-                      {R"({"steps": [{}], "speed": 2})", "s: unknown key \"speed\""},
-                      {R"({"steps": [{}, {"set": ["state 5", "state x"]}]})", "s.steps[1].set[1]: wanted: state N"},
-                      {R"({"steps": [{"for": 1e300}]})", "s.steps[0].for:"},
-                      {R"({"steps": [{"until": "next", "for": 1}]})", "s.steps[0]: has both"},
-                      {R"({"steps": [{"ramp": [0, 100]}]})", "s.steps[0].ramp: needs"},
-                      {R"({"steps": [{"ramp": [0, 9223372036854775807], "for": 1}]})", "s.steps[0].ramp:"}};
-    for (const auto& [text, problem] : table) {
-        const auto result = readScenario("s", text);
-        ASSERT_TRUE(std::holds_alternative<std::string>(result)) << text;
-        EXPECT_EQ(std::get<std::string>(result).substr(0, problem.size()), problem) << text;
     }
 }
 

@@ -6,34 +6,28 @@
 
 namespace fv2::test {
 
-//! An empty window that counts what the registry asks of it.
 struct FakeWindow final : FV2MainWindowController {
-    explicit FakeWindow(const std::weak_ptr<FV2AppStateModel>& model)
-        : FV2MainWindowController(model, std::make_unique<FV2Window>(QSize(100, 100))) {}
-    void updateFromModel() override { ++updates; }
-    void selectProtectionStatusPage() override { ++selections; }
-
-    int updates = 0;
-    int selections = 0;
+    using FV2MainWindowController::FV2MainWindowController;
+    void selectProtectionStatusPage() override {}
 };
 
 struct FakePasswordWindow final : FV2PasswordWindowController {
-    explicit FakePasswordWindow(const std::weak_ptr<FV2AppStateModel>& model)
-        : FV2PasswordWindowController(model, std::make_unique<FV2Window>(QSize(100, 100))) {}
-    void postponeAndClose() override { window().closeWindow(); }
+    using FV2PasswordWindowController::FV2PasswordWindowController;
+    void postponeAndClose() override {}
     void forget() override {}
 };
 
+//! Makes empty windows, or none.
 struct FakeWindows final : FV2WindowFactory {
-    std::shared_ptr<FV2MainWindowController> makeMainWindow(FV2WindowDelegate& /*registry*/) override {
-        return make<FakeWindow>();
-    }
-    std::shared_ptr<FV2PasswordWindowController> makePasswordWindow(FV2WindowDelegate& /*registry*/,
-                                                                    bool /*encrypting*/) override {
+    explicit FakeWindows(FV2AppStateModel& appModel)
+        : model(appModel) {}
+    std::shared_ptr<FV2MainWindowController> makeMainWindow() override { return make<FakeWindow>(); }
+    std::shared_ptr<FV2PasswordWindowController> makePasswordWindow(bool /*encrypting*/) override {
         return make<FakePasswordWindow>();
     }
 
-    std::weak_ptr<FV2AppStateModel> model;
+    FV2AppStateModel& model;
+    FV2AppConfigModel config{[] { return false; }, "", "", {}};
     std::function<void()> whileMaking = [] {};
     bool makesNone = false;
     int made = 0;
@@ -43,7 +37,7 @@ private:
     std::shared_ptr<Window> make() {
         whileMaking();
         ++made;
-        return makesNone ? nullptr : makeController<Window>(model);
+        return makesNone ? nullptr : makeController<Window>(model, std::make_unique<FV2Window>(QSize(100, 100)));
     }
 };
 

@@ -105,7 +105,7 @@ class Desktop:
     PANEL = (1280, PANEL_HEIGHT, 0, 0)
     TRAY = (200, PANEL_HEIGHT, 1080, 0)
 
-    def __init__(self, panel="light", logs_folder=True, env=None, window_manager=False, accessible=False,
+    def __init__(self, panel="light", env=None, window_manager=False, accessible=False,
                  system_bus=False, account=None):
         self.account = account
         self.uid = account.uid if account else os.getuid()
@@ -113,7 +113,6 @@ class Desktop:
         self._window_manager = window_manager
         self._accessible = accessible
         self._system_bus = system_bus
-        self._logs_folder = logs_folder
         self._extra = dict(env or {})
         self._closing = contextlib.ExitStack()
         self.folder = self.home = self.env = self.server = self.screen = None
@@ -193,8 +192,7 @@ class Desktop:
         runtime = self.folder / "run"
         for folder in (self.home, runtime):
             folder.mkdir(mode=0o700)
-        if self._logs_folder:
-            (self.home / "logs").mkdir()
+        (self.home / "logs").mkdir()
         # The services that are played here run as the user.
         settings = self.folder / "xdg/fv2-agent/agent.conf"
         settings.parent.mkdir(parents=True)

@@ -29,10 +29,10 @@ QString lastSync(const FV2AppState& state) {
 
 } // namespace
 
-AboutSubviewController::AboutSubviewController(const std::weak_ptr<FV2AppStateModel>& model)
-    : FV2ViewController(model, new FV2View) {
+AboutSubviewController::AboutSubviewController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
+    : FV2ViewController(model, configModel, new FV2View) {
     Ui::AboutSubview outlets;
-    outlets.setupUi(static_cast<FV2View*>(view()));
+    outlets.setupUi(view());
     fieldProductName = outlets.fieldProductName;
     fieldProductVersion = outlets.fieldProductVersion;
     viewHeaderSeperator = outlets.viewHeaderSeperator;
@@ -56,18 +56,14 @@ std::array<QPointer<AboutLineView>, 7> AboutSubviewController::lines() const {
 }
 
 void AboutSubviewController::updateFromModel() {
-    const auto model = appModel.lock();
-    if (model == nullptr || model->appConfigModel() == nullptr)
-        return;
     logTrace("AboutSubviewController updateFromModel in");
-    const FV2AppState& state = model->state();
-    const FV2AppConfigModel& config = *model->appConfigModel();
+    const FV2AppState& state = appModel.state();
     fieldProductName->setLine(translated(QStringLiteral("IDUS_MGUI_PRODUCT_NAME")),
                               translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     fieldProductVersion->setLine(translated(QStringLiteral("IDUS_MGUI_PRODUCT_VERSION")), shown(state.version));
     fieldComputerName->setLine(translated(QStringLiteral("IDUS_MGUI_COMPUTER_NAME")), shown(state.computerName));
-    fieldOperatingSystem->setLine(translated(QStringLiteral("IDUS_MGUI_OPERATING_SYSTEM")), shown(config.os()));
-    fieldMachine->setLine(translated(QStringLiteral("IDUS_MGUI_MACHINE")), shown(config.machine()));
+    fieldOperatingSystem->setLine(translated(QStringLiteral("IDUS_MGUI_OPERATING_SYSTEM")), shown(appConfigModel.os()));
+    fieldMachine->setLine(translated(QStringLiteral("IDUS_MGUI_MACHINE")), shown(appConfigModel.machine()));
     fieldUUID->setLine(QStringLiteral("Workstation ID:"), shown(state.uuid));
     buttonInstalledComponents->hide();
     fieldLastORMSync->setLine(translated(QStringLiteral("IDUS_MGUI_LAST_SYNC")), lastSync(state));
@@ -93,14 +89,11 @@ void AboutSubviewController::enableProxySync(bool enabled) {
 void AboutSubviewController::ProxySyncButton() {
     enableProxySync(false);
     logRelease("Proxy Sync button clicked");
-    if (const auto model = appModel.lock())
-        model->syncProxyAsync(fv2SyncSource::User, true);
+    appModel.syncProxyAsync(fv2SyncSource::User, true);
 }
 
 void AboutSubviewController::onHelp() {
-    const auto model = appModel.lock();
-    if (model != nullptr && model->appConfigModel() != nullptr)
-        openInBrowser(model->appConfigModel()->productModel().helpAddress);
+    openInBrowser(appConfigModel.productModel().helpAddress);
 }
 
 void AboutSubviewController::alignLabels() {
@@ -112,7 +105,7 @@ void AboutSubviewController::alignLabels() {
 }
 
 void AboutSubviewController::refreshColours(const FV2AppConfigModel& config) {
-    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+    view()->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
     viewHeaderSeperator->setBackgroundColor(toQColor(config.colours().colourSeperator));
     viewSeperator->setBackgroundColor(toQColor(config.colours().colourSeperator));
 }

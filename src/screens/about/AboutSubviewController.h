@@ -17,7 +17,7 @@ namespace fv2 {
 class AboutSubviewController final : public FV2ViewController {
     Q_OBJECT
 public:
-    explicit AboutSubviewController(const std::weak_ptr<FV2AppStateModel>& appModel);
+    AboutSubviewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
 
     void updateFromModel() override;
 

@@ -6,7 +6,7 @@
 #include "model/FV2StatusLook.h"
 #include "resources/FV2WindowSizes.h"
 #include "screens/main/LeftMenuRowDelegate.h"
-#include "screens/main/MainWindowWindowController.h"
+#include "shell/FV2WindowController.h"
 #include "toolkit/NxImageView.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTextField.h"
@@ -28,13 +28,11 @@ FV2View* makeView() {
 
 } // namespace
 
-LeftMenuSubviewController::LeftMenuSubviewController(const std::weak_ptr<FV2AppStateModel>& model,
-                                                     FV2WindowDelegate& registry)
-    : FV2ViewController(model, makeView())
-    , m_registry(registry) {
+LeftMenuSubviewController::LeftMenuSubviewController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
+    : FV2ViewController(model, configModel, makeView()) {
     logTrace("LeftMenuSubviewController.init super.init");
     Ui::LeftMenuSubview outlets;
-    outlets.setupUi(static_cast<FV2View*>(view()));
+    outlets.setupUi(view());
     leftmenuView = outlets.leftmenuView;
     tableView = outlets.tableView;
     rightBorder = outlets.rightBorder;
@@ -55,33 +53,27 @@ void LeftMenuSubviewController::viewDidLoad() {
     m_rows = new LeftMenuRowDelegate(windowSize("leftmenu_rowheight"), tableView);
     tableView->setItemDelegate(m_rows);
     tableView->setAccessibleName(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
-    const auto model = appModel.lock();
-    menuItemsArray = {
-        {"IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS", "home_template", eMainWindowContentSubViewType::ProtectionStatus,
-         model ? statusMessageCount(model->state()) : 0, "IDUS_MGUI_PROTECTION_STATUS_INDICATOR_ACC_HELP"},
-        {"IDUS_MGUI_LEFT_MENU_ABOUT", "talvik_about_template", eMainWindowContentSubViewType::About, 0,
-         "IDUS_MGUI_ABOUT_INDICATOR_ACC_HELP"},
-    };
-    for (const menuItem& item : menuItemsArray)
-        addRow(item);
+    for (const MainWindowPage& page : kPages)
+        if (page.title != nullptr)
+            addRow(page);
+    updateCounter(*cellAt(0), statusMessageCount(appModel.state()));
     connect(tableView, &QListWidget::currentRowChanged, this, &LeftMenuSubviewController::onCurrentRowChanged);
     connect(tableView, &LeftMenuTableView::selectedRowPressed, this, &LeftMenuSubviewController::onSelectedRowPressed);
 }
 
-void LeftMenuSubviewController::addRow(const menuItem& item) {
-    const QString title = translated(QString::fromUtf8(item.title));
+void LeftMenuSubviewController::addRow(const MainWindowPage& page) {
+    menuItemsArray.push_back(&page);
+    const QString title = translated(QString::fromUtf8(page.title));
     auto* const row = new QListWidgetItem(tableView);
     row->setData(Qt::AccessibleTextRole, title);
-    row->setData(Qt::AccessibleDescriptionRole, translated(QString::fromUtf8(item.help)));
+    row->setData(Qt::AccessibleDescriptionRole, translated(QString::fromUtf8(page.help)));
     auto* const cell = new NxLeftMenuCellView(tableView);
     cell->setObjectName(QStringLiteral("LeftMenuCell"));
     cell->textField().setText(title);
-    cell->imageView().setImageName(QString::fromUtf8(item.icon));
+    cell->imageView().setImageName(QString::fromUtf8(page.icon));
     cell->counterImage().hide();
     cell->counterNumberField().hide();
     tableView->setItemWidget(row, cell);
-    if (tableView->row(row) == 0)
-        updateCounter(*cell, item.counter);
 }
 
 long LeftMenuSubviewController::statusMessageCount(const FV2AppState& state) {
@@ -96,23 +88,19 @@ NxLeftMenuCellView* LeftMenuSubviewController::cellAt(int row) const {
 }
 
 void LeftMenuSubviewController::updateCounter(NxLeftMenuCellView& cell, long count) {
-    const auto model = appModel.lock();
-    if (model == nullptr)
-        return;
-    const FV2StatusLook& look = lookOf(model->state().overallState);
+    const FV2StatusLook& look = lookOf(appModel.state().overallState);
     const QString number = QString::number(count);
     cell.counterImage().setVisible(count != 0);
     cell.counterNumberField().setVisible(count != 0);
     if (count != 0) {
         cell.counterImage().setImageName(QString::fromUtf8(look.numberBubble));
         cell.counterNumberField().setText(number);
-        const bool dark = look.isNumberDark && model->appConfigModel() != nullptr;
         cell.counterNumberField().setTextColor(
-            dark ? toQColor(model->appConfigModel()->colours().colourLeftMenuBackground) : QColor(Qt::white));
+            look.isNumberDark ? toQColor(appConfigModel.colours().colourLeftMenuBackground) : QColor(Qt::white));
     }
     cell.imageView().setImageName(QString::fromUtf8(look.menuIcon));
     // Screen readers are told of every change, so there must be one.
-    const QString help = translated(QString::fromUtf8(menuItemsArray.front().help));
+    const QString help = translated(QString::fromUtf8(menuItemsArray.front()->help));
     const QString spoken =
         count == 0 ? help
                    : spokenWithStatus(number, translated(QString::fromUtf8(look.spoken))) + QStringLiteral(". ") + help;
@@ -121,16 +109,14 @@ void LeftMenuSubviewController::updateCounter(NxLeftMenuCellView& cell, long cou
 }
 
 void LeftMenuSubviewController::updateFromModel() {
-    const auto model = appModel.lock();
-    NxLeftMenuCellView* const cell = cellAt(0);
-    if (model != nullptr && cell != nullptr)
-        updateCounter(*cell, statusMessageCount(model->state()));
+    if (NxLeftMenuCellView* const cell = cellAt(0))
+        updateCounter(*cell, statusMessageCount(appModel.state()));
 }
 
 void LeftMenuSubviewController::refreshColours(const FV2AppConfigModel& config) {
     const auto& colours = config.colours();
     const QColor background = toQColor(colours.colourLeftMenuBackground);
-    static_cast<FV2View*>(view())->setBackgroundColor(background);
+    view()->setBackgroundColor(background);
     leftmenuView->setBackgroundColor(background);
     rightBorder->setBackgroundColor(background);
     m_rows->setColours(toQColor(colours.colourLeftMenuHighlight), toQColor(colours.colourLeftMenuTextGrayed));
@@ -143,11 +129,10 @@ void LeftMenuSubviewController::refreshColours(const FV2AppConfigModel& config) 
 }
 
 void LeftMenuSubviewController::colourCell(int row, bool selected) {
-    const auto model = appModel.lock();
     NxLeftMenuCellView* const cell = cellAt(row);
-    if (cell == nullptr || model == nullptr || model->appConfigModel() == nullptr)
+    if (cell == nullptr)
         return;
-    const auto& colours = model->appConfigModel()->colours();
+    const auto& colours = appConfigModel.colours();
     const QColor colour = toQColor(selected ? colours.colourLeftMenuText : colours.colourLeftMenuTextGrayed);
     cell->textField().setTextColor(colour);
     cell->imageView().setTintColor(colour);
@@ -155,8 +140,7 @@ void LeftMenuSubviewController::colourCell(int row, bool selected) {
 
 //! -1 where no row leads to the page.
 int LeftMenuSubviewController::rowOf(eMainWindowContentSubViewType page) const {
-    const auto found = std::find_if(menuItemsArray.begin(), menuItemsArray.end(),
-                                    [page](const menuItem& item) { return item.id == page; });
+    const auto found = std::ranges::find(menuItemsArray, page, &MainWindowPage::kind);
     return found == menuItemsArray.end() ? -1 : static_cast<int>(found - menuItemsArray.begin());
 }
 
@@ -201,21 +185,13 @@ void LeftMenuSubviewController::onCurrentRowChanged(int row) {
 void LeftMenuSubviewController::tableViewSelectionIsChanging(int row) {
     lastSelectedRow = row;
     logTrace("tableViewSelectionIsChanging calling syncCommsAsync");
-    if (const auto model = appModel.lock())
-        model->syncCommsAsync(false, fv2SyncSource::Moved, false);
+    appModel.syncCommsAsync(false, fv2SyncSource::Moved, false);
 }
 
 void LeftMenuSubviewController::tableViewSelectionDidChange(int row) {
     if (static_cast<std::size_t>(row) >= menuItemsArray.size())
         std::abort();
-    const auto main =
-        std::dynamic_pointer_cast<MainWindowWindowController>(m_registry.registeredController(fv2Window::Main));
-    if (main == nullptr)
-        return;
-    logUi("tableViewSelectionDidChange switchContentSubview");
-    if (MainWindowViewController* const pages = main->viewController())
-        pages->switchContentSubview(menuItemsArray[static_cast<std::size_t>(row)].id);
-    logUi("tableViewSelectionDidChange switchContentSubview done");
+    Q_EMIT pageChosen(menuItemsArray[static_cast<std::size_t>(row)]->kind);
 }
 
 } // namespace fv2

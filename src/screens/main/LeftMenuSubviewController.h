@@ -4,9 +4,8 @@
 
 #include "model/FV2AppState.h"
 #include "screens/main/LeftMenuTableView.h"
-#include "screens/main/eMainWindowContentSubViewType.h"
+#include "screens/main/Pages.h"
 #include "shell/FV2ViewController.h"
-#include "shell/FV2WindowDelegate.h"
 #include "toolkit/NxLeftMenuCellView.h"
 
 #include <QPointer>
@@ -29,7 +28,7 @@ public:
 class LeftMenuSubviewController final : public FV2ViewController {
     Q_OBJECT
 public:
-    LeftMenuSubviewController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry);
+    LeftMenuSubviewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
     ~LeftMenuSubviewController() override;
 
     void updateFromModel() override;
@@ -43,21 +42,17 @@ public:
     //! How many messages the bubble tells of: one alone is nothing to look at while all is well.
     [[nodiscard]] static long statusMessageCount(const FV2AppState& state);
 
+Q_SIGNALS:
+    //! A row was selected, or pressed again.
+    void pageChosen(fv2::eMainWindowContentSubViewType page);
+
 protected:
     void refreshColours(const FV2AppConfigModel& config) override;
 
 private:
-    struct menuItem {
-        const char* title;
-        const char* icon;
-        eMainWindowContentSubViewType id;
-        long counter;
-        const char* help; //!< what screen readers tell of the row beside its title
-    };
-
     void viewDidLoad();
     [[nodiscard]] int rowOf(eMainWindowContentSubViewType page) const;
-    void addRow(const menuItem& item);
+    void addRow(const MainWindowPage& page);
     [[nodiscard]] NxLeftMenuCellView* cellAt(int row) const;
     void updateCounter(NxLeftMenuCellView& cell, long count);
     void colourCell(int row, bool selected);
@@ -66,12 +61,11 @@ private:
     void tableViewSelectionIsChanging(int row);
     void tableViewSelectionDidChange(int row);
 
-    FV2WindowDelegate& m_registry;
     QPointer<NxView> leftmenuView;
     QPointer<LeftMenuTableView> tableView;
     QPointer<NxView> rightBorder;
     LeftMenuRowDelegate* m_rows = nullptr;
-    std::vector<menuItem> menuItemsArray;
+    std::vector<const MainWindowPage*> menuItemsArray; //!< the pages with a row
     int lastSelectedRow = -1;
     bool unloading = false;
     bool m_selecting = false; //!< the program selects, not the user

@@ -10,7 +10,7 @@
 #include <QGridLayout>
 #include <QShortcut>
 
-#include <array>
+#include <algorithm>
 
 namespace fv2 {
 
@@ -18,34 +18,10 @@ namespace {
 
 constexpr int kTaglineHeight = 36;
 
-struct PageKey {
-    Qt::Key key;
-    eMainWindowContentSubViewType page;
-};
-
-//! With Ctrl.
-constexpr std::array<PageKey, 2> kPageKeys{{
-    {Qt::Key_1, eMainWindowContentSubViewType::ProtectionStatus},
-    {Qt::Key_2, eMainWindowContentSubViewType::About},
-}};
-
-//! The page under `kept`, made now if it is shown for the first time.
-template <class Page, class... Arguments>
-FV2ViewController* page(std::unique_ptr<Page>& kept, const std::string& name, const Arguments&... arguments) {
-    if (!kept) {
-        logUi("MainWindowWindowController make ", name, " view");
-        kept = std::make_unique<Page>(arguments...);
-    }
-    logUi("MainWindowWindowController set ", name, " as view");
-    return kept.get();
-}
-
 } // namespace
 
-MainWindowViewController::MainWindowViewController(const std::weak_ptr<FV2AppStateModel>& model,
-                                                   FV2WindowDelegate& registry)
-    : FV2ViewController(model, new FV2View)
-    , m_registry(registry) {
+MainWindowViewController::MainWindowViewController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
+    : FV2ViewController(model, configModel, new FV2View) {
     initsubview();
 }
 
@@ -54,11 +30,11 @@ MainWindowViewController::~MainWindowViewController() {
 }
 
 void MainWindowViewController::setUp() {
-    subviewLeftMenuController = std::make_unique<LeftMenuSubviewController>(appModel, m_registry);
+    subviewLeftMenuController = std::make_unique<LeftMenuSubviewController>(appModel, appConfigModel);
     logUi("new LeftMenuSubviewController is ", description(*subviewLeftMenuController));
     subviewMainContent = new FV2View(view());
     switchContentSubview(eMainWindowContentSubViewType::ProtectionStatus);
-    subviewTagLineViewController = std::make_unique<TaglineViewController>(appModel);
+    subviewTagLineViewController = std::make_unique<TaglineViewController>(appModel, appConfigModel);
 
     QWidget* const leftMenu = subviewLeftMenuController->view();
     QWidget* const tagline = subviewTagLineViewController->view();
@@ -78,41 +54,49 @@ void MainWindowViewController::setUp() {
     columns->setRowStretch(0, 1);
     columns->setColumnStretch(1, 1);
 
-    subviewLeftMenuController->selectRow(subviewCurrentContentType);
+    subviewLeftMenuController->selectRow(subviewCurrentContentType); // nobody listens yet: the page is there
+    connect(subviewLeftMenuController.get(), &LeftMenuSubviewController::pageChosen, this,
+            &MainWindowViewController::onPageChosen);
     subviewLeftMenuController->takeFocus();
     addShortcuts();
 }
 
 //! The pages' own colour also lies under them: at fractional scales a seam between two views shows what is below.
 void MainWindowViewController::refreshColours(const FV2AppConfigModel& config) {
-    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+    view()->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
 }
 
 void MainWindowViewController::addShortcuts() {
-    for (const PageKey& entry : kPageKeys) {
-        auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | entry.key), view());
+    for (const MainWindowPage& page : kPages) {
+        if (!page.key)
+            continue;
+        auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | *page.key), view());
         connect(shortcut, &QShortcut::activated, this,
-                [this, page = entry.page] { subviewLeftMenuController->chooseRow(page); });
+                [this, kind = page.kind] { subviewLeftMenuController->chooseRow(kind); });
     }
 }
 
 FV2ViewController* MainWindowViewController::pageFor(eMainWindowContentSubViewType kind) {
-    FV2ViewController* shown = nullptr;
-    switch (kind) {
-    case eMainWindowContentSubViewType::None:
-    case eMainWindowContentSubViewType::ProtectionStatus:
-        shown = page(subviewProtectionStatusController, "prot stat", appModel);
-        logRelease("Switched content view to Protection Status");
-        break;
-    case eMainWindowContentSubViewType::Setup:
-        shown = page(subviewSetupController, "setup", appModel);
-        break;
-    case eMainWindowContentSubViewType::About:
-        shown = page(subviewAboutController, "about", appModel);
-        logRelease("Switched content view to About");
-        break;
+    const bool isNone = kind == eMainWindowContentSubViewType::None;
+    const auto* const page = std::ranges::find(kPages, isNone ? eMainWindowContentSubViewType::ProtectionStatus : kind,
+                                               &MainWindowPage::kind);
+    if (page == kPages.end())
+        return nullptr;
+    auto& kept = m_pages.at(static_cast<std::size_t>(page - kPages.begin()));
+    if (!kept) {
+        logUi("MainWindowWindowController make ", page->logName, " view");
+        kept = page->make(appModel, appConfigModel);
     }
-    return shown;
+    logUi("MainWindowWindowController set ", page->logName, " as view");
+    if (page->logTitle != nullptr)
+        logRelease("Switched content view to ", page->logTitle);
+    return kept.get();
+}
+
+void MainWindowViewController::onPageChosen(eMainWindowContentSubViewType kind) {
+    logUi("tableViewSelectionDidChange switchContentSubview");
+    switchContentSubview(kind);
+    logUi("tableViewSelectionDidChange switchContentSubview done");
 }
 
 void MainWindowViewController::switchContentSubview(eMainWindowContentSubViewType kind) {
@@ -128,10 +112,9 @@ void MainWindowViewController::switchContentSubview(eMainWindowContentSubViewTyp
     if (subviewCurrentContentViewController != nullptr) {
         logUi("MainWindowWindowController use new sub view");
         subviewCurrentContentType = kind;
-        QWidget* const shown = subviewCurrentContentViewController->view();
+        FV2View* const shown = subviewCurrentContentViewController->view();
         shown->setParent(subviewMainContent);
-        if (auto* const pinned = qobject_cast<FV2View*>(shown))
-            pinned->pinToSuperview();
+        shown->pinToSuperview();
     } else {
         subviewCurrentContentType = eMainWindowContentSubViewType::None;
     }
@@ -143,10 +126,9 @@ void MainWindowViewController::selectPage(eMainWindowContentSubViewType kind) {
 }
 
 void MainWindowViewController::updateFromModel() {
-    if (subviewProtectionStatusController)
-        subviewProtectionStatusController->updateFromModel();
-    if (subviewAboutController)
-        subviewAboutController->updateFromModel();
+    for (const auto& page : m_pages)
+        if (page)
+            page->updateFromModel();
     if (subviewLeftMenuController)
         subviewLeftMenuController->updateFromModel();
 }

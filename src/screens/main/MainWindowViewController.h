@@ -2,17 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "screens/about/AboutSubviewController.h"
 #include "screens/main/LeftMenuSubviewController.h"
+#include "screens/main/Pages.h"
 #include "screens/main/TaglineViewController.h"
 #include "screens/main/eMainWindowContentSubViewType.h"
-#include "screens/setup/SetupSubviewController.h"
-#include "screens/status/ProtectionStatusSubviewController.h"
 #include "shell/FV2ViewController.h"
-#include "shell/FV2WindowDelegate.h"
 
 #include <QPointer>
 
+#include <array>
 #include <memory>
 
 namespace fv2 {
@@ -21,7 +19,7 @@ namespace fv2 {
 class MainWindowViewController final : public FV2ViewController {
     Q_OBJECT
 public:
-    MainWindowViewController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry);
+    MainWindowViewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
     ~MainWindowViewController() override;
 
     //! Fills the view; once, after it has got its window. The first page is the protection status.
@@ -43,15 +41,14 @@ protected:
     void refreshColours(const FV2AppConfigModel& config) override;
 
 private:
+    //! None for a kind that is not in the table.
     FV2ViewController* pageFor(eMainWindowContentSubViewType kind);
+    void onPageChosen(eMainWindowContentSubViewType kind);
     void addShortcuts();
 
-    FV2WindowDelegate& m_registry;
     std::unique_ptr<LeftMenuSubviewController> subviewLeftMenuController;
     FV2View* subviewMainContent = nullptr;
-    std::unique_ptr<ProtectionStatusSubviewController> subviewProtectionStatusController;
-    std::unique_ptr<SetupSubviewController> subviewSetupController;
-    std::unique_ptr<AboutSubviewController> subviewAboutController;
+    std::array<std::unique_ptr<FV2ViewController>, kPageCount> m_pages; //!< in the order of the table
     std::unique_ptr<TaglineViewController> subviewTagLineViewController;
     eMainWindowContentSubViewType subviewCurrentContentType = eMainWindowContentSubViewType::None;
     QPointer<FV2ViewController> subviewCurrentContentViewController;

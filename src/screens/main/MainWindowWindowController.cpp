@@ -21,11 +21,10 @@ std::unique_ptr<FV2Window> makeMainWindow() {
 
 } // namespace
 
-MainWindowWindowController::MainWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
-                                                       FV2WindowDelegate& registry)
+MainWindowWindowController::MainWindowWindowController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
     : FV2MainWindowController(model, makeMainWindow()) {
     logTrace("MainWindowWindowController.init done init for ", description(*this), " wnd ", description(window()));
-    m_viewController = makeController<MainWindowViewController>(model, registry);
+    m_viewController = makeController<MainWindowViewController>(model, configModel);
     window().setContentView(m_viewController->view());
     m_viewController->setUp();
     // Shown where the desktop lists its windows, and read out by screen readers.

@@ -14,7 +14,7 @@ class MainWindowWindowController final : public FV2MainWindowController {
     Q_OBJECT
 public:
     //! The configuration must have the window's sizes.
-    MainWindowWindowController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry);
+    MainWindowWindowController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
 
     //! Nothing once the window closes.
     [[nodiscard]] MainWindowViewController* viewController() const { return m_viewController.get(); }

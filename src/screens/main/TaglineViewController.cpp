@@ -8,11 +8,11 @@
 
 namespace fv2 {
 
-TaglineViewController::TaglineViewController(const std::weak_ptr<FV2AppStateModel>& model)
-    : FV2ViewController(model, new FV2View) {
+TaglineViewController::TaglineViewController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
+    : FV2ViewController(model, configModel, new FV2View) {
     logTrace("TaglineViewController.init");
     Ui::TaglineView outlets;
-    outlets.setupUi(static_cast<FV2View*>(view()));
+    outlets.setupUi(view());
     backgroundView = outlets.backgroundView;
     taglineImageView = outlets.taglineImageView;
     initsubview();

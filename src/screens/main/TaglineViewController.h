@@ -13,7 +13,7 @@ namespace fv2 {
 class TaglineViewController final : public FV2ViewController {
     Q_OBJECT
 public:
-    explicit TaglineViewController(const std::weak_ptr<FV2AppStateModel>& appModel);
+    TaglineViewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
 
 protected:
     void refreshColours(const FV2AppConfigModel& config) override;

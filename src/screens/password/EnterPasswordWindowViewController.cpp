@@ -23,18 +23,17 @@ std::string_view typedForLog([[maybe_unused]] const SecretText& typed) {
 
 } // namespace
 
-EnterPasswordWindowViewController::EnterPasswordWindowViewController(const std::weak_ptr<FV2AppStateModel>& model,
-                                                                     FV2WindowDelegate& registry, std::string userName,
-                                                                     bool isEncrypting)
-    : FV2ViewController(model, new FV2View)
-    , m_registry(registry)
+EnterPasswordWindowViewController::EnterPasswordWindowViewController(FV2AppStateModel& model,
+                                                                     FV2AppConfigModel& configModel,
+                                                                     std::string userName, bool isEncrypting)
+    : FV2ViewController(model, configModel, new FV2View)
     , encrypting(isEncrypting)
     , m_userName(std::move(userName))
     , m_capsLock(nullptr)
     , m_guard(*view())
     , m_pause(new QTimer(view())) {
     Ui::EnterPassword outlets;
-    outlets.setupUi(static_cast<FV2View*>(view()));
+    outlets.setupUi(view());
     message = outlets.message;
     username = outlets.username;
     secureTextPasswordField = outlets.secureTextPasswordField;
@@ -98,7 +97,7 @@ void EnterPasswordWindowViewController::addButtons() {
 }
 
 void EnterPasswordWindowViewController::refreshColours(const FV2AppConfigModel& config) {
-    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+    view()->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
 }
 
 void EnterPasswordWindowViewController::controlTextDidChange() {
@@ -161,29 +160,28 @@ void EnterPasswordWindowViewController::onShowButton() {
 }
 
 void EnterPasswordWindowViewController::onOKButton() {
-    const auto model = appModel.lock();
-    if (model == nullptr || m_step != Step::Typing || secureTextPasswordField->secret().empty())
+    if (m_step != Step::Typing || secureTextPasswordField->secret().empty())
         return;
     auto password = std::make_shared<SecretText>(secureTextPasswordField->takeSecret());
     setStep(Step::Checking);
-    model->verifyPassword(m_userName, password, [weak = weak_from_this(), password](fv2PasswordCheck result) {
+    appModel.verifyPassword(m_userName, password, [weak = weak_from_this(), password](fv2PasswordCheck result) {
         if (const auto self = weak.lock())
             self->onVerified(result, password);
     });
 }
 
 void EnterPasswordWindowViewController::onVerified(fv2PasswordCheck check, std::shared_ptr<SecretText> password) {
-    const auto model = appModel.lock();
-    if (check != fv2PasswordCheck::Right || model == nullptr) {
+    if (check != fv2PasswordCheck::Right) {
         password->wipe();
         startAgain(0, check == fv2PasswordCheck::CannotCheck ? fv2Alert::CannotCheckPassword : fv2Alert::BadPassword);
         return;
     }
     setStep(Step::HandingOver);
-    model->setUserCredentials(m_userName, std::move(password), [weak = weak_from_this()](const CommandResult& result) {
-        if (const auto self = weak.lock())
-            self->onAnswered(result);
-    });
+    appModel.setUserCredentials(m_userName, std::move(password),
+                                [weak = weak_from_this()](const CommandResult& result) {
+                                    if (const auto self = weak.lock())
+                                        self->onAnswered(result);
+                                });
 }
 
 void EnterPasswordWindowViewController::onAnswered(const CommandResult& result) {
@@ -196,14 +194,12 @@ void EnterPasswordWindowViewController::onAnswered(const CommandResult& result) 
 void EnterPasswordWindowViewController::startAgain(std::uint64_t errorCode, fv2Alert alert) {
     setStep(Step::Typing);
     emptyField();
-    if (const auto model = appModel.lock())
-        model->doAlert(kind(), errorCode, alert);
+    appModel.doAlert(kind(), errorCode, alert);
 }
 
 void EnterPasswordWindowViewController::onPostponeButton() {
-    const auto model = appModel.lock();
-    if (model != nullptr && m_postponeButton->isEnabled() && m_registry.registeredController(kind()) != nullptr)
-        model->doAlert(kind(), 0, encrypting ? fv2Alert::PostponeEncWarning : fv2Alert::PostponeDecWarning);
+    if (m_postponeButton->isEnabled())
+        appModel.doAlert(kind(), 0, encrypting ? fv2Alert::PostponeEncWarning : fv2Alert::PostponeDecWarning);
 }
 
 void EnterPasswordWindowViewController::setStep(Step step) {

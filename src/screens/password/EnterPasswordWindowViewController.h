@@ -5,7 +5,6 @@
 #include "platform/FV2CapsLock.h"
 #include "screens/password/EnterPasswordGuard.h"
 #include "shell/FV2ViewController.h"
-#include "shell/FV2WindowDelegate.h"
 #include "toolkit/NxButton.h"
 #include "toolkit/NxSecureTextField.h"
 #include "toolkit/NxTextField.h"
@@ -26,7 +25,7 @@ class EnterPasswordWindowViewController final : public FV2ViewController,
                                                 public std::enable_shared_from_this<EnterPasswordWindowViewController> {
     Q_OBJECT
 public:
-    EnterPasswordWindowViewController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry,
+    EnterPasswordWindowViewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel,
                                       std::string userName, bool encrypting);
 
     //! What was typed and is not being checked is kept for this long without a key.
@@ -67,7 +66,6 @@ private:
     void updateHint();
     [[nodiscard]] fv2Window kind() const;
 
-    FV2WindowDelegate& m_registry;
     const bool encrypting;
     const std::string m_userName;
     FV2CapsLock m_capsLock;

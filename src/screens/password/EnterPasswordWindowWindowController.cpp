@@ -17,12 +17,12 @@ std::unique_ptr<FV2Window> makeWindow() {
 
 } // namespace
 
-EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const std::weak_ptr<FV2AppStateModel>& model,
-                                                                         FV2WindowDelegate& registry,
+EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(FV2AppStateModel& model,
+                                                                         FV2AppConfigModel& configModel,
                                                                          const std::string& userName, bool isEncrypting)
     : FV2PasswordWindowController(model, makeWindow())
-    , titlebarViewController(std::make_unique<FV2WindowTitlebarAccessoryViewController>(model))
-    , viewController(makeController<EnterPasswordWindowViewController>(model, registry, userName, isEncrypting))
+    , titlebarViewController(std::make_unique<FV2WindowTitlebarAccessoryViewController>(model, configModel))
+    , viewController(makeController<EnterPasswordWindowViewController>(model, configModel, userName, isEncrypting))
     , encrypting(isEncrypting) {
     titlebarViewController->attachTo(*this);
     connect(viewController.get(), &EnterPasswordWindowViewController::finished, this,
@@ -45,8 +45,7 @@ EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(const s
 }
 
 void EnterPasswordWindowWindowController::postponeAndClose() {
-    if (const auto model = appModel.lock())
-        model->postponePasswordDialog(encrypting);
+    appModel.postponePasswordDialog(encrypting);
     window().closeWindow();
 }
 

@@ -16,7 +16,7 @@ class EnterPasswordWindowWindowController final : public FV2PasswordWindowContro
     Q_OBJECT
 public:
     //! The configuration must have the window's sizes.
-    EnterPasswordWindowWindowController(const std::weak_ptr<FV2AppStateModel>& appModel, FV2WindowDelegate& registry,
+    EnterPasswordWindowWindowController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel,
                                         const std::string& userName, bool encrypting);
 
     void postponeAndClose() override;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/password/FV2WindowTitlebar.h"
 
+#include "toolkit/NxImageView.h"
 #include "toolkit/NxQtColor.h"
 
 #include <QHBoxLayout>
@@ -19,11 +20,12 @@ constexpr int kMargin = 16;
 
 } // namespace
 
-FV2WindowTitlebarView::FV2WindowTitlebarView()
-    : m_imageView(new NxImageView(this)) {
+FV2WindowTitlebarView::FV2WindowTitlebarView() {
+    auto* const logo = new NxImageView(this);
+    logo->setImageName(QStringLiteral("orm_product_logo"));
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(kMargin, 0, kMargin, 0);
-    row->addWidget(m_imageView);
+    row->addWidget(logo);
     row->addStretch();
 }
 
@@ -32,23 +34,18 @@ void FV2WindowTitlebarView::mousePressEvent(QMouseEvent* event) {
         window()->windowHandle()->startSystemMove();
 }
 
-FV2WindowTitlebarViewController::FV2WindowTitlebarViewController(const std::weak_ptr<FV2AppStateModel>& model)
-    : FV2ViewController(model, new FV2WindowTitlebarView) {
-    static_cast<FV2WindowTitlebarView*>(view())->imageView()->setImageName(QStringLiteral("orm_product_logo"));
+FV2WindowTitlebarViewController::FV2WindowTitlebarViewController(FV2AppStateModel& model,
+                                                                 FV2AppConfigModel& configModel)
+    : FV2ViewController(model, configModel, new FV2WindowTitlebarView) {
     initsubview();
 }
 
 void FV2WindowTitlebarViewController::refreshColours(const FV2AppConfigModel& config) {
-    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourWindowTitlebar));
-}
-
-FV2WindowTitlebarAccessoryViewController::FV2WindowTitlebarAccessoryViewController(
-    std::weak_ptr<FV2AppStateModel> appModel)
-    : m_appModel(std::move(appModel)) {
+    view()->setBackgroundColor(toQColor(config.colours().colourWindowTitlebar));
 }
 
 void FV2WindowTitlebarAccessoryViewController::attachTo(FV2WindowController& controller) {
-    m_subviewController = std::make_unique<FV2WindowTitlebarViewController>(m_appModel);
+    m_subviewController = std::make_unique<FV2WindowTitlebarViewController>(m_appModel, m_appConfigModel);
     QWidget* const strip = m_subviewController->view();
     strip->setFixedHeight(std::max(kLeastHeight, kContainerHeight - controller.titlebarHeight()));
     controller.window().addTitlebarAccessory(strip);

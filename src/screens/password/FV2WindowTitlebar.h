@@ -4,7 +4,6 @@
 
 #include "shell/FV2ViewController.h"
 #include "shell/FV2WindowController.h"
-#include "toolkit/NxImageView.h"
 
 #include <memory>
 
@@ -16,20 +15,15 @@ class FV2WindowTitlebarView final : public FV2View {
 public:
     FV2WindowTitlebarView();
 
-    [[nodiscard]] NxImageView* imageView() const { return m_imageView; }
-
 protected:
     void mousePressEvent(QMouseEvent* event) override;
-
-private:
-    NxImageView* m_imageView;
 };
 
 //! Keeps the strip's colour true.
 class FV2WindowTitlebarViewController final : public FV2ViewController {
     Q_OBJECT
 public:
-    explicit FV2WindowTitlebarViewController(const std::weak_ptr<FV2AppStateModel>& appModel);
+    FV2WindowTitlebarViewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
 
 protected:
     void refreshColours(const FV2AppConfigModel& config) override;
@@ -39,14 +33,17 @@ protected:
 class FV2WindowTitlebarAccessoryViewController final : public QObject {
     Q_OBJECT
 public:
-    explicit FV2WindowTitlebarAccessoryViewController(std::weak_ptr<FV2AppStateModel> appModel);
+    FV2WindowTitlebarAccessoryViewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel)
+        : m_appModel(appModel)
+        , m_appConfigModel(appConfigModel) {}
 
     //! Once. The strip dies with this object or with the window, whichever is first.
     void attachTo(FV2WindowController& controller);
     [[nodiscard]] FV2WindowTitlebarViewController* subviewController() const { return m_subviewController.get(); }
 
 private:
-    std::weak_ptr<FV2AppStateModel> m_appModel;
+    FV2AppStateModel& m_appModel;
+    FV2AppConfigModel& m_appConfigModel;
     std::unique_ptr<FV2WindowTitlebarViewController> m_subviewController;
 };
 

@@ -8,17 +8,17 @@
 
 namespace fv2 {
 
-SetupSubviewController::SetupSubviewController(const std::weak_ptr<FV2AppStateModel>& model)
-    : FV2ViewController(model, new FV2View) {
+SetupSubviewController::SetupSubviewController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
+    : FV2ViewController(model, configModel, new FV2View) {
     logTrace("SetupSubviewController.init");
     Ui::SetupSubview outlets;
-    outlets.setupUi(static_cast<FV2View*>(view()));
+    outlets.setupUi(view());
     dontRemoveFromSuperview = false;
     initsubview();
 }
 
 void SetupSubviewController::refreshColours(const FV2AppConfigModel& config) {
-    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+    view()->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
 }
 
 } // namespace fv2

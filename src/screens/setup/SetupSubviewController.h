@@ -10,7 +10,7 @@ namespace fv2 {
 class SetupSubviewController final : public FV2ViewController {
     Q_OBJECT
 public:
-    explicit SetupSubviewController(const std::weak_ptr<FV2AppStateModel>& appModel);
+    SetupSubviewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
 
 protected:
     void refreshColours(const FV2AppConfigModel& config) override;

@@ -11,41 +11,35 @@
 
 namespace fv2 {
 
-ProtectionStatusSubviewController::ProtectionStatusSubviewController(const std::weak_ptr<FV2AppStateModel>& model)
-    : FV2ViewController(model, new FV2View) {
+ProtectionStatusSubviewController::ProtectionStatusSubviewController(FV2AppStateModel& model,
+                                                                     FV2AppConfigModel& configModel)
+    : FV2ViewController(model, configModel, new FV2View) {
     logTrace("ProtectionStatusSubviewController.init");
     Ui::ProtectionStatusSubview outlets;
-    outlets.setupUi(static_cast<FV2View*>(view()));
+    outlets.setupUi(view());
     statusLineView = outlets.statusLineView;
     statusLineIcon = outlets.statusLineIcon;
     statusLineText = outlets.statusLineText;
     statusMessagesTableView = outlets.statusMessagesTableView;
     statusMessagesTableView->setAccessibleName(translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS")));
-    tableViewDelegate = std::make_unique<StatusMessagesTableDelegate>(model, *statusMessagesTableView);
+    tableViewDelegate = std::make_unique<StatusMessagesTableDelegate>(model, configModel, *statusMessagesTableView);
     initsubview();
 }
 
 void ProtectionStatusSubviewController::updateFromModel() {
-    const auto model = appModel.lock();
-    if (model == nullptr)
-        return;
     logTrace("ProtectionStatusSubviewController.updateFromModel in");
-    const FV2StatusLook& look = lookOf(model->state().overallState);
+    const FV2StatusLook& look = lookOf(appModel.state().overallState);
     statusLineIcon->setImageName(QString::fromUtf8(look.statusLineIcon));
     statusLineText->setStringValue(QString::fromUtf8(look.title));
     view()->setAccessibleName(statusLineText->text());
-    if (model->appConfigModel() != nullptr)
-        refreshColours(*model->appConfigModel());
+    refreshColours(appConfigModel);
     tableViewDelegate->updateFromModel(*statusMessagesTableView);
     logTrace("ProtectionStatusSubviewController.updateFromModel out");
 }
 
 void ProtectionStatusSubviewController::refreshColours(const FV2AppConfigModel& config) {
-    const auto model = appModel.lock();
-    if (model == nullptr)
-        return;
-    static_cast<FV2View*>(view())->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
-    const FV2StatusLook& look = lookOf(model->state().overallState);
+    view()->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+    const FV2StatusLook& look = lookOf(appModel.state().overallState);
     const QColor background = toQColor(config.colours().*look.statusLineColour);
     const QColor foreground = readableOn(background);
     statusLineView->setBackgroundColor(background);

@@ -18,7 +18,7 @@ namespace fv2 {
 class ProtectionStatusSubviewController final : public FV2ViewController {
     Q_OBJECT
 public:
-    explicit ProtectionStatusSubviewController(const std::weak_ptr<FV2AppStateModel>& appModel);
+    ProtectionStatusSubviewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
 
     void updateFromModel() override;
 

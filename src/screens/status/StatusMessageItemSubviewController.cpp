@@ -21,9 +21,10 @@ QColor linkColourOn(const QColor& background, const QColor& text, const FV2AppCo
 
 } // namespace
 
-StatusMessageItemSubviewController::StatusMessageItemSubviewController(const std::weak_ptr<FV2AppStateModel>& model,
+StatusMessageItemSubviewController::StatusMessageItemSubviewController(FV2AppStateModel& model,
+                                                                       FV2AppConfigModel& configModel,
                                                                        const FV2StatusMesssageListItem& message)
-    : FV2ViewController(model, new StatusMessageItemSubview) {
+    : FV2ViewController(model, configModel, new StatusMessageItemSubview) {
     Ui::StatusMessageItemSubview outlets;
     outlets.setupUi(itemView());
     statusMessageTitle = outlets.statusMessageTitle;
@@ -59,10 +60,7 @@ void StatusMessageItemSubviewController::setTitleFont() {
 }
 
 void StatusMessageItemSubviewController::setBackground() {
-    const auto model = appModel.lock();
-    if (model != nullptr && model->appConfigModel() != nullptr)
-        itemView()->setBackgroundColor(
-            toQColor(model->appConfigModel()->colours().*lookOf(itemView()->statusType).messageColour));
+    itemView()->setBackgroundColor(toQColor(appConfigModel.colours().*lookOf(itemView()->statusType).messageColour));
 }
 
 void StatusMessageItemSubviewController::refreshColours(const FV2AppConfigModel& config) {

@@ -15,7 +15,7 @@ namespace fv2 {
 class StatusMessageItemSubviewController final : public FV2ViewController {
     Q_OBJECT
 public:
-    StatusMessageItemSubviewController(const std::weak_ptr<FV2AppStateModel>& appModel,
+    StatusMessageItemSubviewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel,
                                        const FV2StatusMesssageListItem& message);
 
     [[nodiscard]] StatusMessageItemSubview* itemView() const { return qobject_cast<StatusMessageItemSubview*>(view()); }

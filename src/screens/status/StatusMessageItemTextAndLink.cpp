@@ -5,10 +5,8 @@
 namespace fv2 {
 
 void StatusMessageItemTextAndLink::clickedOnLink(int index) {
-    if (!hasLinkAt(index))
-        return;
-    if (const auto model = appModel.lock())
-        model->performAction(appCommand, true);
+    if (hasLinkAt(index))
+        appModel.performAction(appCommand, true);
 }
 
 } // namespace fv2

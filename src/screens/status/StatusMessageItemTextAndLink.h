@@ -5,8 +5,6 @@
 #include "model/FV2AppStateModel.h"
 #include "toolkit/NxTextAndLinksView.h"
 
-#include <memory>
-
 namespace fv2 {
 
 //! The text of a status message. All its links mean the same: the message's one command, whatever their tags say.
@@ -14,14 +12,18 @@ namespace fv2 {
 class StatusMessageItemTextAndLink final : public NxTextAndLinksView {
     Q_OBJECT
 public:
-    using NxTextAndLinksView::NxTextAndLinksView;
-
-    std::weak_ptr<FV2AppStateModel> appModel;
-    fv2AppCommand appCommand = fv2AppCommand::NoAction;
+    StatusMessageItemTextAndLink(FV2AppStateModel& model, fv2AppCommand command, QWidget* parent = nullptr)
+        : NxTextAndLinksView(parent)
+        , appModel(model)
+        , appCommand(command) {}
 
 protected:
     //! Carrying out the command may take this view away: it lives on until the event loop's next turn.
     void clickedOnLink(int index) override;
+
+private:
+    FV2AppStateModel& appModel;
+    const fv2AppCommand appCommand;
 };
 
 } // namespace fv2

@@ -8,17 +8,13 @@
 
 namespace fv2 {
 
-void StatusMessageItemTextAndLinkContainer::setUp(const std::weak_ptr<FV2AppStateModel>& model, fv2AppCommand command) {
-    if (m_textView == nullptr) {
-        setObjectName(QStringLiteral("container"));
-        m_textView = new StatusMessageItemTextAndLink(this);
-        m_textView->setObjectName(QStringLiteral("subview"));
-        auto* const whole = new QVBoxLayout(this);
-        whole->setContentsMargins(0, 0, 0, 0);
-        whole->addWidget(m_textView);
-    }
-    m_textView->appModel = model;
-    m_textView->appCommand = command;
+void StatusMessageItemTextAndLinkContainer::setUp(FV2AppStateModel& model, fv2AppCommand command) {
+    setObjectName(QStringLiteral("container"));
+    m_textView = new StatusMessageItemTextAndLink(model, command, this);
+    m_textView->setObjectName(QStringLiteral("subview"));
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(m_textView);
 }
 
 void StatusMessageItemTextAndLinkContainer::resizeEvent(QResizeEvent* event) {

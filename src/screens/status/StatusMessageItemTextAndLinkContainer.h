@@ -15,8 +15,8 @@ class StatusMessageItemTextAndLinkContainer final : public FV2View {
 public:
     using FV2View::FV2View;
 
-    //! Makes the text view if there is none yet, and hands it the model and the command.
-    void setUp(const std::weak_ptr<FV2AppStateModel>& appModel, fv2AppCommand command);
+    //! Makes the text view; once.
+    void setUp(FV2AppStateModel& appModel, fv2AppCommand command);
 
     [[nodiscard]] StatusMessageItemTextAndLink* textView() const { return m_textView; }
 

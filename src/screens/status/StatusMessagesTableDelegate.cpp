@@ -9,20 +9,18 @@
 
 namespace fv2 {
 
-StatusMessagesTableDelegate::StatusMessagesTableDelegate(std::weak_ptr<FV2AppStateModel> model,
+StatusMessagesTableDelegate::StatusMessagesTableDelegate(FV2AppStateModel& model, FV2AppConfigModel& configModel,
                                                          StatusMessagesTableView& tableView)
-    : appModel(std::move(model)) {
+    : appModel(model)
+    , appConfigModel(configModel) {
     tableView.setDelegate(*this);
     tableView.setDataSource(*this);
     ready = true;
 }
 
 void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& tableView) {
-    const auto model = appModel.lock();
-    if (model == nullptr)
-        return;
     logTrace("StatusMessagesTableDelegate.updateFromModel");
-    const Messages& messages = model->state().statusMessageList;
+    const Messages& messages = appModel.state().statusMessageList;
     if (!firstTime && messages == m_shown)
         return;
     const auto focused = focus(tableView);
@@ -31,7 +29,7 @@ void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& table
     removeAllStatusMessagedTableViewItems(tableView);
     for (const FV2StatusMesssageListItem& message : messages) {
         logTrace("StatusMessagesTableDelegate -> Creating status message item ", statusMessageItemViews.size());
-        auto item = std::make_unique<StatusMessageItemSubviewController>(appModel, message);
+        auto item = std::make_unique<StatusMessageItemSubviewController>(appModel, appConfigModel, message);
         StatusMessageItemTextAndLink* const text = item->textView();
         QObject::connect(text, &NxTextAndLinksView::linkFocused, &tableView,
                          [&tableView, text](const QRect& place) { tableView.scrollTo(*text, place); });

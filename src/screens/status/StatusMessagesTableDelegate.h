@@ -15,7 +15,8 @@ namespace fv2 {
 //! it.
 class StatusMessagesTableDelegate final : public StatusMessagesTableSource {
 public:
-    StatusMessagesTableDelegate(std::weak_ptr<FV2AppStateModel> appModel, StatusMessagesTableView& tableView);
+    StatusMessagesTableDelegate(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel,
+                                StatusMessagesTableView& tableView);
     //! Unlike rows that are replaced, which may be in the middle of a click, the last ones end here.
     ~StatusMessagesTableDelegate() override = default;
     StatusMessagesTableDelegate(const StatusMessagesTableDelegate&) = delete;
@@ -42,7 +43,8 @@ private:
     void giveFocusBack(const Focus& focus, StatusMessagesTableView& tableView) const;
     void removeAllStatusMessagedTableViewItems(const StatusMessagesTableView& tableView);
 
-    const std::weak_ptr<FV2AppStateModel> appModel;
+    FV2AppStateModel& appModel;
+    FV2AppConfigModel& appConfigModel;
     std::vector<std::unique_ptr<StatusMessageItemSubviewController>>
         statusMessageItemViews; //!< know their views weakly
     Messages m_shown;
