@@ -4,16 +4,14 @@
 
 #include "comms/FV2AppSocketComms.h"
 #include "logging/FV2Logging.h"
-#include "platform/FV2AccountName.h"
-#include "platform/FV2ComputerName.h"
-#include "platform/FV2Launcher.h"
-#include "platform/FV2MachineDescription.h"
-#include "platform/FV2MediumDate.h"
-#include "platform/FV2WaylandSession.h"
+#include "platform/FV2ThisComputer.h"
+#include "platform/FV2ThisProcess.h"
+#include "platform/FV2ThisUser.h"
 #include "resources/FV2HelpAddress.h"
 #include "resources/NxAppearance.h"
 #include "resources/NxDesign.h"
 #include "shell/FV2Palette.h"
+#include "toolkit/NxTranslated.h"
 
 #include <QFile>
 
@@ -25,10 +23,6 @@
 namespace fv2 {
 
 namespace {
-
-std::string text(std::string_view identifier) {
-    return OxTranslatedString::translateOrMarkID(identifier).string();
-}
 
 constexpr std::chrono::milliseconds kLongestEnd{700};
 
@@ -60,7 +54,7 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
                   .menu = m_menu,
                   .quit = [] { QCoreApplication::exit(); }}) {
     // Panels show the application's name where they list their items; window titles end with the other one.
-    QCoreApplication::setApplicationName(QString::fromStdString(text("IDUS_PRODUCT_DISPLAY_NAME")));
+    QCoreApplication::setApplicationName(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     QGuiApplication::setApplicationDisplayName(QCoreApplication::applicationName());
     m_appModel->setWndDelegate(&m_wndDelegate);
     onAppearanceChanged();
@@ -90,7 +84,8 @@ FV2AppConfigModel FV2Agent::makeAppConfigModel() const {
     if (const auto* const error = std::get_if<SysctlError>(&machine))
         log(FV2LoggingLevel::error, {"machineDescription() failed:", error->domain, std::to_string(error->code)});
     return FV2AppConfigModel(
-        [this] { return m_appearance.isDark(); }, osDescription(), name != nullptr ? *name : text("IDUS_UNKNOWN"),
+        [this] { return m_appearance.isDark(); }, osDescription(),
+        name != nullptr ? *name : translatedText("IDUS_UNKNOWN"),
         ProductModel{.edition = "Business",
                      .typeString = "business",
                      .helpAddress = helpAddress(m_settings.helpHost, m_strings.language().toStdString())});

@@ -16,14 +16,14 @@ const FV2AlertRow* alertRow(fv2Alert alert) {
 }
 
 FV2AlertContent alertContent(const FV2AlertRow& row, std::uint64_t errorCode, const OxStringBundle& strings) {
-    const auto translated = [&strings](std::string_view identifier) {
-        return scanTags(OxTranslatedString::translateOrMarkID(identifier, strings).string()).text;
+    const auto plainText = [&strings](std::string_view identifier) {
+        return scanTags(translatedText(identifier, strings)).text;
     };
-    FV2AlertContent content{.messageText = translated(row.title),
-                            .informativeText = translated(row.text),
-                            .buttons = {translated("IDUS_BUTTON_OK")}};
+    FV2AlertContent content{.messageText = plainText(row.title),
+                            .informativeText = plainText(row.text),
+                            .buttons = {plainText("IDUS_BUTTON_OK")}};
     if (row.postpones != fv2Window::None)
-        content.buttons.push_back(translated("IDUS_BUTTON_CANCEL"));
+        content.buttons.push_back(plainText("IDUS_BUTTON_CANCEL"));
     if (errorCode != 0) {
         std::array<char, sizeof " (0x)" + 16> code{};
         std::snprintf(code.data(), code.size(), " (0x%llX)", static_cast<unsigned long long>(errorCode));

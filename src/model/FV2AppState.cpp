@@ -3,6 +3,7 @@
 #include "model/FV2AppState.h"
 
 #include "logging/FV2Logging.h"
+#include "model/FV2StatusLook.h"
 
 #include <algorithm>
 
@@ -11,7 +12,7 @@ namespace fv2 {
 FV2AppState::FV2AppState(const OxStringBundle& strings, std::int64_t realUserId, std::string nameOfComputer)
     : userID(realUserId)
     , computerName(std::move(nameOfComputer)) {
-    const std::string unknown = OxTranslatedString::translateOrMarkID("IDUS_UNKNOWN", strings).string();
+    const std::string unknown = translatedText("IDUS_UNKNOWN", strings);
     version = uuid = lastORMSync = unknown;
     if (computerName.empty())
         computerName = unknown;
@@ -42,15 +43,8 @@ void FV2AppState::evaluateActionableStatusMessages() {
 }
 
 std::string_view FV2AppState::getMenuBarStatusIcon() const {
-    std::string_view name;
-    if (syncORMActive && !syncORMBlocked)
-        name = "orm_menu_icon_sync";
-    else if (overallState == fv2StatusStateType::Green)
-        name = "orm_menu_icon";
-    else if (overallState == fv2StatusStateType::Yellow)
-        name = "orm_menu_icon_warning";
-    else
-        name = "orm_menu_icon_alert";
+    const bool isSynchronising = syncORMActive && !syncORMBlocked;
+    const std::string_view name = isSynchronising ? "orm_menu_icon_sync" : lookOf(overallState).trayIcon;
     logTrace("getMenuBarStatusIcon returning image: ", name);
     return name;
 }

@@ -45,7 +45,7 @@ void FV2JsonParserORM::apply(const DecodedStatus& decoded, FV2AppState& model) {
 }
 
 void FV2JsonParserORM::applyStatus(const FV2EISStatus& status, FV2AppState& model) const {
-    const std::string unknown = translated("IDUS_UNKNOWN");
+    const std::string unknown = translatedText("IDUS_UNKNOWN", m_strings);
     model.syncORMActive = status.sync_active == 1;
     model.syncORMOK = status.sync_ok.value_or(1) == 1;
     model.version = textOr(status.version.value_or(std::string()), unknown);
@@ -66,12 +66,13 @@ fv2StatusStateType FV2JsonParserORM::UpdateStatusMessages(FV2AppState& model) {
     for (const FV2_ORM_State& row : kOrmStatesDictionary) {
         if (row.state != m_state)
             continue;
-        std::string text = translated(row.text);
+        std::string text = translatedText(row.text, m_strings);
         if (row.hasPercentage) {
             const std::string progress = std::to_string(model.encryptionProgress);
-            text = formatText(text, {formatText(translated("IDUS_ORM_SM_PERCENT_FMT"), {progress})});
+            text = formatText(text, {formatText(translatedText("IDUS_ORM_SM_PERCENT_FMT", m_strings), {progress})});
         }
-        model.addStatusMessage(row.statusType, translated(row.title), std::move(text), row.command, true);
+        model.addStatusMessage(row.statusType, translatedText(row.title, m_strings), std::move(text), row.command,
+                               true);
         worst = std::max(worst, row.statusType);
         if (row.command == fv2AppCommand::Initialising_ORM) {
             model.syncORMBlocked = true;
@@ -85,14 +86,11 @@ fv2StatusStateType FV2JsonParserORM::UpdateStatusMessages(FV2AppState& model) {
 fv2StatusStateType FV2JsonParserORM::AddSyncStatusMessage(FV2AppState& model) const {
     if (!model.syncORMActive && model.syncORMOK)
         return fv2StatusStateType::Green;
-    model.addStatusMessage(fv2StatusStateType::Yellow, translated("IDUS_ORM_SM_SYNC"),
-                           translated(model.syncORMActive ? "IDUS_ORM_SM_SYNC_ACTIVE" : "IDUS_ORM_SM_SYNC_ISSUE"),
-                           model.syncORMActive ? fv2AppCommand::NoAction : fv2AppCommand::ProxySync_ORM, false);
+    model.addStatusMessage(
+        fv2StatusStateType::Yellow, translatedText("IDUS_ORM_SM_SYNC", m_strings),
+        translatedText(model.syncORMActive ? "IDUS_ORM_SM_SYNC_ACTIVE" : "IDUS_ORM_SM_SYNC_ISSUE", m_strings),
+        model.syncORMActive ? fv2AppCommand::NoAction : fv2AppCommand::ProxySync_ORM, false);
     return fv2StatusStateType::Yellow;
-}
-
-std::string FV2JsonParserORM::translated(std::string_view identifier) const {
-    return OxTranslatedString::translateOrMarkID(identifier, m_strings).string();
 }
 
 } // namespace fv2

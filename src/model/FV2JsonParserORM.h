@@ -52,7 +52,6 @@ public:
 private:
     fv2StatusStateType AddSyncStatusMessage(FV2AppState& model) const;
     void applyStatus(const FV2EISStatus& status, FV2AppState& model) const;
-    [[nodiscard]] std::string translated(std::string_view identifier) const;
 
     const OxStringBundle& m_strings;
     MediumDateFormat m_mediumDate;

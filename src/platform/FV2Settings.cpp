@@ -4,7 +4,8 @@
 
 #include "base/Utf8.h"
 #include "logging/SystemReport.h"
-#include "platform/SmallFiles.h"
+#include "platform/Assignment.h"
+#include "platform/SmallFile.h"
 #include "resources/FV2HelpAddress.h"
 
 #include <cerrno>

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "resources/FV2AppConfigModel.h"
 
+#include "resources/NxColor.h"
+#include "resources/NxDesign.h"
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -32,16 +35,6 @@ constexpr Model::ColourEntry kColours[] = {
     {"statusmessage_background_yellow_darkmode", NxRgba::from255(76, 65, 28)},
     {"statusmessage_background_red_darkmode", NxRgba::from255(69, 41, 42)},
     {"placeholder", NxRgba::from255(0, 0, 255, 0)},
-};
-
-constexpr Model::IntegerEntry kIntegers[] = {
-    {"mainwindowx", 690},
-    {"mainwindowy", 510},
-    {"main_window_contentwidth", 480},
-    {"mainwindow_leftmenuwidth", 210},
-    {"leftmenu_rowheight", 32},
-    {"pwwindowx", 450},
-    {"pwwindowy", 300},
 };
 
 constexpr Model::ImageEntry kImages[] = {
@@ -88,11 +81,14 @@ constexpr struct {
 };
 
 //! The entry of that name, or null.
-template <class Entry>
-const Entry* find(std::span<const Entry> table, std::string_view name) {
-    const auto entry = std::ranges::find(table, name, &Entry::name);
+constexpr const Model::ColourEntry* find(std::span<const Model::ColourEntry> table, std::string_view name) {
+    const auto entry = std::ranges::find(table, name, &Model::ColourEntry::name);
     return entry == table.end() ? nullptr : &*entry;
 }
+
+static_assert(std::ranges::all_of(kFields, [](const auto& field) {
+    return find(kColours, field.key) != nullptr && (field.darkKey.empty() || find(kColours, field.darkKey) != nullptr);
+}));
 
 } // namespace
 
@@ -108,9 +104,6 @@ FV2AppConfigModel::FV2AppConfigModel(std::function<bool()> isDarkMode, std::stri
 std::span<const Model::ColourEntry> FV2AppConfigModel::colourDictionary() {
     return kColours;
 }
-std::span<const Model::IntegerEntry> FV2AppConfigModel::integerDictionary() {
-    return kIntegers;
-}
 std::span<const Model::ImageEntry> FV2AppConfigModel::imageDictionary() {
     return kImages;
 }
@@ -122,9 +115,12 @@ NxRgba FV2AppConfigModel::colourIn(std::span<const ColourEntry> dictionary, std:
     std::abort();
 }
 
-std::optional<int> FV2AppConfigModel::integer(std::string_view name) const {
-    const IntegerEntry* const entry = find(integerDictionary(), name);
-    return entry == nullptr ? std::nullopt : std::optional(entry->value);
+NxRgba FV2AppConfigModel::taglineTint() const {
+    return NxColor::color(NxColor::taglineTintColor, m_productModel.edition).value_or(colour("placeholder"));
+}
+
+NxRgba FV2AppConfigModel::linkColour() const {
+    return NxDesign::sharedDesign().getDesignColor(NxDesignColor::Link, m_isDarkMode ? 0 : 1);
 }
 
 void FV2AppConfigModel::refreshAppearance() {

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "resources/FV2WindowSizes.h"
 #include "resources/NxRgba.h"
 
 #include <functional>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -19,17 +19,14 @@ struct ProductModel {
     std::string helpAddress = {}; //!< of the online help; empty when there is none
 };
 
-//! Colours, sizes and images of the main window and its pages, and what the About page says about this computer.
-//! Main thread only; lives as long as the windows.
+//! Colours, sizes and images of the windows and their pages, and what the About page says about this computer. Every
+//! colour that a screen sets comes from here; Qt's own controls are painted by shell/FV2Palette. Main thread only;
+//! lives as long as the windows.
 class FV2AppConfigModel {
 public:
     struct ColourEntry {
         std::string_view name;
         NxRgba colour;
-    };
-    struct IntegerEntry {
-        std::string_view name;
-        int value;
     };
     struct ImageEntry {
         std::string_view name;
@@ -55,20 +52,22 @@ public:
     FV2AppConfigModel(std::function<bool()> isDarkMode, std::string os, std::string machine, ProductModel product);
 
     [[nodiscard]] static std::span<const ColourEntry> colourDictionary();
-    //! Sizes in points.
-    [[nodiscard]] static std::span<const IntegerEntry> integerDictionary();
+    [[nodiscard]] static constexpr std::span<const FV2WindowSize> integerDictionary() { return kWindowSizes; }
     //! Paths of the program's own resources.
     [[nodiscard]] static std::span<const ImageEntry> imageDictionary();
 
     //! The colour under a key, the entry "placeholder" for a missing one; ends the program when that is missing too.
     [[nodiscard]] static NxRgba colourIn(std::span<const ColourEntry> dictionary, std::string_view key);
     [[nodiscard]] NxRgba colour(std::string_view key) const { return colourIn(colourDictionary(), key); }
-    [[nodiscard]] std::optional<int> integer(std::string_view name) const;
 
     //! Asks for the appearance and takes the colours anew; to be called whenever the appearance has changed.
     void refreshAppearance();
     [[nodiscard]] bool isDarkMode() const { return m_isDarkMode; }
     [[nodiscard]] const Colours& colours() const { return m_colours; }
+    //! NxColor's, for the product's edition.
+    [[nodiscard]] NxRgba taglineTint() const;
+    //! NxDesign's, for the surfaces of the appearance at the last refresh.
+    [[nodiscard]] NxRgba linkColour() const;
 
     [[nodiscard]] const std::string& os() const { return m_os; }
     [[nodiscard]] const std::string& machine() const { return m_machine; }

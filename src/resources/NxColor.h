@@ -10,7 +10,8 @@
 
 namespace fv2 {
 
-//! Named colours, chosen by appearance and product edition from fixed tables. Any thread.
+//! Named colours, chosen by appearance and product edition from fixed tables. Screens read one of them, the tagline's
+//! tint, through FV2AppConfigModel; the left menu, the pages and the messages have their colours there. Any thread.
 class NxColor {
 public:
     struct Entry {

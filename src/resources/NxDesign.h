@@ -18,7 +18,8 @@ namespace fv2 {
 enum class NxDesignColor : std::uint8_t { Red, Green, Blue, Yellow, Link };
 
 //! The colours of badges and links, from a property list: "Colors" holds an array of hexadecimal texts for each kind.
-//! Entry 0 suits dark surfaces, entry 1 light ones. Made on any thread, read on the main thread only.
+//! Entry 0 suits dark surfaces, entry 1 light ones. Screens read the links' through FV2AppConfigModel, and none the
+//! badges' (toolkit/extras). Made on any thread, read on the main thread only.
 class NxDesign {
 public:
     //! A list that can't be read, or is longer than 1 MiB, is one without colours.

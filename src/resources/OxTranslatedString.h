@@ -55,4 +55,12 @@ private:
     std::shared_ptr<const std::string> _storage;
 };
 
+//! The text of an identifier, resolved or marked as translateOrMarkID() does it. Where Qt shows it: NxTranslated.h.
+[[nodiscard]] inline std::string translatedText(std::string_view identifier, const OxStringBundle& bundle) {
+    return OxTranslatedString::translateOrMarkID(identifier, bundle).string();
+}
+[[nodiscard]] inline std::string translatedText(std::string_view identifier) {
+    return OxTranslatedString::translateOrMarkID(identifier).string();
+}
+
 } // namespace fv2

@@ -3,7 +3,7 @@
 #include "shell/AppDelegate.h"
 
 #include "logging/FV2Logging.h"
-#include "platform/FV2WaylandSession.h"
+#include "platform/FV2ThisProcess.h"
 
 #include <QCursor>
 

@@ -2,15 +2,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2Palette.h"
 
-#include "platform/FV2WaylandSession.h"
+#include "platform/FV2ThisProcess.h"
 #include "toolkit/NxQtColor.h"
 
+#include <QGuiApplication>
 #include <QWindow>
 
 namespace fv2 {
 
 namespace {
 
+//! Of Qt's own controls: windows, buttons, fields, texts in them. Pages and menu have FV2AppConfigModel's.
 struct Tones {
     QRgb window, base, alternateBase, button, text, disabledText, placeholder, highlight, link;
 };

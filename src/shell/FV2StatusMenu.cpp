@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2StatusMenu.h"
 
+#include "toolkit/NxTranslated.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 
@@ -17,8 +19,8 @@ constexpr int kLongestClick = 500;
 
 FV2StatusMenu::FV2StatusMenu(const OxStringBundle& strings)
     : m_strings(strings)
-    , m_window(m_menu.addAction(text("IDUS_MGUI_MENUBAR_OPEN_ORM")))
-    , m_proxySync(m_menu.addAction(text("IDUS_MGUI_MENUBAR_PROXYSYNC_ORM"))) {
+    , m_window(m_menu.addAction(titleOf("IDUS_MGUI_MENUBAR_OPEN_ORM")))
+    , m_proxySync(m_menu.addAction(titleOf("IDUS_MGUI_MENUBAR_PROXYSYNC_ORM"))) {
     m_menu.insertSeparator(m_proxySync);
     connect(m_window, &QAction::triggered, this, [this] {
         if (m_windowShown)
@@ -31,8 +33,8 @@ FV2StatusMenu::FV2StatusMenu(const OxStringBundle& strings)
     connect(&m_menu, &QMenu::aboutToHide, this, &FV2StatusMenu::closed);
 }
 
-QString FV2StatusMenu::text(std::string_view identifier) const {
-    QString title = QString::fromStdString(OxTranslatedString::translateOrMarkID(identifier, m_strings).string());
+QString FV2StatusMenu::titleOf(const char* identifier) const {
+    QString title = translated(QString::fromUtf8(identifier), m_strings);
     return title.replace(QLatin1Char('&'), QLatin1String("&&")); // an entry has no key of its own
 }
 
@@ -67,7 +69,7 @@ bool FV2StatusMenu::eventFilter(QObject* watched, QEvent* event) {
 
 void FV2StatusMenu::update(bool windowShown, bool proxySyncPossible) {
     if (std::exchange(m_windowShown, windowShown) != windowShown)
-        m_window->setText(text(windowShown ? "IDUS_MGUI_MENUBAR_HIDE_ORM" : "IDUS_MGUI_MENUBAR_OPEN_ORM"));
+        m_window->setText(titleOf(windowShown ? "IDUS_MGUI_MENUBAR_HIDE_ORM" : "IDUS_MGUI_MENUBAR_OPEN_ORM"));
     m_proxySync->setEnabled(proxySyncPossible);
 }
 

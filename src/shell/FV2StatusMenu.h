@@ -45,7 +45,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    [[nodiscard]] QString text(std::string_view identifier) const;
+    [[nodiscard]] QString titleOf(const char* identifier) const;
 
     const OxStringBundle& m_strings;
     QMenu m_menu;

@@ -2,31 +2,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2TrayItem.h"
 
-#include <array>
+#include "model/FV2StatusLook.h"
+#include "toolkit/NxTranslated.h"
+
 #include <utility>
 
 namespace fv2 {
 
-namespace {
-
-//! The title of each traffic-light state, in the order of the states.
-constexpr std::array<std::string_view, 3> kStateTitles{
-    "IDUS_MGUI_STATUS_TITLE_GREEN",
-    "IDUS_MGUI_STATUS_TITLE_YELLOW",
-    "IDUS_MGUI_STATUS_TITLE_RED",
-};
-
-} // namespace
-
 void FV2TrayItem::show(std::string_view imageName, fv2StatusStateType overallState) {
-    const auto translated = [this](std::string_view identifier) {
-        return QString::fromStdString(OxTranslatedString::translateOrMarkID(identifier, m_strings).string());
-    };
     const QString image = QString::fromUtf8(imageName.data(), static_cast<qsizetype>(imageName.size()));
     if (std::exchange(m_imageName, image) != image)
         refreshIcon();
-    const QString toolTip = translated("IDUS_PRODUCT_DISPLAY_NAME") + QStringLiteral(": ") +
-                            translated(kStateTitles.at(static_cast<std::size_t>(overallState)));
+    const QString toolTip = translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME"), m_strings) + QStringLiteral(": ") +
+                            translated(QString::fromUtf8(lookOf(overallState).title), m_strings);
     if (std::exchange(m_toolTip, toolTip) != toolTip && m_icon)
         m_icon->setToolTip(toolTip);
 }

@@ -3,7 +3,7 @@
 #include "shell/FV2Window.h"
 
 #include "logging/FV2Logging.h"
-#include "platform/FV2WaylandSession.h"
+#include "platform/FV2ThisProcess.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>

@@ -3,7 +3,6 @@
 #include "toolkit/NxLeftMenuCellView.h"
 
 #include "toolkit/NxImageView.h"
-#include "toolkit/NxLeftMenuCounter.h"
 #include "toolkit/NxTextField.h"
 
 #include <QEvent>

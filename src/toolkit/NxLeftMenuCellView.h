@@ -9,6 +9,9 @@ namespace fv2 {
 class NxImageView;
 class NxTextField;
 
+//! Between a number and the rim of its bubble, in pixels, both sides together.
+inline constexpr int kRoomBesideNumber = 12;
+
 //! A row of the left menu: icon, text, and a bubble with a number at the end. A text too long for one line gets two
 //! smaller ones; one too long for these is cut with "…" and is then the cell's tooltip. The mouse passes through it to
 //! the row beneath, which has to show that tooltip. Main thread only.

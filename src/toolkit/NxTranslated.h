@@ -8,9 +8,8 @@
 
 namespace fv2 {
 
-//! The application's text of an identifier; marked with "!" when there is none.
-[[nodiscard]] inline QString translated(const QString& identifier) {
-    return QString::fromStdString(OxTranslatedString::translateOrMarkID(identifier.toStdString()).string());
-}
+//! translatedText() for what is shown by Qt: the text of an identifier, marked with "!" when there is none.
+[[nodiscard]] QString translated(const QString& identifier);
+[[nodiscard]] QString translated(const QString& identifier, const OxStringBundle& bundle);
 
 } // namespace fv2

@@ -2,14 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2PamPassword.h"
 
-#include "platform/FV2AccountName.h"
 #include "support/LogScope.h"
 
 #include <gtest/gtest.h>
 
-#include <pwd.h>
 #include <thread>
-#include <unistd.h>
 
 namespace fv2::test {
 namespace {
@@ -86,12 +83,6 @@ TEST_F(PamPassword, WaitsAsPamWantsUnlessThereIsAHurry) {
     model.stopWaiting();
     waiting.join();
     EXPECT_EQ(refusal("right"), "the agent ends");
-}
-
-TEST(AccountName, IsThatOfTheProcessWhateverTheEnvironmentSays) {
-    ::setenv("USER", "somebody", 1);
-    const passwd* const entry = ::getpwuid(::getuid());
-    EXPECT_EQ(accountName(), entry == nullptr ? "" : entry->pw_name);
 }
 
 } // namespace

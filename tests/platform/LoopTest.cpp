@@ -82,25 +82,20 @@ TEST(DesktopDispatch, LeavesTheLoopItsTimeWhileEveryWorkerHangsAndJobsPostJobs) 
 
 TEST(DesktopDispatch, DeliversNothingOnceTheOwnerIsGoneOrItHasFinished) {
     int delivered = 0;
-    const auto done = [&delivered](int value) { delivered += value; };
     auto owner = std::make_shared<const char>();
     FV2DesktopDispatch dispatch;
-    dispatch.run(
-        owner, [] { return 1; }, done);
+    const auto run = [&](int value) {
+        dispatch.run(
+            owner, [value] { return value; }, [&delivered](int result) { delivered += result; });
+    };
+    run(1);
     EXPECT_TRUE(runLoopUntil([&delivered] { return delivered == 1; }));
-
-    dispatch.run(
-        owner, [] { return 10; }, done);
-    owner.reset();
-    runLoopFor(milliseconds(30));
-    EXPECT_EQ(delivered, 1);
-
+    run(10);
     owner = std::make_shared<const char>();
-    dispatch.run(
-        owner, [] { return 100; }, done);
+    runLoopFor(milliseconds(30));
+    run(100);
     EXPECT_TRUE(dispatch.finish(Deadline(seconds(10))));
-    dispatch.run(
-        owner, [] { return 1000; }, done);
+    run(1000);
     runLoopFor(milliseconds(30));
     EXPECT_EQ(delivered, 1);
 }

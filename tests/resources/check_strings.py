@@ -95,6 +95,8 @@ def check(root):
     if len(paths) < 2:
         return [f"{len(paths)} language files in src/resources/strings: nothing to compare"]
     tables = {path.name: read_table(path, faults) for path in paths}
+    faults += [f"{path.name}: not named fv2-agent_<language>.ts, so the program can't find it"
+               for path in paths if not re.fullmatch(r"fv2-agent_\w+\.ts", path.name)]
     used = used_identifiers(root / "src")
     if not used:
         faults.append("no identifier found in src: is the search at fault?")

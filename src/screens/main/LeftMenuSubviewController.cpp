@@ -3,37 +3,23 @@
 #include "screens/main/LeftMenuSubviewController.h"
 
 #include "logging/FV2Logging.h"
-#include "screens/LayoutConstants.h"
+#include "model/FV2StatusLook.h"
+#include "resources/FV2WindowSizes.h"
 #include "screens/main/LeftMenuRowDelegate.h"
 #include "shell/FV2WindowController.h"
 #include "toolkit/NxImageView.h"
-#include "toolkit/NxLeftMenuCounter.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTextField.h"
 #include "toolkit/NxTranslated.h"
+#include "toolkit/SpokenStatus.h"
 #include "ui_LeftMenuSubview.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 
 namespace fv2 {
 
 namespace {
-
-//! What the first row shows in each state.
-struct StateLook {
-    const char* icon;
-    const char* bubble;
-    unsigned spokenStatus; //!< as NxLeftMenuCounter counts them
-};
-
-//! In the order of the states.
-constexpr std::array<StateLook, 3> kStateLooks{{
-    {"home_template", "green_notification_bubble", 0},
-    {"warning_template", "yellow_notification_bubble", 1},
-    {"error_template", "red_notification_bubble", 2},
-}};
 
 FV2View* makeView() {
     logTrace("LeftMenuSubviewController.init");
@@ -64,7 +50,7 @@ LeftMenuSubviewController::~LeftMenuSubviewController() {
 
 void LeftMenuSubviewController::viewDidLoad() {
     logTrace("LeftMenuSubviewController.viewDidLoad");
-    m_rows = new LeftMenuRowDelegate(requiredInteger(appConfigModel, "leftmenu_rowheight"), tableView);
+    m_rows = new LeftMenuRowDelegate(windowSize("leftmenu_rowheight"), tableView);
     tableView->setItemDelegate(m_rows);
     tableView->setAccessibleName(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     for (const MainWindowPage& page : kPages)
@@ -102,23 +88,22 @@ NxLeftMenuCellView* LeftMenuSubviewController::cellAt(int row) const {
 }
 
 void LeftMenuSubviewController::updateCounter(NxLeftMenuCellView& cell, long count) {
-    const fv2StatusStateType state = appModel.state().overallState;
-    const StateLook& look = kStateLooks.at(static_cast<std::size_t>(state));
+    const FV2StatusLook& look = lookOf(appModel.state().overallState);
     const QString number = QString::number(count);
     cell.counterImage().setVisible(count != 0);
     cell.counterNumberField().setVisible(count != 0);
     if (count != 0) {
-        cell.counterImage().setImageName(QString::fromUtf8(look.bubble));
+        cell.counterImage().setImageName(QString::fromUtf8(look.numberBubble));
         cell.counterNumberField().setText(number);
-        const bool dark = state == fv2StatusStateType::Yellow;
-        cell.counterNumberField().setTextColor(dark ? toQColor(appConfigModel.colours().colourLeftMenuBackground)
-                                                    : QColor(Qt::white));
+        cell.counterNumberField().setTextColor(
+            look.isNumberDark ? toQColor(appConfigModel.colours().colourLeftMenuBackground) : QColor(Qt::white));
     }
-    cell.imageView().setImageName(QString::fromUtf8(look.icon));
+    cell.imageView().setImageName(QString::fromUtf8(look.menuIcon));
     // Screen readers are told of every change, so there must be one.
     const QString help = translated(QString::fromUtf8(menuItemsArray.front()->help));
     const QString spoken =
-        count == 0 ? help : counterValueDescription(number, look.spokenStatus) + QStringLiteral(". ") + help;
+        count == 0 ? help
+                   : spokenWithStatus(number, translated(QString::fromUtf8(look.spoken))) + QStringLiteral(". ") + help;
     if (QListWidgetItem* const row = tableView->item(0); row->data(Qt::AccessibleDescriptionRole).toString() != spoken)
         row->setData(Qt::AccessibleDescriptionRole, spoken);
 }

@@ -3,7 +3,7 @@
 #include "screens/main/MainWindowViewController.h"
 
 #include "logging/FV2Logging.h"
-#include "screens/LayoutConstants.h"
+#include "resources/FV2WindowSizes.h"
 #include "shell/FV2WindowController.h"
 #include "toolkit/NxQtColor.h"
 
@@ -40,10 +40,10 @@ void MainWindowViewController::setUp() {
     QWidget* const tagline = subviewTagLineViewController->view();
     logUi("Doing constraints for subviews. left menu ", description(*leftMenu), ", content ",
           description(*subviewMainContent), ", tagline ", description(*tagline));
-    leftMenu->setFixedWidth(requiredInteger(appConfigModel, "mainwindow_leftmenuwidth"));
-    leftMenu->setMinimumHeight(requiredInteger(appConfigModel, "mainwindowy") - kTaglineHeight);
-    subviewMainContent->setMinimumSize(requiredInteger(appConfigModel, "main_window_contentwidth"),
-                                       requiredInteger(appConfigModel, "mainwindowy") - kTaglineHeight);
+    leftMenu->setFixedWidth(windowSize("mainwindow_leftmenuwidth"));
+    leftMenu->setMinimumHeight(windowSize("mainwindowy") - kTaglineHeight);
+    subviewMainContent->setMinimumSize(windowSize("main_window_contentwidth"),
+                                       windowSize("mainwindowy") - kTaglineHeight);
     tagline->setFixedHeight(kTaglineHeight);
     auto* const columns = new QGridLayout(view());
     columns->setContentsMargins(0, 0, 0, 0);

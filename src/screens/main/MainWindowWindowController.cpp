@@ -3,16 +3,16 @@
 #include "screens/main/MainWindowWindowController.h"
 
 #include "logging/FV2Logging.h"
-#include "screens/LayoutConstants.h"
+#include "resources/FV2WindowSizes.h"
 #include "toolkit/NxTranslated.h"
 
 namespace fv2 {
 
 namespace {
 
-std::unique_ptr<FV2Window> makeMainWindow(const FV2AppConfigModel& config) {
+std::unique_ptr<FV2Window> makeMainWindow() {
     logTrace("MainWindowWindowController.init");
-    const QSize size(requiredInteger(config, "mainwindowx"), requiredInteger(config, "mainwindowy"));
+    const QSize size(windowSize("mainwindowx"), windowSize("mainwindowy"));
     logTrace("MainWindowWindowController.init make wnd");
     auto window = std::make_unique<FV2Window>(size);
     logTrace("MainWindowWindowController.init go init");
@@ -22,7 +22,7 @@ std::unique_ptr<FV2Window> makeMainWindow(const FV2AppConfigModel& config) {
 } // namespace
 
 MainWindowWindowController::MainWindowWindowController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
-    : FV2MainWindowController(model, makeMainWindow(configModel)) {
+    : FV2MainWindowController(model, makeMainWindow()) {
     logTrace("MainWindowWindowController.init done init for ", description(*this), " wnd ", description(window()));
     m_viewController = makeController<MainWindowViewController>(model, configModel);
     window().setContentView(m_viewController->view());

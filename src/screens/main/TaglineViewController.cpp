@@ -3,7 +3,6 @@
 #include "screens/main/TaglineViewController.h"
 
 #include "logging/FV2Logging.h"
-#include "resources/NxColor.h"
 #include "toolkit/NxQtColor.h"
 #include "ui_TaglineView.h"
 
@@ -21,8 +20,7 @@ TaglineViewController::TaglineViewController(FV2AppStateModel& model, FV2AppConf
 
 void TaglineViewController::refreshColours(const FV2AppConfigModel& config) {
     backgroundView->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
-    if (const auto tint = NxColor::color(NxColor::taglineTintColor, config.productModel().edition))
-        taglineImageView->setTintColor(toQColor(*tint));
+    taglineImageView->setTintColor(toQColor(config.taglineTint()));
 }
 
 } // namespace fv2

@@ -3,17 +3,16 @@
 #include "screens/password/EnterPasswordWindowWindowController.h"
 
 #include "logging/FV2Logging.h"
-#include "screens/LayoutConstants.h"
+#include "resources/FV2WindowSizes.h"
 #include "toolkit/NxTranslated.h"
 
 namespace fv2 {
 
 namespace {
 
-std::unique_ptr<FV2Window> makeWindow(const FV2AppConfigModel& config) {
+std::unique_ptr<FV2Window> makeWindow() {
     logTrace("EnterPasswordWindowWindowController.init");
-    return std::make_unique<FV2Window>(
-        QSize(requiredInteger(config, "pwwindowx"), requiredInteger(config, "pwwindowy")));
+    return std::make_unique<FV2Window>(QSize(windowSize("pwwindowx"), windowSize("pwwindowy")));
 }
 
 } // namespace
@@ -21,7 +20,7 @@ std::unique_ptr<FV2Window> makeWindow(const FV2AppConfigModel& config) {
 EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(FV2AppStateModel& model,
                                                                          FV2AppConfigModel& configModel,
                                                                          const std::string& userName, bool isEncrypting)
-    : FV2PasswordWindowController(model, makeWindow(configModel))
+    : FV2PasswordWindowController(model, makeWindow())
     , titlebarViewController(std::make_unique<FV2WindowTitlebarAccessoryViewController>(model, configModel))
     , viewController(makeController<EnterPasswordWindowViewController>(model, configModel, userName, isEncrypting))
     , encrypting(isEncrypting) {

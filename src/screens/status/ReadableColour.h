@@ -7,6 +7,8 @@
 
 namespace fv2 {
 
+// Text and marks in colours that depend on what is behind them, which is FV2AppConfigModel's.
+
 //! How well text can be told from what is behind it, as WCAG 2 asks for.
 inline constexpr double kContrastOfLargeText = 3;
 inline constexpr double kContrastOfText = 4.5;

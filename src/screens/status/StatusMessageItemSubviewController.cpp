@@ -2,37 +2,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/status/StatusMessageItemSubviewController.h"
 
-#include "resources/NxDesign.h"
+#include "model/FV2StatusLook.h"
 #include "screens/status/ReadableColour.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
+#include "toolkit/SpokenStatus.h"
 #include "ui_StatusMessageItemSubview.h"
-
-#include <array>
 
 namespace fv2 {
 
 namespace {
 
-struct MessageLook {
-    NxRgba FV2AppConfigModel::Colours::*background;
-    const char* spoken;
-};
-
-//! In the order of the states.
-constexpr std::array<MessageLook, 3> kMessageLooks{{
-    {&FV2AppConfigModel::Colours::colourStatusMessageBackgroundGreen, "IDUS_MGUI_LEFT_MENU_COUNTER_STATE_OK"},
-    {&FV2AppConfigModel::Colours::colourStatusMessageBackgroundYellow, "IDUS_MGUI_LEFT_MENU_COUNTER_STATE_WARNING"},
-    {&FV2AppConfigModel::Colours::colourStatusMessageBackgroundRed, "IDUS_MGUI_LEFT_MENU_COUNTER_STATE_ERROR"},
-}};
-
-const MessageLook& lookOf(fv2StatusStateType status) {
-    return kMessageLooks.at(static_cast<std::size_t>(status));
-}
-
 //! The design's, where it can be read.
-QColor linkColourOn(const QColor& background, const QColor& text, bool dark) {
-    const QColor link = toQColor(NxDesign::sharedDesign().getDesignColor(NxDesignColor::Link, dark ? 0 : 1));
+QColor linkColourOn(const QColor& background, const QColor& text, const FV2AppConfigModel& config) {
+    const QColor link = toQColor(config.linkColour());
     return contrastOf(link, background) >= kContrastOfText ? link : text;
 }
 
@@ -54,9 +37,8 @@ void StatusMessageItemSubviewController::viewDidLoad(const FV2StatusMesssageList
     const QString title = QString::fromStdString(message.Title);
     itemView()->statusType = message.statusType;
     // The colour alone tells nothing to those who don't see it.
-    itemView()->setAccessibleName(title + QStringLiteral(", ") +
-                                  translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_COUNTER_STATE")) + u' ' +
-                                  translated(QString::fromUtf8(lookOf(message.statusType).spoken)));
+    itemView()->setAccessibleName(
+        spokenWithStatus(title, translated(QString::fromUtf8(lookOf(message.statusType).spoken))));
     statusMessageTitle->setText(title);
     statusTextAndLinkContainer->setUp(appModel, message.command);
     textView()->setHtmlCode(QString::fromStdString(message.Text));
@@ -78,16 +60,16 @@ void StatusMessageItemSubviewController::setTitleFont() {
 }
 
 void StatusMessageItemSubviewController::setBackground() {
-    itemView()->setBackgroundColor(toQColor(appConfigModel.colours().*lookOf(itemView()->statusType).background));
+    itemView()->setBackgroundColor(toQColor(appConfigModel.colours().*lookOf(itemView()->statusType).messageColour));
 }
 
 void StatusMessageItemSubviewController::refreshColours(const FV2AppConfigModel& config) {
     setBackground();
-    const QColor background = toQColor(config.colours().*lookOf(itemView()->statusType).background);
+    const QColor background = toQColor(config.colours().*lookOf(itemView()->statusType).messageColour);
     const QColor text = readableOn(background, kContrastOfText);
     statusMessageTitle->setTextColor(text);
     textView()->setTextColor(text);
-    textView()->setLinkColor(linkColourOn(background, text, config.isDarkMode()));
+    textView()->setLinkColor(linkColourOn(background, text, config));
     textView()->setFocusMarkColor(focusMarkOn(background, itemView()->palette(), text));
 }
 
