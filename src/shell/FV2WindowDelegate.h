@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/FV2AppStateModel.h"
-#include "model/FV2Ports.h"
+#include "model/ports/FV2WindowRegistry.h"
 #include "shell/FV2WindowController.h"
 #include "shell/fv2WindowList.h"
 
@@ -45,7 +45,9 @@ public:
     //! Brings every open window to front; whether there is any.
     bool showAll(bool byUser = true);
     void hideApplicationWindows();
-    void closeUnneededPasswordWindows() override;
+    //! Lets the windows read the model anew and closes password windows that are no longer called for. Holds the
+    //! model's update semaphore meanwhile.
+    void stateChanged(const FV2AppState& state);
     //! The user has left the session or locked the screen.
     void forgetPasswords() const;
     //! At the agent's end.
@@ -53,8 +55,6 @@ public:
     //! Gives every window, open from now on too, the colours of the appearance that the desktop asks for.
     void refreshAppearance();
 
-    [[nodiscard]] std::string mainWindowDescription() const override;
-    void updateMainWindow() override;
     void selectProtectionStatusPage() override;
     //! On the front window: an alert on the one behind would block both, and nobody would see why.
     void showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) override;
@@ -77,6 +77,7 @@ private:
     void willClose(FV2WindowController& controller);
     void moveToFront(std::vector<FV2Alert> alerts, bool withKeyboard);
     void close(fv2Window kind);
+    void closeUnneededPasswordWindows(fv2AppCommand action);
     [[nodiscard]] bool isDark() const;
 
     const std::weak_ptr<FV2AppStateModel> appModel;

@@ -19,6 +19,7 @@ protected:
     void SetUp() override {
         OxTranslatedString::setApplicationBundle(strings);
         model->setWndDelegate(&registry);
+        interface.windows = [this](const FV2AppState& state) { registry.stateChanged(state); };
         model->setAppConfigModel(std::make_unique<FV2AppConfigModel>([this] { return dark; }, "An OS", "A CPU",
                                                                      ProductModel{"Business", "business"}));
     }

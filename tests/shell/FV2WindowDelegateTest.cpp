@@ -40,6 +40,7 @@ protected:
     void SetUp() override {
         windows.model = model;
         model->setWndDelegate(&registry);
+        interface.windows = [this](const FV2AppState& state) { registry.stateChanged(state); };
     }
 };
 

@@ -164,26 +164,12 @@ void EnterPasswordWindowViewController::onOKButton() {
     const auto model = appModel.lock();
     if (model == nullptr || m_step != Step::Typing || secureTextPasswordField->secret().empty())
         return;
-    auto password = std::make_shared<SecretText>(secureTextPasswordField->takeSecret());
+    SecretText password = secureTextPasswordField->takeSecret();
     setStep(Step::Checking);
-    model->verifyPassword(m_userName, password, [weak = weak_from_this(), password](fv2PasswordCheck result) {
-        if (const auto self = weak.lock())
-            self->onVerified(result, password);
-    });
-}
-
-void EnterPasswordWindowViewController::onVerified(fv2PasswordCheck check, std::shared_ptr<SecretText> password) {
-    const auto model = appModel.lock();
-    if (check != fv2PasswordCheck::Right || model == nullptr) {
-        password->wipe();
-        startAgain(0, check == fv2PasswordCheck::CannotCheck ? fv2Alert::CannotCheckPassword : fv2Alert::BadPassword);
-        return;
-    }
-    setStep(Step::HandingOver);
-    model->setUserCredentials(m_userName, std::move(password), [weak = weak_from_this()](const CommandResult& result) {
-        if (const auto self = weak.lock())
-            self->onAnswered(result);
-    });
+    model->submitPassword(m_userName, std::move(password),
+                          {.asker = weak_from_this(),
+                           .handingOver = [this] { setStep(Step::HandingOver); },
+                           .done = [this](const CommandResult& result) { onAnswered(result); }});
 }
 
 void EnterPasswordWindowViewController::onAnswered(const CommandResult& result) {
