@@ -65,16 +65,16 @@ std::unique_ptr<FV2AppStateModel> FV2Agent::makeModel() {
     OxTranslatedString::setApplicationBundle(m_strings);
     NxDesign::setResource(designPropertyList);
     return std::make_unique<FV2AppStateModel>(
-        FV2AppStateModel::Ports{.dispatch = m_dispatch,
-                                .timers = m_timers,
-                                .service = m_service,
-                                .strings = m_strings,
-                                .mediumDate = mediumDate,
-                                .computerName = computerName(),
-                                .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
-                                .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
-                                .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
-                                .passwords = &m_passwords},
+        FV2ModelPorts{.dispatch = m_dispatch,
+                      .timers = m_timers,
+                      .service = m_service,
+                      .strings = m_strings,
+                      .mediumDate = mediumDate,
+                      .computerName = computerName(),
+                      .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
+                      .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
+                      .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
+                      .passwords = &m_passwords},
         ::getuid());
 }
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/FV2Ports.h"
 #include "model/FV2Types.h"
+#include "model/ports/FV2WindowRegistry.h"
 #include "resources/OxTranslatedString.h"
 
 #include <array>

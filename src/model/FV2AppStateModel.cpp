@@ -4,6 +4,7 @@
 
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
+#include "model/FV2AlertTable.h"
 #include "model/FV2StatesTable.h"
 
 #include <cstdlib>
@@ -12,91 +13,105 @@ namespace fv2 {
 
 namespace {
 
-//! How often the status is asked for while no notification can be expected: the service can't be reached or gives no
-//! token, and a restarted one does not know us, or somebody else holds our socket's path.
-constexpr std::chrono::seconds kUnpromptedRefresh{60};
-//! And otherwise: a service that ended without a word, or came back without its memory, is noticed in the end.
-constexpr std::chrono::minutes kHeartbeat{10};
+fv2AppCommand commandFor(fv2Window passwordWindow) {
+    return passwordWindow == fv2Window::Password_Encrypt ? fv2AppCommand::EnterEncPassword
+                                                         : fv2AppCommand::EnterDecPassword;
+}
+
+fv2Window passwordWindowFor(fv2AppCommand command) {
+    return command == fv2AppCommand::EnterEncPassword ? fv2Window::Password_Encrypt : fv2Window::Password_Decrypt;
+}
 
 } // namespace
 
-FV2AppStateModel::FV2AppStateModel(Ports ports, std::int64_t userId)
+FV2AppStateModel::FV2AppStateModel(FV2ModelPorts ports, std::int64_t userId)
     : m_ports(std::move(ports))
     , m_state(m_ports.strings, userId, m_ports.computerName)
     , jsonParser(m_ports.strings, m_ports.mediumDate)
     , m_refreshes(m_ports.dispatch, m_ports.timers, m_ports.service, userId, m_owner, refreshEvents())
-    , m_showGate(m_ports.timers, 1,
-                 [this] {
-                     m_showIsWanted = false;
-                     m_appDelegate->menuShowMainWindow();
-                     m_showGate.finished();
-                 })
+    , m_unprompted(
+          m_ports.timers,
+          [this](bool alertOnFailure) {
+              // As a notification would, but neither the user nor the service asked for it.
+              m_refreshes.request(
+                  {.checkAction = true, .source = fv2SyncSource::Service, .alertOnFailure = alertOnFailure});
+          },
+          [this] { m_listener.rebindIfPathIsGone(); })
+    , m_proxySync(proxySyncPorts())
     , m_prompt(promptPorts())
+    , m_handOver(handOverPorts())
+    , m_inbox(
+          m_ports.dispatch, m_ports.timers, m_owner,
+          {.tryToStartRefresh = [this] { return m_refreshes.tryToStartPushed(); },
+           .requestRefresh =
+               [this] { m_refreshes.request({.checkAction = true, .source = fv2SyncSource::Service, .pushed = true}); },
+           .showMainWindow = [this] { m_appDelegate->menuShowMainWindow(); }})
     , m_listener(m_ports.makeAppSocket(), backgroundThreadSemaphore,
-                 {.received = [this](fv2JsonCommand command) { onNotification(command); },
-                  .bound = [this](bool bound) { m_ports.dispatch.toMain(guarded([this, bound] { onBound(bound); })); }},
+                 {.received = [this](fv2JsonCommand command) { m_inbox.received(command); },
+                  .bound =
+                      [this](bool bound) {
+                          m_ports.dispatch.toMain(whileAlive(m_owner, [this, bound] { m_unprompted.setBound(bound); }));
+                      }},
                  m_ports.bindAgainAfter) {
-}
-
-FV2AppStateModel::~FV2AppStateModel() = default;
-
-std::function<void()> FV2AppStateModel::guarded(std::function<void()> job) const {
-    return [job = std::move(job), owner = m_owner] {
-        if (!owner.expired())
-            job();
-    };
-}
-
-void FV2AppStateModel::runBackgroundThread() {
-    m_listener.start();
-}
-
-void FV2AppStateModel::stopBackgroundThread() {
-    m_listener.stop();
-}
-
-//! Runs on the listener's thread. Main hears of the first notification only, until the refresh that it asks for begins,
-//! and of the first wish to see the window until it is shown.
-void FV2AppStateModel::onNotification(fv2JsonCommand command) {
-    if (command == fv2JsonCommand::Show) {
-        if (!m_showIsWanted.exchange(true))
-            m_ports.dispatch.toMain(guarded([this] { m_showGate.request(); }));
-    } else if (!m_refreshIsWanted.exchange(true)) {
-        // A worker can begin while main is still waking up.
-        const bool started = m_refreshes.tryToStartPushed();
-        m_ports.dispatch.toMain(guarded([this, started] {
-            logRelease("syncCommsAsync() in.");
-            if (!started)
-                m_refreshes.request({.checkAction = true, .source = fv2SyncSource::Service, .pushed = true});
-            logRelease("syncCommsAsync() out.");
-        }));
-    }
-}
-
-void FV2AppStateModel::onBound(bool bound) {
-    if (std::exchange(m_notificationsArrive, bound) == bound || !m_wantsNotifications)
-        return;
-    if (bound)
-        refreshUnprompted(false);
-    else
-        scheduleUnpromptedRefresh(true);
 }
 
 FV2RefreshCycle::Events FV2AppStateModel::refreshEvents() {
     return {.begins =
                 [this](const FV2RefreshOrder& order) {
                     if (order.pushed)
-                        m_refreshIsWanted = false;
+                        m_inbox.refreshBegins();
                 },
             .token = [this](const std::string& token) { m_state.commsToken = token; },
             .finished = [this](const FV2RefreshOrder& order, const DecodedStatus& status,
                                bool counts) { finishRefresh(order, status, counts); }};
 }
 
+FV2ProxySync::Ports FV2AppStateModel::proxySyncPorts() {
+    return {.dispatch = m_ports.dispatch,
+            .timers = m_ports.timers,
+            .service = m_ports.service,
+            .state = m_state,
+            .owner = m_owner,
+            .show = [this] { updateFromModel(false, fv2SyncSource::None); },
+            .succeeded = [this] { m_appDelegate->proxySyncSucceeded(); },
+            .failed =
+                [this](const CommandResult& result, bool alertOnFailure) {
+                    if (alertOnFailure)
+                        alertOnMainWindow(result);
+                    m_unprompted.ask(false); // the service may have forgotten our token
+                },
+            .mayAskUnprompted = [this] { return m_unprompted.isOn(); },
+            .isMainWindowOpen = [this] { return isMainWindowOpen(); }};
+}
+
+FV2PasswordPrompt::Ports FV2AppStateModel::promptPorts() {
+    return {.timers = m_ports.timers,
+            .wish = [this](fv2Window kind) { return passwordWish(kind); },
+            .open =
+                [this](fv2Window kind) {
+                    m_wndDelegate->openWindow(kind, false);
+                    return m_wndDelegate->isOpen(kind);
+                },
+            .doNotDisturb = [this] { return m_ports.doNotDisturb(); },
+            .whenQuietIsKnown =
+                [this](std::function<void()> job) { m_ports.whenQuietIsKnown(whileAlive(m_owner, std::move(job))); }};
+}
+
+FV2PasswordHandOver::Ports FV2AppStateModel::handOverPorts() {
+    return {.dispatch = m_ports.dispatch,
+            .service = m_ports.service,
+            .passwords = m_ports.passwords,
+            .state = m_state,
+            .owner = m_owner,
+            .tokenWanted = [this] { m_unprompted.ask(false); },
+            .unanswered = [this] { m_unprompted.askLater(false); }};
+}
+
 void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bool alertOnFailure) {
     logRelease("syncCommsAsync() in.");
-    m_wantsNotifications |= source == fv2SyncSource::Moved;
-    m_startupIsUnderWay |= source == fv2SyncSource::Startup;
+    if (source == fv2SyncSource::Moved)
+        m_unprompted.resume();
+    m_dueAction.refreshIsRequested(source);
     if (source != fv2SyncSource::Service) // which needs no other sign that our socket is there
         m_listener.rebindIfPathIsGone();
     m_refreshes.request({.checkAction = checkAction,
@@ -106,16 +121,8 @@ void FV2AppStateModel::syncCommsAsync(bool checkAction, fv2SyncSource source, bo
     logRelease("syncCommsAsync() out.");
 }
 
-//! As a notification would, but neither the user nor the service asked for it.
-void FV2AppStateModel::refreshUnprompted(bool alertOnFailure) {
-    if (!m_wantsNotifications)
-        return;
-    m_refreshes.request({.checkAction = true, .source = fv2SyncSource::Service, .alertOnFailure = alertOnFailure});
-}
-
 void FV2AppStateModel::finishRefresh(const FV2RefreshOrder& order, const DecodedStatus& status, bool counts) {
-    if (order.source == fv2SyncSource::Startup)
-        m_startupIsUnderWay = false;
+    m_dueAction.refreshEnds(order.source);
     if (counts) {
         jsonParser.apply(status, m_state);
         m_prompt.dropUnwanted();
@@ -123,90 +130,18 @@ void FV2AppStateModel::finishRefresh(const FV2RefreshOrder& order, const Decoded
     logRelease("ORM - appModel updateFromModel calling UpdateStatusMessages");
     static_cast<void>(jsonParser.UpdateStatusMessages(m_state));
     logRelease("ORM - appModel updateFromModel called UpdateStatusMessages");
-    updateFromModel(order.checkAction, effectiveSource(order));
-    const CommandResult& result = status.result;
-    if (counts && order.alertOnFailure && !result.ok && isMainWindowOpen())
-        doAlert(fv2Window::Main, result.errorCode, result.alert);
-    if (m_wantsNotifications)
-        scheduleUnpromptedRefresh(jsonParser.state() != kNoValidAnswer);
+    updateFromModel(order.checkAction, FV2DueAction::effectiveSource(order, m_state));
+    if (counts && order.alertOnFailure && !status.result.ok)
+        alertOnMainWindow(status.result);
+    if (m_unprompted.isOn())
+        m_unprompted.askLater(jsonParser.state() != kNoValidAnswer && !m_state.commsToken.empty());
     else
         sendUnsubscribe(); // this refresh was under way meanwhile: its new token has made the old one worthless
 }
 
-//! The notification that follows a user's synchronisation counts as the user's own request.
-fv2SyncSource FV2AppStateModel::effectiveSource(const FV2RefreshOrder& order) {
-    logRelease("syncCommsAsync -> source is ", caseName(order.source));
-    if (order.source != fv2SyncSource::Service) {
-        logRelease("syncCommsAsync -> source was not .Service");
-        return order.source;
-    }
-    if (!order.pushed || !m_state.syncORMUserInitiated) {
-        logRelease("syncCommsAsync -> not user initiated proxy sync");
-        return order.source;
-    }
-    logRelease("syncCommsAsync -> handling. user initiated proxy sync");
-    m_state.syncORMUserInitiated = false;
-    return fv2SyncSource::User;
-}
-
-void FV2AppStateModel::scheduleUnpromptedRefresh(bool serviceAnswers) {
-    const bool expected = serviceAnswers && m_notificationsArrive && !m_state.commsToken.empty();
-    m_unpromptedRefresh = m_ports.timers.after(expected ? kHeartbeat : kUnpromptedRefresh, [this] {
-        m_unpromptedRefresh.reset();
-        m_listener.rebindIfPathIsGone();
-        refreshUnprompted(false);
-    });
-}
-
-void FV2AppStateModel::syncProxyAsync(fv2SyncSource source, bool alertOnFailure) {
-    logRelease("syncProxyAsync() in");
-    const bool wasActive = std::exchange(m_state.syncORMActive, true);
-    updateFromModel(false, fv2SyncSource::None);
-    if (!proxySyncSemaphore.tryWait()) {
-        logRelease("WARNING: ignored overlapped sync attempt (proxy)");
-        m_state.syncORMActive = wasActive;
-        updateFromModel(false, fv2SyncSource::None);
-        logRelease("syncProxyAsync() out.");
-        return;
-    }
-    logRelease("++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC++PSYNC");
-    if (source == fv2SyncSource::User) {
-        logRelease("appModel->syncProxyAsync -> setting last action for user click (",
-                   caseName(m_state.lastActionStored), ")");
-        m_state.syncORMUserInitiated = true;
-        m_state.syncORMUserInitiatedAction = m_state.lastActionStored;
-    }
-    auto job = [&service = m_ports.service, request = proxySyncRequest(m_state.userID, m_state.commsToken)] {
-        logRelease("Syncing proxy.");
-        const CommandResult result = genericResult(service.exchange(request), fv2Alert::FailedProxySync);
-        logRelease("syncProxyAsync() syncProxy() done.");
-        return result;
-    };
-    m_ports.dispatch.run(m_owner, std::move(job), [this, source, alertOnFailure](const CommandResult& result) {
-        finishProxySync(source, alertOnFailure, result);
-    });
-    logRelease("syncProxyAsync() out.");
-}
-
-void FV2AppStateModel::finishProxySync(fv2SyncSource source, bool alertOnFailure, const CommandResult& result) {
-    proxySyncSemaphore.signal();
-    m_state.syncORMActive = false;
-    if (result.ok) {
-        m_appDelegate->updateMenu(); // the service's notification brings the rest
-        return;
-    }
-    if (source == fv2SyncSource::User)
-        m_state.syncORMUserInitiated = false; // no notification follows that could be the user's
-    updateFromModel(false, fv2SyncSource::None);
-    if (alertOnFailure && isMainWindowOpen())
-        doAlert(fv2Window::Main, result.errorCode, result.alert);
-    refreshUnprompted(false); // the service may have forgotten our token
-}
-
 void FV2AppStateModel::unsubscribeFromNotifications() {
     logRelease("Unsubscribe from notifications.");
-    m_wantsNotifications = false;
-    m_unpromptedRefresh.reset();
+    m_unprompted.stop();
     sendUnsubscribe();
 }
 
@@ -233,33 +168,14 @@ bool FV2AppStateModel::IsDNDMode() const {
     return disturbs;
 }
 
-bool FV2AppStateModel::isMainWindowOpen() const {
-    return m_wndDelegate != nullptr && m_wndDelegate->isOpen(fv2Window::Main);
-}
-
 void FV2AppStateModel::updateFromModel(bool checkAction, fv2SyncSource syncSource) {
     if (m_appDelegate == nullptr)
         std::abort();
-    m_appDelegate->menuBarStatusItem().show(m_state.getMenuBarStatusIcon(), m_state.overallState);
-    m_appDelegate->updateMenu();
-    updateWindows();
-
+    m_appDelegate->stateChanged(m_state);
     logRelease("appModel->updateFromModel syncSource == ", caseName(syncSource));
     const bool mainWindowOpen = isMainWindowOpen();
-    const bool sourceAllows = syncSource == fv2SyncSource::Startup || syncSource == fv2SyncSource::User ||
-                              (syncSource == fv2SyncSource::Service && !mainWindowOpen);
-    const bool actionRequired = m_state.isActionRequired;
-    // What may not act leaves the first action to the start-up refresh while that is under way.
-    m_state.isActionRequired = actionRequired && m_startupIsUnderWay && !sourceAllows;
-    if (!sourceAllows) {
-        logRelease("appModel->updateFromModel -> not checked for action required due to source");
+    if (!m_dueAction.take(m_state, checkAction, syncSource, mainWindowOpen))
         return;
-    }
-    logRelease("appModel->updateFromModel -> may need to perform action");
-    if (!checkAction || !actionRequired) {
-        logRelease("appModel->updateFromModel -> no action required");
-        return;
-    }
     const bool userInitiated = syncSource == fv2SyncSource::User;
     if (userInitiated && mainWindowOpen) {
         m_wndDelegate->selectProtectionStatusPage();
@@ -269,17 +185,66 @@ void FV2AppStateModel::updateFromModel(bool checkAction, fv2SyncSource syncSourc
     performAction(m_state.lastActionStored, userInitiated);
 }
 
-void FV2AppStateModel::updateWindows() {
-    logRelease("updateModelSempahore - wait (update from model)");
-    const SemaphoreHold hold(updateModelSemaphore);
-    logRelease("updateModelSempahore - waited (update from model)");
-    if (isMainWindowOpen()) {
-        logRelease("updateModelSempahore - using ", m_wndDelegate->mainWindowDescription());
-        m_wndDelegate->updateMainWindow();
+void FV2AppStateModel::performAction(fv2AppCommand command, bool userInitiated) {
+    switch (command) {
+    case fv2AppCommand::RetryComms:
+    case fv2AppCommand::GetStatus:
+        if (userInitiated)
+            syncCommsAsync(true, fv2SyncSource::User, true);
+        else
+            m_unprompted.ask(true);
+        break;
+    case fv2AppCommand::EnterEncPassword:
+    case fv2AppCommand::EnterDecPassword:
+        if (userInitiated)
+            m_wndDelegate->openWindow(passwordWindowFor(command), true);
+        else
+            m_prompt.ask(passwordWindowFor(command));
+        break;
+    case fv2AppCommand::ProxySync_ORM:
+        if (userInitiated)
+            syncProxyAsync(fv2SyncSource::User, true);
+        else
+            m_proxySync.syncUnasked();
+        break;
+    case fv2AppCommand::NoAction:
+    case fv2AppCommand::Initialising_ORM:
+        break;
     }
-    if (m_wndDelegate != nullptr)
-        m_wndDelegate->closeUnneededPasswordWindows();
-    logRelease("updateModelSempahore - signal (update from model)");
+}
+
+FV2PasswordPrompt::Wish FV2AppStateModel::passwordWish(fv2Window kind) const {
+    // A service that starts up tells of state 0 before it knows better.
+    if (!m_unprompted.isOn() || jsonParser.state() <= 0)
+        return FV2PasswordPrompt::Wish::NotNow;
+    return m_state.lastActionStored == commandFor(kind) ? FV2PasswordPrompt::Wish::Wanted
+                                                        : FV2PasswordPrompt::Wish::NotWanted;
+}
+
+void FV2AppStateModel::alertOnMainWindow(const CommandResult& result) {
+    if (isMainWindowOpen())
+        doAlert(fv2Window::Main, result.errorCode, result.alert);
+}
+
+void FV2AppStateModel::doAlert(fv2Window window, std::uint64_t errorCode, fv2Alert alert) {
+    const FV2AlertRow* const row = alertRow(alert);
+    if (row == nullptr)
+        return;
+    if (!m_wndDelegate->isOpen(window)) {
+        log(FV2LoggingLevel::error, {"doAlert() without a window"});
+        return;
+    }
+    const fv2Window postponed = row->postpones;
+    const auto onFirstButton = [this, postponed] {
+        if (postponed != fv2Window::None && m_wndDelegate->isOpen(postponed))
+            m_wndDelegate->confirmPostponement(postponed);
+    };
+    m_wndDelegate->showAlert(window, alertContent(*row, errorCode, m_ports.strings),
+                             whileAlive(m_owner, onFirstButton));
+}
+
+void FV2AppStateModel::postponePasswordDialog(bool encrypt) {
+    m_prompt.postpone(encrypt ? fv2Window::Password_Encrypt : fv2Window::Password_Decrypt, m_state.postponeTimeInMins);
 }
 
 } // namespace fv2

@@ -28,7 +28,7 @@ public:
 
     //! While the path can't be had it is tried again every `retryAfter`. `life` is held while the loop runs.
     FV2NotificationListener(std::unique_ptr<FV2SocketCommsBase> comms, CountingSemaphore& life, Events events,
-                            std::chrono::milliseconds retryAfter = std::chrono::seconds(30))
+                            std::chrono::milliseconds retryAfter)
         : backgroundAppSocketComms(std::move(comms))
         , m_life(life)
         , m_events(std::move(events))

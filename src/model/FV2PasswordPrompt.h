@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/FV2Ports.h"
+#include "model/FV2Types.h"
+#include "model/ports/FV2TimerService.h"
 
 #include <chrono>
 #include <cstdint>

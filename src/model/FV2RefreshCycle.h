@@ -3,8 +3,9 @@
 #pragma once
 
 #include "model/FV2JsonParserORM.h"
-#include "model/FV2Ports.h"
 #include "model/FV2RefreshGate.h"
+#include "model/ports/FV2Dispatch.h"
+#include "model/ports/FV2ServiceClient.h"
 
 #include <array>
 #include <atomic>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/FV2Ports.h"
+#include "model/ports/FV2TimerService.h"
 
 #include <chrono>
 #include <functional>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/StopSignal.h"
-#include "model/FV2Ports.h"
+#include "model/ports/FV2ServiceClient.h"
 
 #include <memory>
 

@@ -4,7 +4,7 @@
 
 #include "base/MainQueue.h"
 #include "base/WorkerPool.h"
-#include "model/FV2Ports.h"
+#include "model/ports/FV2Dispatch.h"
 
 #include <QSocketNotifier>
 #include <QTimer>

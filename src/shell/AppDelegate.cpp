@@ -31,8 +31,7 @@ void AppDelegate::logBanner() {
 }
 
 void AppDelegate::applicationDidFinishLaunching(bool launchedByFileManager) {
-    const FV2AppState& state = m_parts.appModel.state();
-    m_parts.menuBarStatusItem.show(state.getMenuBarStatusIcon(), state.overallState);
+    showIcon(m_parts.appModel.state());
     m_trayWatcher.emplace([this] { m_parts.menuBarStatusItem.showInTray(); });
     m_parts.appModel.runBackgroundThread();
     m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false);
@@ -67,6 +66,16 @@ void AppDelegate::onMenuBarStatusItemClicked() {
         m_parts.menu.triggerFirst();
     else
         m_parts.menu.popUp(QCursor::pos());
+}
+
+void AppDelegate::stateChanged(const FV2AppState& state) {
+    showIcon(state);
+    updateMenu();
+    m_parts.wndDelegate.stateChanged(state);
+}
+
+void AppDelegate::showIcon(const FV2AppState& state) {
+    m_parts.menuBarStatusItem.show(state.getMenuBarStatusIcon(), state.overallState);
 }
 
 //! Hidden windows count as not there: the entry that brings them back has to be offered. So do all windows of a Wayland

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/FV2AppStateModel.h"
-#include "model/FV2Ports.h"
+#include "model/ports/FV2ApplicationDelegate.h"
 #include "platform/FV2TrayWatcher.h"
 #include "shell/FV2StatusMenu.h"
 #include "shell/FV2TrayItem.h"
@@ -48,14 +48,17 @@ public:
     //! second.
     void applicationWillTerminate();
 
-    [[nodiscard]] FV2StatusItem& menuBarStatusItem() override { return m_parts.menuBarStatusItem; }
-    void updateMenu() override;
+    //! Shows the state in the tray item, its menu and the windows, in this order.
+    void stateChanged(const FV2AppState& state) override;
+    void proxySyncSucceeded() override { updateMenu(); }
 
     void menuShowMainWindow() override;
     void menuHideMainWindow();
     void menuProxySync();
 
 private:
+    void showIcon(const FV2AppState& state);
+    void updateMenu();
     void showMainWindow(bool byUser);
     void onMenuBarStatusItemClicked();
     void handleTerminate();

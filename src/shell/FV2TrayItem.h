@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/FV2Ports.h"
+#include "model/FV2Types.h"
 #include "platform/FV2Images.h"
 #include "resources/OxTranslatedString.h"
 
@@ -16,7 +16,7 @@
 namespace fv2 {
 
 //! The agent's icon in the tray. What it shows can be set before there is a tray to show it in. Main thread only.
-class FV2TrayItem final : public FV2StatusItem {
+class FV2TrayItem final {
 public:
     FV2TrayItem(FV2Images& images, const OxStringBundle& strings)
         : m_images(images)
@@ -25,8 +25,9 @@ public:
     //! Before showInTray(): the menu that the tray's host shows, and what a click of the left button does.
     void setMenu(QMenu& menu, std::function<void()> clicked);
 
-    //! Setting what is shown already does nothing: the tray's host would redraw for it.
-    void show(std::string_view imageName, fv2StatusStateType overallState) override;
+    //! Shows the image of that name; the state is for the text beside it. Setting what is shown already does nothing:
+    //! the tray's host would redraw for it.
+    void show(std::string_view imageName, fv2StatusStateType overallState);
 
     //! Takes the variant of the icons that is made for dark or for light desktops.
     void setDark(bool dark);

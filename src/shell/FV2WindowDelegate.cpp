@@ -183,10 +183,19 @@ void FV2WindowDelegate::hideApplicationWindows() {
     wndList.orderOutAll();
 }
 
-void FV2WindowDelegate::closeUnneededPasswordWindows() {
-    if (wndList.count() == 0)
-        return;
-    const fv2AppCommand action = appModel.state().lastActionStored;
+void FV2WindowDelegate::stateChanged(const FV2AppState& state) {
+    logRelease("updateModelSempahore - wait (update from model)");
+    const SemaphoreHold hold(appModel.updateSemaphore());
+    logRelease("updateModelSempahore - waited (update from model)");
+    if (const auto main = registeredController(fv2Window::Main)) {
+        logRelease("updateModelSempahore - using ", description(*main));
+        main->updateFromModel();
+    }
+    closeUnneededPasswordWindows(state.lastActionStored);
+    logRelease("updateModelSempahore - signal (update from model)");
+}
+
+void FV2WindowDelegate::closeUnneededPasswordWindows(fv2AppCommand action) {
     if (action != fv2AppCommand::EnterEncPassword)
         close(fv2Window::Password_Encrypt);
     if (action != fv2AppCommand::EnterDecPassword)
@@ -204,15 +213,6 @@ void FV2WindowDelegate::closeAll() {
     for (const fv2Window kind : {fv2Window::Password_Encrypt, fv2Window::Password_Decrypt, fv2Window::Main})
         close(kind);
     m_closingAll = false;
-}
-
-std::string FV2WindowDelegate::mainWindowDescription() const {
-    return mainWindowController ? description(*mainWindowController) : std::string();
-}
-
-void FV2WindowDelegate::updateMainWindow() {
-    if (mainWindowController)
-        mainWindowController->updateFromModel();
 }
 
 void FV2WindowDelegate::selectProtectionStatusPage() {

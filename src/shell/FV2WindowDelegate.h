@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/FV2AppStateModel.h"
-#include "model/FV2Ports.h"
+#include "model/ports/FV2WindowRegistry.h"
 #include "resources/FV2AppConfigModel.h"
 #include "shell/FV2WindowController.h"
 #include "shell/fv2WindowList.h"
@@ -43,7 +43,9 @@ public:
     //! Brings every open window to front; whether there is any.
     bool showAll(bool byUser = true);
     void hideApplicationWindows();
-    void closeUnneededPasswordWindows() override;
+    //! Lets the windows read the model anew and closes password windows that are no longer called for. Holds the
+    //! model's update semaphore meanwhile.
+    void stateChanged(const FV2AppState& state);
     //! The user has left the session or locked the screen.
     void forgetPasswords() const;
     //! At the agent's end.
@@ -51,8 +53,6 @@ public:
     //! Gives every window, open from now on too, the colours of the appearance that the desktop asks for.
     void refreshAppearance();
 
-    [[nodiscard]] std::string mainWindowDescription() const override;
-    void updateMainWindow() override;
     void selectProtectionStatusPage() override;
     //! On the front window: an alert on the one behind would block both, and nobody would see why.
     void showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) override;
@@ -75,6 +75,7 @@ private:
     void willClose(FV2WindowController& controller);
     void moveToFront(std::vector<FV2Alert> alerts, bool withKeyboard);
     void close(fv2Window kind);
+    void closeUnneededPasswordWindows(fv2AppCommand action);
 
     FV2AppStateModel& appModel;
     FV2AppConfigModel& appConfigModel;

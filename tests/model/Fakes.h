@@ -99,22 +99,21 @@ struct ScriptedLink final : FV2ServiceClient {
     std::function<void()> meanwhile = [] {};
 };
 
-//! Tray item, application delegate and windows in one; notes in words what is asked of it.
-struct FakeInterface : FV2StatusItem, FV2ApplicationDelegate, FV2WindowRegistry {
-    void show(std::string_view image, fv2StatusStateType /*overallState*/) override { icons.emplace_back(image); }
-    FV2StatusItem& menuBarStatusItem() override { return *this; }
+//! Application delegate and windows in one; notes in words what is asked of it.
+struct FakeInterface : FV2ApplicationDelegate, FV2WindowRegistry {
+    void stateChanged(const FV2AppState& state) override {
+        icons.emplace_back(state.getMenuBarStatusIcon());
+        windows(state);
+    }
+    void proxySyncSucceeded() override { calls += "menu; "; }
     void menuShowMainWindow() override { calls += "show main window; "; }
-    void updateMenu() override { ++menuUpdates; }
     bool isOpen(fv2Window kind) const override { return kind == open; }
     void openWindow(fv2Window kind, bool userInitiated) override {
         calls += "open " + std::to_string(static_cast<int>(kind)) + (userInitiated ? " for user; " : "; ");
         if (open == fv2Window::None && (userInitiated || !silence))
             open = kind;
     }
-    [[nodiscard]] std::string mainWindowDescription() const override { return "main window"; }
-    void updateMainWindow() override { ++mainUpdates; }
     void selectProtectionStatusPage() override { calls += "status page; "; }
-    void closeUnneededPasswordWindows() override { calls += updates->count() == 0 ? "" : "no semaphore held; "; }
     void showAlert(fv2Window kind, const FV2AlertContent& content, std::function<void()> onFirstButton) override {
         calls += "alert on " + std::to_string(static_cast<int>(kind)) + ": " + content.messageText + "|" +
                  content.informativeText + "|";
@@ -128,9 +127,7 @@ struct FakeInterface : FV2StatusItem, FV2ApplicationDelegate, FV2WindowRegistry 
     bool silence = false; //!< nothing may open by itself
     std::string calls;
     std::vector<std::string> icons;
-    int mainUpdates = 0;
-    int menuUpdates = 0;
-    const CountingSemaphore* updates = nullptr;
+    std::function<void(const FV2AppState&)> windows = [](const FV2AppState&) {}; //!< real ones, which follow the state
     std::function<void()> chooseFirstButton;
 };
 
@@ -139,12 +136,13 @@ inline std::string statusAnswer(std::int64_t state, const std::string& more = ""
     return R"({"result":true,"error_code":0,"status":{"state":)" + std::to_string(state) + more + "}}";
 }
 
-//! Takes one password for right, whoever's it is.
+//! Takes two passwords for right, whoever's they are.
 struct OnePassword final : FV2UserAndPasswordModel {
     fv2PasswordCheck verifyPassword(const std::string& /*userName*/, const SecretText& password) const override {
         if (password.text() == "unreadable")
             return fv2PasswordCheck::CannotCheck;
-        return password.text() == "right" ? fv2PasswordCheck::Right : fv2PasswordCheck::Wrong;
+        return password.text() == "right" || password.text() == "p\"ä" ? fv2PasswordCheck::Right
+                                                                       : fv2PasswordCheck::Wrong;
     }
 };
 
@@ -165,7 +163,6 @@ struct Model : testing::Test {
                 .whenQuietIsKnown = [this](auto job) { quietIsKnown ? job() : whenQuietIsKnown.push_back(job); },
                 .passwords = &passwords},
             501);
-        interface.updates = &made->updateSemaphore();
         made->setAppDelegate(interface);
         made->setWndDelegate(&interface);
         return made;

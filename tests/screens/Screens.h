@@ -19,6 +19,7 @@ protected:
     void SetUp() override {
         OxTranslatedString::setApplicationBundle(strings);
         model->setWndDelegate(&registry);
+        interface.windows = [this](const FV2AppState& state) { registry.stateChanged(state); };
     }
     void TearDown() override {
         registry.closeAll();

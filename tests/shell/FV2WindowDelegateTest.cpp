@@ -34,7 +34,10 @@ protected:
     }
     int semaphore() const { return model->updateSemaphore().count(); }
 
-    void SetUp() override { model->setWndDelegate(&registry); }
+    void SetUp() override {
+        model->setWndDelegate(&registry);
+        interface.windows = [this](const FV2AppState& state) { registry.stateChanged(state); };
+    }
 
     FakeWindows windows{*model};
     FV2WindowDelegate registry{*model, windows.config, windows};

@@ -162,26 +162,12 @@ void EnterPasswordWindowViewController::onShowButton() {
 void EnterPasswordWindowViewController::onOKButton() {
     if (m_step != Step::Typing || secureTextPasswordField->secret().empty())
         return;
-    auto password = std::make_shared<SecretText>(secureTextPasswordField->takeSecret());
+    SecretText password = secureTextPasswordField->takeSecret();
     setStep(Step::Checking);
-    appModel.verifyPassword(m_userName, password, [weak = weak_from_this(), password](fv2PasswordCheck result) {
-        if (const auto self = weak.lock())
-            self->onVerified(result, password);
-    });
-}
-
-void EnterPasswordWindowViewController::onVerified(fv2PasswordCheck check, std::shared_ptr<SecretText> password) {
-    if (check != fv2PasswordCheck::Right) {
-        password->wipe();
-        startAgain(0, check == fv2PasswordCheck::CannotCheck ? fv2Alert::CannotCheckPassword : fv2Alert::BadPassword);
-        return;
-    }
-    setStep(Step::HandingOver);
-    appModel.setUserCredentials(m_userName, std::move(password),
-                                [weak = weak_from_this()](const CommandResult& result) {
-                                    if (const auto self = weak.lock())
-                                        self->onAnswered(result);
-                                });
+    appModel.submitPassword(m_userName, std::move(password),
+                            {.asker = weak_from_this(),
+                             .handingOver = [this] { setStep(Step::HandingOver); },
+                             .done = [this](const CommandResult& result) { onAnswered(result); }});
 }
 
 void EnterPasswordWindowViewController::onAnswered(const CommandResult& result) {

@@ -58,7 +58,6 @@ private:
     void updateButtons();
     void onShowButton();
     void onOKButton();
-    void onVerified(fv2PasswordCheck check, std::shared_ptr<SecretText> password);
     void onAnswered(const CommandResult& result);
     //! After a failure: everything is as at first, and the alert says why.
     void startAgain(std::uint64_t errorCode, fv2Alert alert);

@@ -4,7 +4,10 @@
 
 #include "comms/FV2SocketCommsBase.h"
 #include "model/FV2JsonParserORM.h"
-#include "model/FV2Ports.h"
+#include "model/ports/FV2Dispatch.h"
+#include "model/ports/FV2ServiceClient.h"
+#include "model/ports/FV2TimerService.h"
+#include "model/ports/FV2UserAndPasswordModel.h"
 #include "resources/OxTranslatedString.h"
 
 #include <chrono>

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The fv2-agent authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+namespace fv2 {
+
+struct FV2AppState;
+
+//! What follows the model: tray item, its menu and the windows. Main thread only.
+class FV2ApplicationDelegate {
+public:
+    virtual ~FV2ApplicationDelegate() = default;
+    //! Shows the state everywhere.
+    virtual void stateChanged(const FV2AppState& state) = 0;
+    //! A synchronisation has succeeded: the tray menu may offer the next one. The rest follows with the service's
+    //! notification.
+    virtual void proxySyncSucceeded() = 0;
+    //! Opens the application window as the tray menu's entry does.
+    virtual void menuShowMainWindow() = 0;
+};
+
+} // namespace fv2
