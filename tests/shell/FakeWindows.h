@@ -4,13 +4,18 @@
 
 #include "shell/FV2WindowDelegate.h"
 
+#include <gtest/gtest.h>
+
 namespace fv2::test {
 
 //! An empty window that counts what the registry asks of it.
 struct FakeWindow final : FV2MainWindowController {
     explicit FakeWindow(const std::weak_ptr<FV2AppStateModel>& model)
         : FV2MainWindowController(model, std::make_unique<FV2Window>(QSize(100, 100))) {}
-    void updateFromModel() override { ++updates; }
+    void updateFromModel() override {
+        ++updates;
+        EXPECT_EQ(appModel.lock()->updateSemaphore().count(), 0);
+    }
     void selectProtectionStatusPage() override { ++selections; }
 
     int updates = 0;
