@@ -40,7 +40,6 @@ public:
     [[nodiscard]] FV2AppConfigModel* appConfigModel() const { return m_appConfigModel.get(); }
 
     [[nodiscard]] const FV2AppState& state() const { return m_state; }
-
     //! Whether a window that nobody asked for would disturb.
     [[nodiscard]] bool IsDNDMode() const;
 
