@@ -33,7 +33,6 @@ public:
     void setWndDelegate(FV2WindowRegistry* wndDelegate) { m_wndDelegate = wndDelegate; }
 
     [[nodiscard]] const FV2AppState& state() const { return m_state; }
-
     //! Whether a window that nobody asked for would disturb.
     [[nodiscard]] bool IsDNDMode() const;
 

@@ -4,11 +4,19 @@
 
 #include "shell/FV2WindowDelegate.h"
 
+#include <gtest/gtest.h>
+
 namespace fv2::test {
 
 struct FakeWindow final : FV2MainWindowController {
     using FV2MainWindowController::FV2MainWindowController;
+    void updateFromModel() override {
+        ++updates;
+        EXPECT_EQ(appModel.updateSemaphore().count(), 0);
+    }
     void selectProtectionStatusPage() override {}
+
+    int updates = 0;
 };
 
 struct FakePasswordWindow final : FV2PasswordWindowController {
