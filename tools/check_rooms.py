@@ -36,8 +36,8 @@ FOLDERS = {("screens", "main"): {"status", "about", "setup"}}
 # A widget and what screen readers see of it know each other.
 PAIRS = {frozenset({"toolkit/NxTextAndLinksView", "toolkit/NxTextAndLinksAccessible"})}
 
-MOST_LINES = 400
-MOST_HEADER_LINES = 150
+MOST_LINES = 350
+MOST_HEADER_LINES = 120
 
 SOURCES = {".h", ".cpp"}
 OWNED_FOLDERS = ("src", "service", "tests", "bench", "fuzz", "demo", "tools")
