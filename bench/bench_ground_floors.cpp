@@ -83,7 +83,7 @@ void MessageOfOneMebibyteJoined(benchmark::State& state) {
 
 //! A piece of mark-up over and over, until the text is so long.
 void scanned(benchmark::State& state, std::string_view piece) {
-    // Freed memory stays with the process: whether it does by itself hangs on what ran before.
+    // Keeps freed memory in the process; by default that depends on what ran before.
     ::mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
     ::mallopt(M_TRIM_THRESHOLD, 64 * 1024 * 1024);
     const auto size = static_cast<std::size_t>(state.range());

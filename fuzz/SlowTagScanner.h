@@ -17,7 +17,7 @@ inline FV2ScannedText scanTagsSlowly(const std::string& input, std::size_t capac
             characters += (byte & 0xC0) != 0x80 ? 1U : 0U;
         return characters;
     };
-    const auto decode = [](std::string segment) { // in place, like the tape of a machine
+    const auto decode = [](std::string segment) { // edited in place
         std::size_t read = 0;
         std::size_t write = 0;
         while (read < segment.size()) {

@@ -10,7 +10,7 @@
 
 #include <cstdint>
 
-//! In place of Qt's own: no text may open anything.
+//! Replaces Qt's: no text may open anything.
 bool QDesktopServices::openUrl(const QUrl& /*url*/) {
     std::abort();
 }

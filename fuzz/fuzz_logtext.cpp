@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string>
 
-//! Whatever is logged is one line that steers no terminal, at most four times as long, and said again means the same.
+//! Any text is logged as one line, safe for terminals, at most four times as long; escaping again changes nothing.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace fv2;
     const std::string text(data, data + size);

@@ -43,7 +43,7 @@ void AgentPush::prepare(PollSet& set) const {
         set.want(m_socket.get(), POLLIN);
         set.wakeBy(m_deadline);
     } else {
-        // A full backlog can't be waited for: knock again a little later.
+        // A full backlog can't be polled: try again later.
         set.wakeBy(Deadline::earlier(m_deadline, Deadline(busyPause)));
     }
 }

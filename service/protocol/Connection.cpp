@@ -18,7 +18,7 @@ bool isTemporary(int error) {
     return error == EAGAIN || error == EINTR;
 }
 
-//! Bytes of chance; the first can begin no text.
+//! Random bytes; the first can't begin a text.
 std::string garbage() {
     std::string bytes(garbageBytes, '\0');
     [[maybe_unused]] const ssize_t filled = ::getrandom(bytes.data(), bytes.size(), 0);

@@ -10,7 +10,7 @@ namespace fv2::service {
 
 namespace {
 
-//! 128 bits of chance in hexadecimal; empty when the system has none to give.
+//! 128 random bits in hexadecimal; empty when the system has none.
 std::string makeToken() {
     std::array<unsigned char, 16> bytes{};
     if (::getrandom(bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size()))

@@ -23,7 +23,7 @@ constexpr std::size_t largestFile = 256 * 1024;
 constexpr double longestStep = 86'400;
 constexpr std::int64_t widestRamp = 1'000'000;
 
-//! Carries what is wrong out of the depth of a text; never leaves this file.
+//! Thrown while parsing, with what is wrong; never leaves this file.
 struct Mistake {
     std::string text;
 };

@@ -31,7 +31,7 @@ std::string designPropertyList() {
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
-//! Where the build leaves what an installed agent finds in the system's folders.
+//! Where the build puts what an installed agent has in the system's folders.
 std::filesystem::path besideProgram(const char* folder) {
     return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()) / folder;
 }
@@ -112,7 +112,7 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
         if (!token.isEmpty() && isWaylandClient())
             qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
         m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain());
-        qunsetenv("XDG_ACTIVATION_TOKEN"); // one that was not used is good for nothing later
+        qunsetenv("XDG_ACTIVATION_TOKEN"); // an unused one is of no use later
     });
 }
 

@@ -11,7 +11,7 @@ namespace fv2 {
 
 namespace {
 
-//! KiB of pictures that Qt may keep for another time, a tenth of its own limit: what the style paints is small.
+//! KiB of cached pictures, a tenth of Qt's own limit: what the style paints is small.
 constexpr int kKeptPictures = 1024;
 
 } // namespace
@@ -22,8 +22,8 @@ FV2Application::FV2Application(int& argc, char** argv)
     setApplicationVersion(QStringLiteral(FV2_VERSION));
     setQuitOnLastWindowClosed(false);
     QPixmapCache::setCacheLimit(kKeptPictures);
-    // What windows and their pictures leave behind lies between what stays, where the allocator would not look for it.
-    // Queued, as the window itself goes in the event loop's next turn.
+    // Memory freed by windows lies between blocks in use, where the allocator would not trim it. Queued, as the window
+    // itself goes in the event loop's next turn.
     connect(
         this, &QGuiApplication::lastWindowClosed, this, [] { ::malloc_trim(0); }, Qt::QueuedConnection);
 }

@@ -8,8 +8,8 @@
 
 namespace fv2 {
 
-//! The application object of an agent without a main window: closing the last window does not end it, and nothing that
-//! is asked to end it is refused because a window can't be closed just then. Main thread only.
+//! The application object of an agent without a main window: closing the last window does not end it, and no request to
+//! end it is refused because a window can't be closed. Main thread only.
 class FV2Application final : public QApplication {
     Q_OBJECT
 public:

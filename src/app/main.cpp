@@ -21,8 +21,8 @@ namespace {
 //! Passed by the desktop entry, and not by autostart.
 constexpr std::string_view kShowWindow = "--show-window";
 
-//! By itself the allocator raises its limits to the largest block that was ever freed, and gives each thread a heap of
-//! its own, which it hardly ever shortens: one peer that sends more than it should would cost some megabytes for good.
+//! By default the allocator raises its thresholds to the largest block ever freed and gives each thread a heap that
+//! hardly shrinks: one peer that sends too much would cost megabytes for good.
 void giveMemoryBack() {
     ::mallopt(M_MMAP_THRESHOLD, 128 * 1024);
     ::mallopt(M_ARENA_MAX, 1);
@@ -62,10 +62,10 @@ int main(int argc, char* argv[]) {
     fv2::FV2Agent agent(application, signals);
     const int status = agent.run(showWindow);
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-    // All that others see has been ended by now. Taking the rest apart would wait for Qt's thread of the buses, and
-    // whoever may send us a message there can hold that up.
+    // All that others see has ended by now. Destructors would wait for Qt's D-Bus thread, which anybody who may send us
+    // a message there can block.
     std::_Exit(status);
 #else
-    return status; // the checkers want to see that nothing is left
+    return status; // the sanitizers check that nothing is left
 #endif
 }

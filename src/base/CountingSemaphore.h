@@ -11,7 +11,7 @@
 namespace fv2 {
 
 //! A counting semaphore over the POSIX one: unlike std::counting_semaphore it may be signalled by any thread without
-//! the lost wake-ups of g++ 12's atomic wait, and the thread checker knows it.
+//! the lost wake-ups of g++ 12's atomic wait, and ThreadSanitizer knows it.
 class CountingSemaphore {
 public:
     explicit CountingSemaphore(unsigned initialCount) { ::sem_init(&m_semaphore, 0, initialCount); }

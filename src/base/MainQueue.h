@@ -11,7 +11,7 @@
 namespace fv2 {
 
 //! Jobs from any thread for the one that drains the queue. Its descriptor becomes readable when jobs wait, so that an
-//! event loop can watch it; everything that crosses is guarded by a mutex of our own, which the thread checker sees.
+//! event loop can watch it; all that crosses is guarded by a mutex of our own, which ThreadSanitizer sees.
 class MainQueue {
 public:
     MainQueue();
@@ -22,7 +22,7 @@ public:
     //! Runs the jobs that wait at this moment; those that they post wait for the next call.
     void drain();
 
-    //! -1 when the system had none left: the queue is then to be drained now and then.
+    //! -1 when the system had none left: then drain the queue at intervals.
     [[nodiscard]] int descriptor() const { return m_event.get(); }
 
 private:

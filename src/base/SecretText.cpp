@@ -33,7 +33,7 @@ void holdUndumpable() {
 
 void releaseUndumpable() {
     const std::lock_guard lock(g_holders);
-    // Any other value than 1 can't be set, and was none of ours.
+    // Only 1 can be set; any other value is not ours.
     if (--g_holderCount == 0 && g_dumpableBefore == 1)
         ::prctl(PR_SET_DUMPABLE, 1);
 }
@@ -47,8 +47,8 @@ std::size_t wholePages(std::size_t bytes) {
 constexpr long SYS_memfd_secret = 447; // on all architectures
 #endif
 
-//! Pages that only this process has, and that the kernel itself hands out to nobody: a file of /proc that was opened
-//! before gets nothing of them. Older kernels have none, and limits may forbid them.
+//! Pages that only this process can read: the kernel itself gives them to nobody, not even through a /proc file opened
+//! before. Older kernels have none, and limits may forbid them.
 void* mapSecret(std::size_t bytes) {
     const UniqueFd file(static_cast<int>(::syscall(SYS_memfd_secret, O_CLOEXEC)));
     if (!file || ::ftruncate(file.get(), static_cast<off_t>(bytes)) != 0)
@@ -76,7 +76,7 @@ struct SecretText::Pages {
     Pages& operator=(const Pages&) = delete;
     ~Pages() { resize(0); }
 
-    //! Wipes what is no longer part of the text. There are pages only while there is a byte: with a secret one the
+    //! Wipes what is no longer part of the text. Pages exist only while they hold a byte: with a secret one the
     //! computer can't hibernate.
     void resize(std::size_t bytes) {
         if (size == 0 && bytes > 0)

@@ -8,11 +8,11 @@
 
 namespace fv2 {
 
-//! A text that must leave nothing behind. Its bytes lie in pages of their own, which are kept out of core dumps and of
-//! children, never moved, wiped and given back with the last byte. Where the kernel has secret pages they are such,
-//! which no other process reads by any way; elsewhere they are locked into memory as far as the system lets us. While
-//! any such text has a byte, the process is not dumpable: other processes of the user can't open its memory. Throws
-//! std::bad_alloc when the system has no page for a first byte. One thread an object.
+//! A text that leaves no copy behind. Its bytes are in pages of their own, which are kept out of core dumps and child
+//! processes, never moved, and wiped and released with the last byte. Where the kernel has secret pages, which no other
+//! process can read, those are used; elsewhere the pages are locked into memory if the system allows it. While any such
+//! text has a byte, the process is not dumpable: other processes of the user can't open its memory. Throws
+//! std::bad_alloc when the system has no page for a first byte. Not thread-safe.
 class SecretText {
 public:
     //! Room for `capacity` bytes.
@@ -26,8 +26,8 @@ public:
     [[nodiscard]] std::size_t size() const;
     [[nodiscard]] bool empty() const { return size() == 0; }
 
-    //! Puts `text` in place of `count` bytes at `position`, both at most up to the end. False, and nothing has changed,
-    //! when the room does not suffice.
+    //! Puts `text` in place of `count` bytes at `position`, clamped to the end. False, and nothing has changed, when
+    //! there is not enough room.
     bool replace(std::size_t position, std::size_t count, std::string_view text);
     bool append(std::string_view text) { return replace(size(), 0, text); }
 

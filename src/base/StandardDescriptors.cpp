@@ -10,7 +10,7 @@ namespace fv2 {
 
 void fillStandardDescriptors() {
     for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
-        // The lowest free number is taken, which is this one.
+        // open() takes the lowest free number: this one.
         if (::fcntl(fd, F_GETFD) == -1)
             std::ignore = ::open("/dev/null", O_RDWR);
     }

@@ -4,8 +4,8 @@
 
 namespace fv2 {
 
-//! Opens /dev/null for those of descriptors 0, 1 and 2 that a program was started without: otherwise the first socket
-//! or log file would take their numbers, and what is written to standard output would go there. First thing in main().
+//! Opens /dev/null for each of descriptors 0, 1 and 2 that is closed: otherwise the first socket or log file would get
+//! its number, and standard output would be written there. Call first in main().
 void fillStandardDescriptors();
 
 } // namespace fv2

@@ -12,7 +12,7 @@ namespace fv2 {
 
 namespace {
 
-//! Without an event of its own, how often a wait looks whether it should end.
+//! How often a wait without an eventfd checks whether it should end.
 constexpr std::chrono::milliseconds kLookAgain{50};
 
 } // namespace

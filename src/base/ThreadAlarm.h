@@ -4,9 +4,8 @@
 
 namespace fv2 {
 
-//! For as long as it lives, interrupts every 20 ms whatever call its thread waits in: the call returns what it has
-//! done, or EINTR. Made and destroyed on one thread, also one inside another. Without effect where the system has no
-//! timer left.
+//! While it exists, interrupts every 20 ms any call that its thread is blocked in: the call returns what it has done,
+//! or EINTR. Made and destroyed on one thread; may be nested. Without effect where the system has no timer left.
 class ThreadAlarm {
 public:
     ThreadAlarm();

@@ -10,8 +10,8 @@
 
 namespace fv2 {
 
-//! Whether a byte begins a character (a code point) of UTF-8: each does that is not of the form 10xxxxxx, also in a
-//! text that is no UTF-8. Any thread.
+//! Whether a byte begins a character (a code point) of UTF-8: every byte does that is not of the form 10xxxxxx, even in
+//! invalid UTF-8. Any thread.
 [[nodiscard]] inline bool beginsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
 }
@@ -39,13 +39,13 @@ struct CodePoint {
 //! Of a text that is not empty.
 [[nodiscard]] CodePoint firstCodePoint(std::string_view text);
 
-//! Controls, separators of lines, what turns the direction of a text or can't be seen at all.
+//! Controls, line separators, direction marks and invisible characters.
 [[nodiscard]] bool isNeverShown(std::uint32_t codePoint);
 
 inline constexpr std::size_t kMostReadableCharacters = 200;
 
-//! What people will read of a stranger's name or version: its first characters in valid UTF-8 and on one line, without
-//! those that are never shown.
+//! A stranger's name or version as people may read it: its first characters, valid UTF-8 on one line, without those
+//! that are never shown.
 [[nodiscard]] std::string readableText(std::string_view text);
 
 } // namespace fv2

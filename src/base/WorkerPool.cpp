@@ -24,7 +24,7 @@ bool WorkerPool::makeThreadsLocked() {
     try {
         while (m_threads.size() < m_threadCount)
             m_threads.emplace_back([this] { work(); });
-    } catch (const std::system_error&) { // the system has no thread left; those that there are do it alone
+    } catch (const std::system_error&) { // no thread left; the existing ones do the work
     }
     return !m_threads.empty();
 }

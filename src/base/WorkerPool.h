@@ -13,8 +13,8 @@
 
 namespace fv2 {
 
-//! A small fixed set of threads that run jobs in the order in which they came. They are made with the first job; those
-//! that the system has no room for with a later one.
+//! A small fixed set of threads that run jobs in order. They are created with the first job; those that the system
+//! refuses then, with a later one.
 class WorkerPool {
 public:
     explicit WorkerPool(std::size_t threadCount)

@@ -10,8 +10,8 @@
 namespace fv2 {
 
 // Decoded texts of the protocol. Every member is optional: a key that is missing or null leaves it empty. A key of
-// another JSON type, an integer beyond 64 bits with sign, more than 64 levels of nesting, or a text that is no JSON
-// object makes the whole record undecodable. Pure functions, any thread.
+// another JSON type, an integer beyond 64 bits with sign, more than 64 levels of nesting, or a text that isn't a JSON
+// object makes the record undecodable. Pure functions, any thread.
 
 struct FV2EISStatus {
     std::optional<std::int64_t> state;
@@ -53,7 +53,7 @@ struct FV2AISResponse {
     [[nodiscard]] static std::optional<FV2AISResponse> decode(std::string_view text);
 };
 
-//! The answer to "get_status", read in both ways at once.
+//! The answer to "get_status" as both records.
 struct FV2StatusReply {
     std::optional<FV2AISResponse> generic;
     std::optional<FV2EISResponse> response;

@@ -24,7 +24,7 @@ namespace fv2 {
 
 struct jsonSetPWParams {
     std::string_view username;
-    std::string_view password; //!< borrowed from where it is kept safe
+    std::string_view password; //!< borrowed from its SecretText
 };
 
 struct jsonSetPWCommand {

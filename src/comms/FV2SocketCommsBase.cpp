@@ -49,7 +49,7 @@ FV2SocketCommsBase::~FV2SocketCommsBase() {
 void FV2SocketCommsBase::closeSocket() {
     const StallGuard guard;
     UniqueFd closing;
-    const std::lock_guard lock(m_sockMutex); // given back before it is closed
+    const std::lock_guard lock(m_sockMutex); // withdrawn before it is closed
     closing = std::move(sock);
     m_boundFile.reset();
     connected = false;
@@ -161,7 +161,7 @@ bool FV2SocketCommsBase::unlinkPath() const {
 
 bool FV2SocketCommsBase::createBinding() {
     cleanup();
-    // Without an event to wake it, shutdown() would not end a waiting listener.
+    // Without an eventfd, shutdown() could not wake a waiting listener.
     if (m_stop->descriptor() < 0) {
         reportOnce("no event", "no notifications: the system has no event left to end a listener by");
         return false;

@@ -25,7 +25,7 @@ struct CommsTimeouts {
 };
 
 //! One endpoint in /tmp, used as client (one request and one reply a connection) or as listener. Failures are results,
-//! never exceptions. One thread an object, but for shutdown(), which any thread may call.
+//! never exceptions. Not thread-safe, except for shutdown(), which any thread may call.
 class FV2SocketCommsBase {
 public:
     //! Longer replies count as none.
@@ -35,8 +35,8 @@ public:
     FV2SocketCommsBase(const FV2SocketCommsBase&) = delete;
     FV2SocketCommsBase& operator=(const FV2SocketCommsBase&) = delete;
 
-    //! Connects as client, dropping an earlier connection: to a socket of somebody trusted alone, and then asks the
-    //! kernel who listens. False when nobody does or a stranger, who has then received no byte.
+    //! Connects as client, dropping an earlier connection: only to a trusted user's socket, and then asks the kernel
+    //! who listens. False if nobody or a stranger does; a stranger has received no byte.
     bool createConnection();
 
     //! One exchange; tried again while the reply is empty. Empty after the last attempt, at once for an empty text, a
@@ -47,22 +47,21 @@ public:
     //! had.
     bool createBinding();
 
-    //! Waits for a connection and its message; others are read meanwhile. The socket is none once shutdown() was
-    //! called.
+    //! Waits for a connection and its message; others are read meanwhile. No socket once shutdown() was called.
     [[nodiscard]] FV2SocketComms_ReceivedData listenAcceptAndReceiveData();
 
     //! Closes an accepted connection after its answer, so that the answer arrives even if the peer is still sending.
     void closeAfterAnswer(FV2SocketComms_ReceivedData message) { m_incoming.close(std::move(message)); }
 
-    //! One send that does not wait, so that a peer that does not read holds up nobody: the count of bytes taken, or -1.
-    //! A new connection takes all of a text of up to 200 KB.
+    //! One non-blocking send, so that a peer that does not read blocks nobody: the count of bytes taken, or -1. A new
+    //! connection takes all of a text of up to 200 KB.
     ssize_t send(int descriptor, std::string_view text) const;
 
     //! Closes the socket, the connections that came in on it, and removes its file; true when there was one. While a
     //! thread listens, by that thread.
     bool cleanup();
 
-    //! Any thread: the listening socket's file has gone or another one stands in its place, so that nobody finds us.
+    //! Any thread: the listening socket's file is gone or was replaced, so that nobody can find us.
     [[nodiscard]] bool isPathGone();
 
     //! Any thread: listening ends as if the socket had failed. Another binding may follow.

@@ -19,10 +19,10 @@ namespace fv2 {
 namespace {
 
 constexpr std::chrono::seconds kTotalTime{10};
-//! The rest of a send that the kernel has split follows at once.
+//! The rest of a split send follows at once.
 constexpr std::chrono::milliseconds kSplitTime{100};
 constexpr std::chrono::milliseconds kBackOff{100};
-//! Whoever comes is answered at once; after so many it is the turn of those whose messages take longer.
+//! New peers are answered at once; after this many, slower messages get their turn.
 constexpr int kAcceptsBeforePoll = 16;
 constexpr std::size_t kMaxDrained = 16 * 1024 * 1024;
 
@@ -54,7 +54,7 @@ bool IncomingConnections::pollAll(int listening, const StopSignal& stop) {
         set.push_back({connection.socket.get(), POLLIN, 0});
     if (::poll(set.data(), set.size(), pollTimeout()) < 0)
         return errno == EINTR;
-    // A listening socket that was shut down hangs up, while accepting from it only says that nobody waits.
+    // poll() reports a shut-down listening socket; accept4() only says that nobody waits.
     if (set[0].revents != 0 || (set[1].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0)
         return false;
     const StallGuard guard;
@@ -95,7 +95,7 @@ bool IncomingConnections::acceptOne(int listening) {
     m_acceptsBeforePoll = 0;
     if (!isOutOfResources(errno))
         return isPassing(errno);
-    // A full table is reported also when nobody waits: nobody is thrown out for nobody.
+    // A full table is reported even when nobody waits: then no connection is dropped.
     if (pollHasSeenOne && !dropOldest())
         m_backOff = Deadline(kBackOff);
     return true;
@@ -115,7 +115,7 @@ void IncomingConnections::takeIn(UniqueFd socket) {
                           .total = Deadline(kTotalTime),
                           .nextChunk = Deadline(kTotalTime),
                           .reader = MessageReader(maxMessage)};
-    // Most have sent by now what they want.
+    // Most have sent their message by now.
     if (read(connection) == Reading::Done)
         return finish(std::move(connection));
     if (m_open.size() >= maxOpen)

@@ -26,12 +26,12 @@ struct FV2SocketComms_ReceivedData {
     bool cut = false;          //!< longer than allowed: the rest was not read
 };
 
-//! The connections of one listening socket: reads many at once, so that an idle or endless peer holds up nobody.
-//! One thread. Each connection has 10 s in all and 5 s from one chunk to the next, 100 ms after a short one; a
-//! notification is at most 64 KiB.
+//! The connections of one listening socket: reads many at once, so that an idle or endless peer blocks nobody. One
+//! thread. Each connection has 10 s in all and 5 s from one chunk to the next, 100 ms after a short one; a notification
+//! is at most 64 KiB.
 class IncomingConnections {
 public:
-    //! At most this many are open; the one that has been waiting longest makes room for a new one.
+    //! At most this many are open; a new one replaces the one that has waited longest.
     static constexpr std::size_t maxOpen = 128;
     static constexpr std::size_t maxMessage = 64 * 1024;
 
@@ -78,7 +78,7 @@ private:
     std::list<Connection> m_open; //!< oldest first
     std::deque<FV2SocketComms_ReceivedData> m_finished;
     std::optional<Deadline> m_backOff;
-    int m_acceptsBeforePoll = 0; //!< accepts left until the next poll; all of them after one that saw somebody
+    int m_acceptsBeforePoll = 0; //!< accepts left until the next poll; refilled by a poll that saw a peer
     std::array<char, MessageReader::chunkSize> m_chunk{};
 };
 

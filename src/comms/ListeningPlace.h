@@ -11,8 +11,8 @@
 
 namespace fv2 {
 
-//! What stands at a path where somebody should listen, looked at before anything is said to it. It is held, so that
-//! what is connected to afterwards is what was looked at, whatever becomes of the path.
+//! What is at a path where somebody should listen, checked before anything is sent. It is kept open, so that we connect
+//! to what was checked even if the path is replaced.
 class ListeningPlace {
 public:
     explicit ListeningPlace(const std::string& path);

@@ -13,15 +13,14 @@
 
 namespace fv2 {
 
-//! So long may a peer take for the next chunk of its message.
+//! A peer's limit for the next chunk of its message.
 inline constexpr std::chrono::milliseconds kChunkTime{5000};
 
-//! A new UNIX stream socket: closed on exec, no call on it waits, and it takes no descriptors. The limits of waiting
-//! are those of the polls.
+//! A new UNIX stream socket: closed on exec, non-blocking, and refuses descriptors. Time limits are those of the polls.
 [[nodiscard]] UniqueFd makeStreamSocket();
 
-//! Connects within the deadline. A full backlog is tried again until then, more and more rarely: a blocking connect
-//! would wait without end. False leaves the last try's errno.
+//! Connects within the deadline. Retries a full backlog until then, less and less often: a blocking connect would have
+//! no limit. False leaves the last try's errno.
 [[nodiscard]] bool connectStream(int descriptor, const sockaddr_un& address, const Deadline& deadline,
                                  const StopSignal& stop);
 

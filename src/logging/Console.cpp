@@ -80,7 +80,7 @@ ssize_t Console::writeOnce(std::string_view text) {
         return ::send(STDOUT_FILENO, text.data(), text.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     if (m_kind != Kind::Foreign)
         return ::write(m_own ? m_own.get() : STDOUT_FILENO, text.data(), text.size());
-    // A pipe that has room takes so much at once; a terminal, or a pipe that others fill too, may wait all the same.
+    // A pipe that has room takes this much at once; a terminal, or a pipe with other writers, may still block.
     const ThreadAlarm alarm;
     text = text.substr(0, PIPE_BUF);
     const ssize_t written = ::write(STDOUT_FILENO, text.data(), text.size());

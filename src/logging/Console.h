@@ -21,19 +21,19 @@ public:
     void write(std::string_view line);
 
 private:
-    //! What standard output turned out to be with the first line: what never waits, a socket, a pipe or terminal that
-    //! could be opened once more for our own use, and one that couldn't.
+    //! What standard output turned out to be at the first line: something that never blocks, a socket, a pipe or
+    //! terminal that we could open a second time, or one that we couldn't.
     enum class Kind { Unknown, Plain, Socket, Own, Foreign };
 
     void lookAtIt();
     [[nodiscard]] bool hasRoom() const;
-    //! As write(), but never waits for longer than a moment.
+    //! As write(), but blocks for a moment at most.
     ssize_t writeOnce(std::string_view text);
     //! Removes what could be written from the text's beginning.
     void writeFrom(std::string_view& text);
 
     Kind m_kind = Kind::Unknown;
-    UniqueFd m_own;     //!< a description of our own: not to wait is nobody else's wish
+    UniqueFd m_own;     //!< opened by us: others still want to block
     std::string m_rest; //!< of a line that has been written in part
     unsigned long m_dropped = 0;
     std::optional<Deadline> m_pause; //!< after a write that had to be interrupted

@@ -75,7 +75,7 @@ void FV2Logging::logJoined(FV2LoggingLevel level, std::initializer_list<FV2LogIt
     log(level, {text}, " ", "\n");
 }
 
-//! Most lines end here, so they wait for nobody: all that one of them leaves behind is a byte.
+//! Most lines end here, so they don't wait for the semaphore: all they change is one byte.
 bool FV2Logging::filtersOutAtOnce(FV2LoggingLevel level) {
     if (_levels.load(std::memory_order_relaxed).contains(level))
         return false;

@@ -41,9 +41,8 @@ private:
     std::variant<std::string_view, bool, long long, unsigned long long, double> m_value;
 };
 
-//! Filters, formats and writes log lines, one at a time: whole operations exclude one another through a semaphore, but
-//! for the lines that are filtered out at once.
-//! Any thread. A line that can't be written is dropped without telling the caller.
+//! Filters, formats and writes log lines, one at a time: a semaphore serialises whole operations, except for lines that
+//! are filtered out at once. Any thread. A line that can't be written is dropped without telling the caller.
 class FV2Logging {
 public:
     explicit FV2Logging(FV2LoggingLevel levels);

@@ -7,9 +7,9 @@
 
 namespace fv2 {
 
-//! The text with everything made visible that could break a log line, steer a terminal or show a text other than it is:
-//! control characters, line separators, marks of direction and characters without a width become \n, \t, \xNN or
-//! \uNNNN, bytes that are no UTF-8 become \xNN. All else is unchanged.
+//! The text with everything escaped that could break a log line, control a terminal or disguise the text: control
+//! characters, line separators, marks of direction and characters without a width become \n, \t, \xNN or \uNNNN, bytes
+//! that are no UTF-8 become \xNN. All else is unchanged.
 [[nodiscard]] std::string escapedForLog(std::string_view text);
 
 } // namespace fv2

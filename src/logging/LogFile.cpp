@@ -51,7 +51,7 @@ struct Facts {
     off_t size;
 };
 
-//! Not by fstat: Linux 6.13 and later give a file whose times were asked for a new one at the next write, at a cost.
+//! Not by fstat: from Linux 6.13 on, asking for a file's times makes its next write slower.
 std::optional<Facts> factsOf(int fd) {
     struct statx status {};
     if (::statx(fd, "", AT_EMPTY_PATH, STATX_TYPE | STATX_UID | STATX_NLINK | STATX_SIZE, &status) != 0)

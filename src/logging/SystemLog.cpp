@@ -28,7 +28,7 @@ int priority(fv2SystemLogType type) {
 void systemLog(fv2SystemLogType type, const std::string& text) {
     static std::once_flag opened;
     std::call_once(opened, [] { ::openlog("fv2-agent", LOG_PID, LOG_USER); });
-    // A journal that does not read would keep its writers waiting; the line is lost then.
+    // A journal that does not read would block its writers; the line is dropped.
     const ThreadAlarm alarm;
     ::syslog(priority(type), "%s", text.c_str());
 }

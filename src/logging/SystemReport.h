@@ -11,7 +11,7 @@ namespace fv2 {
 //! the text is escaped and cut to a few hundred bytes, and after 64 causes nothing more is told.
 void reportOnce(std::string_view cause, std::string_view text);
 
-//! The same for what a stranger has brought about: from the 16th cause on the room is kept for all others.
+//! The same for causes that a stranger controls, at most 16 of the 64.
 void reportStrangerOnce(std::string_view cause, std::string_view text);
 
 } // namespace fv2

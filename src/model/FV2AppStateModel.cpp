@@ -32,7 +32,7 @@ FV2AppStateModel::FV2AppStateModel(FV2ModelPorts ports, std::int64_t userId)
     , m_unprompted(
           m_ports.timers,
           [this](bool alertOnFailure) {
-              // As a notification would, but neither the user nor the service asked for it.
+              // Like a notification, but asked for by neither user nor service.
               m_refreshes.request(
                   {.checkAction = true, .source = fv2SyncSource::Service, .alertOnFailure = alertOnFailure});
           },
@@ -214,7 +214,7 @@ void FV2AppStateModel::performAction(fv2AppCommand command, bool userInitiated) 
 }
 
 FV2PasswordPrompt::Wish FV2AppStateModel::passwordWish(fv2Window kind) const {
-    // A service that starts up tells of state 0 before it knows better.
+    // A service that is starting up reports state 0 at first.
     if (!m_unprompted.isOn() || jsonParser.state() <= 0)
         return FV2PasswordPrompt::Wish::NotNow;
     return m_state.lastActionStored == commandFor(kind) ? FV2PasswordPrompt::Wish::Wanted

@@ -95,7 +95,7 @@ private:
     FV2JsonParserORM jsonParser;
     CountingSemaphore backgroundThreadSemaphore{1};
     CountingSemaphore updateModelSemaphore{1};
-    CountingSemaphore backgroundSyncSemaphore{1}; //!< stands with the others; nothing waits on it
+    CountingSemaphore backgroundSyncSemaphore{1}; //!< unused; one of the four semaphores
     std::shared_ptr<const char> m_alive = std::make_shared<const char>();
     const std::weak_ptr<const void> m_owner = m_alive; //!< copied on any thread
     FV2RefreshCycle m_refreshes;

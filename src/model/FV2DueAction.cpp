@@ -26,7 +26,7 @@ fv2SyncSource FV2DueAction::effectiveSource(const FV2RefreshOrder& order, FV2App
 bool FV2DueAction::take(FV2AppState& state, bool checkAction, fv2SyncSource source, bool mainWindowOpen) {
     const bool sourceAllows = source == fv2SyncSource::Startup || source == fv2SyncSource::User ||
                               (source == fv2SyncSource::Service && !mainWindowOpen);
-    // What may not act leaves the first action to the start-up refresh while that is under way.
+    // A refresh that may not act leaves the first action to a running start-up refresh.
     const bool isKept = m_startupIsUnderWay && !sourceAllows;
     const bool actionRequired = std::exchange(state.isActionRequired, state.isActionRequired && isKept);
     if (!sourceAllows) {

@@ -18,8 +18,8 @@ public:
     void refreshIsRequested(fv2SyncSource source) { m_startupIsUnderWay |= source == fv2SyncSource::Startup; }
     void refreshEnds(fv2SyncSource source) { m_startupIsUnderWay &= source != fv2SyncSource::Startup; }
 
-    //! Whether the stored action is to be carried out now; from here on it is no longer required. Nothing pushes a
-    //! dialog at a user who has the main window open.
+    //! Whether the stored action is to be carried out now; from here on it is no longer required. No dialog opens over
+    //! a main window that is open.
     [[nodiscard]] bool take(FV2AppState& state, bool checkAction, fv2SyncSource source, bool mainWindowOpen);
 
 private:

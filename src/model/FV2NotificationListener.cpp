@@ -63,7 +63,7 @@ void FV2NotificationListener::run() {
         m_events.bound(false);
         if (backgroundAppSocketComms->isPathGone())
             continue;
-        // Whatever broke the socket is given time to pass. Nobody is left waiting on it meanwhile.
+        // Gives the cause of the failure time to pass. No peer is left waiting meanwhile.
         backgroundAppSocketComms->cleanup();
         static_cast<void>(stop.waitFor(-1, 0, Deadline(m_retryAfter)));
     }
@@ -96,7 +96,7 @@ void FV2NotificationListener::answer(const FV2SocketComms_ReceivedData& received
 FV2NotificationListener::~FV2NotificationListener() {
     stop();
     if (m_isLeftBehind)
-        std::_Exit(EXIT_SUCCESS); // its thread still uses what would be destroyed now
+        std::_Exit(EXIT_SUCCESS); // its thread still uses these members
 }
 
 void FV2NotificationListener::stop() {

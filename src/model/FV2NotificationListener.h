@@ -26,7 +26,7 @@ public:
         std::function<void(bool)> bound;
     };
 
-    //! While the path can't be had it is tried again every `retryAfter`. `life` is held while the loop runs.
+    //! While the path can't be bound it is retried every `retryAfter`. `life` is held while the loop runs.
     FV2NotificationListener(std::unique_ptr<FV2SocketCommsBase> comms, CountingSemaphore& life, Events events,
                             std::chrono::milliseconds retryAfter)
         : backgroundAppSocketComms(std::move(comms))
@@ -44,7 +44,7 @@ public:
     //! nothing.
     void stop();
 
-    //! To be called now and then: binds again if the socket's file has been removed or replaced, and makes the thread
+    //! To be called at intervals: binds again if the socket's file has been removed or replaced, and makes the thread
     //! if none could be made. Costs one look at the path.
     void rebindIfPathIsGone();
 

@@ -8,7 +8,7 @@ namespace fv2 {
 
 namespace {
 
-//! What the policy asks beyond counts as this, a year.
+//! The longest postponement that counts: a year.
 constexpr std::int64_t kLongestPostponement = std::int64_t{60} * 24 * 365;
 constexpr std::chrono::minutes kLookAgain{1};
 
@@ -26,7 +26,7 @@ void FV2PasswordPrompt::askNow(fv2Window kind) {
         return; // the one of the other direction keeps its time
     m_waiting = kind;
     passwordDialogPostponeTimer.reset();
-    // Beside another window the user has read what is asked for, and it need not come later.
+    // The user reads it in the open window, so it need not come later.
     if (!isDone && (m_ports.wish(kind) == Wish::NotNow || m_ports.doNotDisturb()))
         waitFor(kLookAgain);
 }

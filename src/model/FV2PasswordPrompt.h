@@ -26,7 +26,7 @@ public:
     struct Ports {
         FV2TimerService& timers;
         std::function<Wish(fv2Window)> wish;
-        //! Opens the window unless something speaks against it; whether it is open now.
+        //! Opens the window if nothing prevents it; whether it is open now.
         std::function<bool(fv2Window)> open;
         //! Whether the desktop asks for silence, and a way to wait until that is known.
         std::function<bool()> doNotDisturb;
@@ -40,11 +40,11 @@ public:
     //! desktop asks for silence, the window opens once that is over.
     void ask(fv2Window kind);
 
-    //! A status has been read: what is not wanted any more need not come back, and is a new wish when it is.
+    //! A status has been read: an unwanted prompt need not come back; if wanted again, it is a new one.
     void dropUnwanted();
 
-    //! Lets the window come back after so many minutes, a year at most, asleep or awake; never for 0 or less. What
-    //! speaks against it then is looked at again every minute.
+    //! Lets the window come back after so many minutes, a year at most, asleep or awake; never for 0 or less. If it
+    //! can't open then, tries again every minute.
     void postpone(fv2Window kind, std::int64_t minutes);
 
 private:

@@ -11,7 +11,7 @@ namespace fv2 {
 
 namespace {
 
-//! How long a synchronisation that nobody asked for keeps off the next one: its own failure calls for another.
+//! Between synchronisations that nobody asked for: the failure of one calls for another.
 constexpr std::chrono::minutes kUnaskedSyncPause{10};
 
 } // namespace

@@ -42,8 +42,8 @@ public:
     //! Dropped while one is in flight. Returns at once.
     void start(fv2SyncSource source, bool alertOnFailure);
 
-    //! The status calls for one, and not the user. At most one in a while, as a failure calls for the next one at once;
-    //! one that has to wait is dropped when the main window shows by then that it is called for.
+    //! The status calls for one, and not the user. Rate-limited, as a failure calls for the next one at once; one that
+    //! waits is dropped if the main window shows by then that it is called for.
     void syncUnasked();
 
 private:

@@ -12,8 +12,8 @@ namespace fv2 {
 
 namespace {
 
-//! How many refreshes of each source run at a time, in the order of the sources. A notification need not wait for one
-//! that hangs; what nobody waits for leaves workers to what the user does.
+//! How many refreshes of each source run at a time, in the order of the sources. Two for notifications, so that one may
+//! hang; one for each other source, to leave workers to the user.
 constexpr std::array<int, 5> kMaxConcurrent{1, 1, 2, 1, 1};
 
 } // namespace

@@ -27,9 +27,8 @@ struct FV2RefreshOrder {
 };
 
 //! Asks the service for a token and the status on a worker. Orders of one source merge while a refresh of theirs waits
-//! to start, and starts are spaced. What was asked for later counts more than what was asked for earlier, whenever it
-//! is answered; an exchange that failed counts until anything better is read. Main thread only, but for
-//! tryToStartPushed().
+//! to start, and starts are spaced. A later request outranks an earlier one, whenever it is answered; a failed exchange
+//! counts until a better answer is read. Main thread only, but for tryToStartPushed().
 class FV2RefreshCycle {
 public:
     //! Called on the main thread, unless the owner has died by then.
@@ -65,7 +64,7 @@ private:
         bool statusAnswered = false;
         DecodedStatus status;
     };
-    //! The token that counts, which workers look at.
+    //! The current token, read by workers.
     struct Known {
         std::mutex mutex;
         std::string token;

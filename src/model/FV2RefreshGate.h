@@ -12,15 +12,15 @@
 
 namespace fv2 {
 
-//! Keeps a storm of notifications from becoming a storm of exchanges: the first one starts a refresh at once, the ones
-//! that come while a refresh waits to start merge into it, and starts are spaced. The last notification is always
-//! followed by a refresh that starts after it. Main thread only, but for tryToStart().
+//! Limits refreshes in a storm of notifications: the first one starts a refresh at once, later ones merge into a
+//! refresh that waits to start, and starts are spaced. The last notification is always followed by a refresh that
+//! starts after it. Main thread only, but for tryToStart().
 class FV2RefreshGate {
 public:
     static constexpr std::chrono::milliseconds spacing{25};
 
     //! `start` begins one refresh, which reports its end to finished(). At most `maxRunning` run at a time: a few may
-    //! hang without taking all workers away from the user's clicks.
+    //! hang and still leave workers to the user's clicks.
     FV2RefreshGate(FV2TimerService& timers, int maxRunning, std::function<void()> start)
         : m_timers(timers)
         , m_maxRunning(maxRunning)

@@ -19,9 +19,9 @@ struct FV2StatusLook {
     const char* trayIcon;
     const char* statusLineIcon;
     Colour statusLineColour;
-    Colour messageColour;       //!< behind a status message of this light
-    const char* menuIcon;       //!< of the left menu's first row
-    const char* numberBubble;   //!< behind the number beside it
+    Colour messageColour;     //!< behind a status message of this light
+    const char* menuIcon;     //!< of the left menu's first row
+    const char* numberBubble; //!< behind the number beside it
     bool isNumberDark;
 };
 

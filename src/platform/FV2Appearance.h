@@ -9,7 +9,7 @@
 namespace fv2 {
 
 //! Whether the desktop wants to look dark: what its settings portal says, else what the palette looks like that it
-//! gives to applications. Nobody else may set the application's palette: it would pass for the desktop's. Main thread
+//! gives to applications. Nobody else may set the application's palette: it would count as the desktop's. Main thread
 //! only.
 class FV2Appearance : public QObject {
     Q_OBJECT
@@ -22,14 +22,14 @@ public:
     //! Asks once more and lets the portal be started for it; only the first call does anything.
     void askPortal();
 
-    //! Gives the application a palette of the wanted kind where the desktop's own is of the other one: what Qt draws
-    //! beside our windows, as their frames under Wayland, goes by it.
+    //! Gives the application a dark or light palette where the desktop's own is the other kind: what Qt draws beside
+    //! our windows, such as Wayland frames, uses it.
     void dressApplication(QPalette (*paletteFor)(bool dark));
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    //! The answer, or the application's palette: windows that show the other kind of colours are made from either.
+    //! The answer or the application's palette changed: window palettes are derived from both.
     void changed();
 
 private:

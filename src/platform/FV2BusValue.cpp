@@ -39,7 +39,7 @@ void FV2BusValue::askForOwner() {
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
         call->deleteLater();
         const QDBusPendingReply<QString> answer = *call;
-        // A change that was told meanwhile is newer.
+        // A change signalled meanwhile is newer.
         if (!m_owner && answer.isValid())
             setOwner(answer.value());
         else if (!m_owner)
@@ -50,7 +50,7 @@ void FV2BusValue::askForOwner() {
 void FV2BusValue::setOwner(const QString& owner) {
     const QString before = std::exchange(m_owner, owner).value_or(QString());
     for (const QString& signal : m_question.changeSignals) {
-        // Connected to the owner's unique name: for any other, Qt lets us wait until the bus has told it the owner.
+        // Uses the owner's unique name: for any other, Qt blocks until the bus has named the owner.
         if (!before.isEmpty())
             m_bus.disconnect(before, m_question.path, m_question.interface, signal, m_question.changeArguments,
                              QString(), this, SLOT(onChange(QDBusMessage)));

@@ -25,9 +25,9 @@ struct FV2BusQuestion {
     QStringList changeArguments = {};
 };
 
-//! The answer to a question, as far as it is known: asked for whenever the service gets an owner, unknown while it has
-//! none. A question that fails changes nothing. Nothing waits, not even for a bus that hangs once we are connected to
-//! it, and no service is started unless somebody says so. Main thread only; a part of the class that wants to know.
+//! The answer to a question, if known: asked for whenever the service gets an owner, unknown while it has none. A
+//! question that fails changes nothing. Never blocks, not even on a bus that hangs once we are connected, and starts no
+//! service unless told to. Main thread only; a member of the class that uses it.
 class FV2BusValue : public QObject {
     Q_OBJECT
 public:
@@ -35,7 +35,7 @@ public:
 
     FV2BusValue(const QDBusConnection& bus, FV2BusQuestion question);
 
-    //! Asks once more than the changes of owners do.
+    //! Asks in addition to changes of the owner.
     void ask(Start start = Start::Never);
     //! Without the variants that it came wrapped in; invalid while unknown.
     [[nodiscard]] const QVariant& value() const { return m_value; }
@@ -44,7 +44,7 @@ public:
     [[nodiscard]] bool isTrue() const { return m_value.typeId() == QMetaType::Bool && m_value.toBool(); }
 
 Q_SIGNALS:
-    //! Something was learnt; it may be the same as before.
+    //! An answer has arrived; it may be the same as before.
     void learnt();
     //! Once.
     void settled();

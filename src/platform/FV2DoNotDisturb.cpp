@@ -10,7 +10,7 @@ namespace fv2 {
 
 namespace {
 
-//! A daemon that hangs holds the first status up no longer than this.
+//! A hanging daemon delays the first window no longer than this.
 constexpr std::chrono::milliseconds kPatience{300};
 
 const QString kNotifications = QStringLiteral("org.freedesktop.Notifications");

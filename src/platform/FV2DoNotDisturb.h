@@ -11,16 +11,16 @@
 
 namespace fv2 {
 
-//! Whether the user wants to be left alone. The answer is there at once, from what the notification daemons have told;
-//! any one that says so is enough, where none does it is false. Main thread only.
+//! Whether the user wants to be left alone. Answers at once, from what notification daemons have reported; any one that
+//! says so is enough, where none does it is false. Main thread only.
 class FV2DoNotDisturb {
 public:
     FV2DoNotDisturb();
 
     [[nodiscard]] bool isOn() const;
 
-    //! Calls the job once the desktop has said what is so at the start, or shortly after when it doesn't; in the event
-    //! loop or at once.
+    //! Calls the job once the desktop has answered at the start, or soon after if it doesn't; in the event loop or at
+    //! once.
     void whenKnown(std::function<void()> job);
 
 private:

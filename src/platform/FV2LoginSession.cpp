@@ -71,8 +71,8 @@ void FV2LoginSession::follow(const QString& owner, const QString& path) {
     connect(m_property.get(), &FV2BusValue::learnt, this, &FV2LoginSession::onActiveLearnt);
     m_lockedHint = std::make_unique<FV2BusProperty>(m_bus, kLogind, path, kSession, QStringLiteral("LockedHint"));
     connect(m_lockedHint.get(), &FV2BusValue::learnt, this, &FV2LoginSession::onHintLearnt);
-    // Some lockers set no hint, others lock without having been told to. Connected to the owner's unique name: for any
-    // other, Qt lets us wait until the bus has told it the owner.
+    // Some lockers set no hint, others lock without logind's signal. Uses the owner's unique name: for any other, Qt
+    // blocks until the bus has named the owner.
     const QString lock = QStringLiteral("Lock");
     if (!m_owner.isEmpty())
         m_bus.disconnect(m_owner, m_path, kSession, lock, this, SIGNAL(locked()));

@@ -9,15 +9,15 @@
 
 namespace fv2 {
 
-//! Whether our login session is the one that its seat shows and when it is locked, told by logind. Silent for ever
-//! without logind. Main thread only.
+//! Whether our login session is the one that its seat shows and when it is locked, as logind reports. Silent without
+//! logind. Main thread only.
 class FV2LoginSession : public QObject {
     Q_OBJECT
 public:
     FV2LoginSession();
 
 Q_SIGNALS:
-    // Only changes: what is so at the start is told to nobody.
+    // Only changes: the state at the start is not signalled.
     void becameActive();
     void resigned();
     //! The screen is being locked, or has been; often told more than once.

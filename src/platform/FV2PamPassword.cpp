@@ -38,7 +38,7 @@ struct FreeResponses {
     }
 };
 
-//! What PAM is given belongs to it: it overwrites and frees the text.
+//! PAM owns what it is given: it overwrites and frees the text.
 char* copyForPam(std::string_view text) {
     auto* const copy = static_cast<char*>(std::calloc(text.size() + 1, 1));
     if (copy != nullptr)
@@ -70,12 +70,12 @@ int converse(int count, const pam_message** messages, pam_response** answers, vo
         responses[i].resp = copyForPam(conversation.password.text());
         conversation.answered = true;
     }
-    if (answers != nullptr) // modules that only say something may want none
+    if (answers != nullptr) // a module that only informs may want no reply
         *answers = responses.release();
     return PAM_SUCCESS;
 }
 
-//! Stands in for the wait of PAM's own, which nothing could cut short.
+//! Replaces PAM's own delay, which nothing could cut short.
 void waitAfterFailure(int result, unsigned microseconds, void* data) {
     if (result == PAM_SUCCESS)
         return;

@@ -10,8 +10,8 @@
 
 namespace fv2 {
 
-//! Checks passwords through PAM, as the service "fv2-agent". Why one was not accepted is told by a line of the log;
-//! where the set-up of PAM is to blame, once for each cause in the system log as well. Any thread.
+//! Checks passwords through PAM, as the service "fv2-agent". A log line says why one was not accepted; if PAM's set-up
+//! is to blame, so does the system log, once for each cause. Any thread.
 class FV2PamPassword final : public FV2UserAndPasswordModel {
 public:
     using Path = std::filesystem::path;

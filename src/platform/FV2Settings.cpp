@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t kLongestSettings = 64 * 1024;
 
-//! What one file says; nothing if it has a mistake.
+//! One file's settings; none if it has a mistake.
 struct Said {
     std::optional<std::string> helpHost;
     std::optional<bool> rootOnly;

@@ -14,9 +14,9 @@ struct FV2Settings {
 };
 
 //! Reads "fv2-agent/agent.conf" in the first of the system's folders for settings (XDG_CONFIG_DIRS, then `computer`)
-//! that has it; what is not said there keeps its default. A file with a mistake counts for nothing, and the system log
-//! is told of the first one. Whoever has set XDG_CONFIG_DIRS can't lower credentialsToRootOnly against the file of the
-//! computer: where there is one, it has to say so too.
+//! that has it; missing keys keep their default. A file with a mistake is ignored, and the system log is told the first
+//! one. Whoever has set XDG_CONFIG_DIRS can't lower credentialsToRootOnly against the file of the computer: where there
+//! is one, it has to say so too.
 [[nodiscard]] FV2Settings readSettings(const std::filesystem::path& computer = "/etc/xdg");
 
 } // namespace fv2

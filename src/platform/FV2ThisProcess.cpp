@@ -12,7 +12,7 @@ namespace fv2 {
 
 namespace {
 
-//! As the kernel tells a process's name: cut after 15 bytes.
+//! A process's name as the kernel has it: cut to 15 bytes.
 constexpr std::size_t kLongestName = 15;
 constexpr std::string_view kFileManagers[] = {"nautilus", "dolphin",    "thunar",    "Thunar",   "nemo",     "caja",
                                               "pcmanfm",  "pcmanfm-qt", "konqueror", "krusader", "doublecmd"};

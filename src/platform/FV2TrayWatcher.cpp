@@ -24,7 +24,7 @@ const QString kTrayPath = QStringLiteral("/StatusNotifierWatcher");
 //! Whether some window owns the selection of the system tray protocol on X11's first screen.
 bool hasOlderTray() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    // The platform without a screen has the interface too, but no connection.
+    // The offscreen platform has the interface too, but no connection.
     xcb_connection_t* const connection = x11 == nullptr ? nullptr : x11->connection();
     if (connection == nullptr)
         return false;
@@ -44,7 +44,7 @@ FV2TrayWatcher::FV2TrayWatcher(std::function<void()> available, std::chrono::mil
     : m_available(std::move(available))
     , m_watcher(kTrayService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration) {
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &FV2TrayWatcher::askForHost);
-    // From any sender, as it only makes us ask: for a name, Qt would wait until the bus has told it the owner.
+    // From any sender, as it only makes us ask: for a name, Qt would block until the bus names the owner.
     QDBusConnection::sessionBus().connect(QString(), kTrayPath, kTrayService,
                                           QStringLiteral("StatusNotifierHostRegistered"), this,
                                           SLOT(onHostRegistered()));

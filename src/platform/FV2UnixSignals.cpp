@@ -13,7 +13,7 @@ namespace {
 
 const StopSignal* raisedByHandler = nullptr;
 
-//! Well over what a silent service or PAM takes from the end, and under the second that is promised.
+//! More than the end takes with a silent service or PAM, and under the promised second.
 constexpr suseconds_t kLongestEnd = 900'000; // microseconds
 
 void onSignal(int number) {
@@ -26,7 +26,7 @@ void onSignal(int number) {
 #endif
 }
 
-//! A bus or an X server that has stopped holds main up before, in or after its event loop.
+//! A stopped bus or X server blocks main before, in or after its event loop.
 void onLongestEnd(int /*number*/) {
     ::_exit(EXIT_FAILURE);
 }

@@ -18,7 +18,7 @@ namespace fv2 {
 class FV2UnixSignals {
 public:
     //! From here on the signals no longer end the process at once; they are remembered until onTerminate() names a
-    //! listener. What has not ended by itself 900 ms after one of them is ended, but for builds with a sanitizer.
+    //! listener. A process still running 900 ms after one is ended, except in sanitizer builds.
     FV2UnixSignals();
 
     //! Raised by those signals; for waits before there is an event loop.

@@ -29,7 +29,7 @@ constexpr std::array<Switch, 2> kSwitches{{
     {"X-Cinnamon", "org.cinnamon.desktop.notifications", "display-notifications"},
 }};
 
-//! GIO, loaded by the first who asks: no session but theirs pays for it and for the libraries that it brings.
+//! GIO, loaded at the first call: only these desktops pay for it and its libraries.
 class Gio {
     bool m_isWhole = true; // before the functions, each of which may make it false
 
@@ -49,7 +49,7 @@ public:
     decltype(&g_object_unref) unref = find("g_object_unref");
 
 private:
-    //! Any function, until it is put where its type is known.
+    //! Any function, until it is cast to its type.
     struct Function {
         QFunctionPointer address;
         template <class Type>

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kSegmentLimit = 4095;
 constexpr std::size_t kLongestTag = 4094;
-//! So many of the newest tags are looked at one by one before the tree is asked.
+//! The newest tags, up to this many, are compared one by one before the tree.
 constexpr std::size_t kLooksBeforeTree = 8;
 
 struct Entity {
@@ -24,7 +24,7 @@ struct Entity {
     std::string_view name;
 };
 
-//! The first row that fits counts; the second "&amp;" never gets its turn.
+//! The first matching row counts; the second "&amp;" is never reached.
 constexpr std::array<Entity, 6> kEntities{{
     {'<', "&lt;"},
     {'>', "&gt;"},
@@ -41,8 +41,8 @@ const Entity* entityAtBeginningOf(std::string_view text) {
     return nullptr;
 }
 
-//! An "&" that begins no entity writes nothing: at its place stays the byte that the segment had there, which is
-//! another one once an entity has made the text before it shorter.
+//! An "&" that begins no entity writes nothing: its place keeps the byte that the segment had there, a different one
+//! once an earlier entity has shortened the text.
 void appendDecoded(std::string_view segment, std::string& text) {
     const std::size_t before = text.size();
     for (std::size_t read = 0; read < segment.size();) {
@@ -178,8 +178,8 @@ private:
         m_text = std::move(whole);
     }
 
-    //! A tag stands further right by each unclosed tag that began before it; what began at its own place doesn't move
-    //! it, nor its end.
+    //! Each unclosed tag that began before a tag moves it to the right; one that began at the same place moves neither
+    //! it nor its end.
     [[nodiscard]] std::vector<FV2Tag> closedTags() const {
         std::vector<FV2Tag> closed;
         closed.reserve(m_tags.size());

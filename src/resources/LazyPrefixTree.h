@@ -10,9 +10,9 @@
 
 namespace fv2 {
 
-//! Finds the newest of many texts that begins with given bytes. A tree over the bytes of the texts; each text sinks
-//! into it only as deep as somebody has asked, and each of its bytes at most once. So all questions together cost no
-//! more than the bytes of all texts and questions. The texts must outlive it.
+//! Finds the newest of many texts that begins with given bytes. A prefix tree that is built lazily: each text is
+//! inserted only as deep as a query needs, each of its bytes at most once. So all queries together cost no more than
+//! the bytes of all texts and queries. The texts must outlive it.
 class LazyPrefixTree {
 public:
     using Index = std::uint32_t; //!< of a text, in the order in which they came

@@ -62,7 +62,7 @@ NxDesign::NxDesign(std::string_view propertyList) {
     for (std::size_t kind = 0; kind < kKinds.size(); ++kind)
         for (pugi::xml_node entry = nextElement(valueOf(colours, kKinds.at(kind), "array").first_child());
              !entry.empty(); entry = nextElement(entry.next_sibling())) {
-            // What is no text keeps its place, so that those behind it keep theirs.
+            // A non-text keeps its place, so that later ones keep theirs.
             const bool isText = std::string_view(entry.name()) == "string";
             m_colours.at(kind).push_back(isText ? Entry(entry.text().get()) : Entry(kBlack));
         }

@@ -27,7 +27,7 @@ public:
 
     //! The program's own, made from the resource at the first call. Any thread may make it.
     [[nodiscard]] static NxDesign& sharedDesign();
-    //! Names where sharedDesign() gets its property list; once, before a second thread starts.
+    //! Sets where sharedDesign() gets its property list; once, before a second thread starts.
     static void setResource(std::function<std::string()> resource);
 
     //! Entry `type` of a kind; black when there is none, or when it is no hexadecimal text.

@@ -10,7 +10,7 @@ namespace fv2 {
 
 namespace {
 
-//! Stands in until the application has named its bundle: every identifier shows marked.
+//! Used until the application has set its bundle: marks every identifier.
 class EmptyBundle final : public OxStringBundle {
 public:
     [[nodiscard]] std::string localizedString(const std::string& identifier) const override { return identifier; }

@@ -18,8 +18,8 @@ public:
     [[nodiscard]] virtual std::string localizedString(const std::string& identifier) const = 0;
 };
 
-//! A text that is resolved already: the resolver hands it back untouched. Copies share one storage. UTF-8; lengths and
-//! positions count bytes.
+//! A resolved text: the resolver returns it unchanged. Copies share one storage. UTF-8; lengths and positions count
+//! bytes.
 class OxTranslatedString {
 public:
     OxTranslatedString()
@@ -33,8 +33,7 @@ public:
     ~OxTranslatedString() = default;
 
     //! Resolves an identifier (a text that begins with "IDUS_" or "IDCUS_") through the bundle. One without a text, and
-    //! any literal, comes back behind a "!", so that it stands out on screen; a missing one also goes to the system
-    //! log.
+    //! any literal, is returned with a leading "!" to stand out; a missing one also goes to the system log.
     [[nodiscard]] static OxTranslatedString translateOrMarkID(std::string_view text, const OxStringBundle& bundle);
     [[nodiscard]] static OxTranslatedString translateOrMarkID(const OxTranslatedString& text, const OxStringBundle&) {
         return text;

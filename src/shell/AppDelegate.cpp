@@ -61,7 +61,7 @@ void AppDelegate::sessionResigned() {
 void AppDelegate::onMenuBarStatusItemClicked() {
     logTrace("lbup");
     logRelease("StatusBarMenu Clicked");
-    // There a program can't place a menu beside somebody else's panel.
+    // There a program can't place a menu beside the panel.
     if (isWaylandSession())
         m_parts.menu.triggerFirst();
     else
@@ -86,8 +86,7 @@ void AppDelegate::updateMenu() {
                         !m_parts.appModel.state().syncORMActive);
 }
 
-//! A message asks for it: a second copy, which the user or the desktop may have started. A prompt that lies ready stays
-//! shut.
+//! Asked for by a second copy, which the user or the desktop may have started. A prompt stays shut.
 void AppDelegate::menuShowMainWindow() {
     showMainWindow(false);
 }

@@ -60,7 +60,7 @@ void FV2AlertSheet::addTexts(QGridLayout& grid) {
 }
 
 void FV2AlertSheet::addButtons(QGridLayout& grid) {
-    auto* const box = new QDialogButtonBox(this); // a button learns in the sheet that it is the default one
+    auto* const box = new QDialogButtonBox(this); // a button becomes the default in its dialog
     for (std::size_t position = 0; position < content().buttons.size(); ++position) {
         auto* const button = new NxButton;
         button->setText(QString::fromStdString(content().buttons[position]));

@@ -12,8 +12,7 @@ class QGridLayout;
 
 namespace fv2 {
 
-//! What an alert says, what its first button does, and the kind of window that it is about: only while one is open does
-//! it mean anything.
+//! An alert's text, its first button's action, and the kind of window that it is about: meaningless unless one is open.
 struct FV2Alert {
     fv2Window about = fv2Window::None;
     FV2AlertContent content;
@@ -25,7 +24,7 @@ struct FV2Alert {
 class FV2AlertSheet final : public QDialog {
     Q_OBJECT
 public:
-    //! What the first button does is done once the sheet has gone from the screen, if that button was chosen.
+    //! The first button's action runs once the sheet is hidden, if that button was chosen.
     FV2AlertSheet(QWidget* window, FV2Alert alert);
 
     [[nodiscard]] const FV2Alert& alert() const { return m_alert; }

@@ -52,7 +52,7 @@ bool FV2DuplicateInstance::findAndHandOver() {
     return handOver();
 }
 
-//! On a thread of its own, which is left behind if the system holds it up: nothing may keep the agent from starting.
+//! On a thread of its own, left behind if the system blocks it: nothing may keep the agent from starting.
 bool FV2DuplicateInstance::handOver() const {
     struct Attempt {
         CountingSemaphore over{0};

@@ -14,8 +14,8 @@
 
 namespace fv2 {
 
-//! The tray item's menu. Its entries are kept true all the time: the tray's host may show a copy of them that was made
-//! before the menu was opened. Main thread only.
+//! The tray item's menu. Its entries are always current: the tray's host may show a copy that it made before the menu
+//! was opened. Main thread only.
 class FV2StatusMenu final : public QObject {
     Q_OBJECT
 public:

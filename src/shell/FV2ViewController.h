@@ -13,8 +13,8 @@
 
 namespace fv2 {
 
-//! Fills one view and keeps it true. Both models are built before every screen and live on after the last one, so
-//! screens hold them by plain reference. Main thread only; whoever shows the view owns the controller.
+//! Fills and updates one view. Both models are built before every screen and live on after the last one, so screens
+//! hold them by plain reference. Main thread only; whoever shows the view owns the controller.
 class FV2ViewController : public QObject {
     Q_OBJECT
 public:
@@ -42,7 +42,7 @@ protected:
 
 private:
     QPointer<FV2View> m_view;
-    std::string m_description; //!< with the subclass's name, which the destructor can't know any more
+    std::string m_description; //!< with the subclass's name, unknown in the destructor
     std::string m_viewDescription;
 };
 

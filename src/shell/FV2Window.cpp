@@ -23,8 +23,7 @@ namespace {
 constexpr Qt::WindowFlags kTitledAndClosable =
     Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
-//! Under Wayland nobody tells that a window was minimised, and only with a token may one that is mapped come to the
-//! front.
+//! Under Wayland nobody reports a minimised window, and a mapped one comes to the front only with a token.
 bool canOnlyComeAnew() {
     return isWaylandClient() && QApplication::activeWindow() == nullptr &&
            !qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN");
@@ -193,7 +192,7 @@ void FV2Window::beginNextSheet(bool takesKeyboard) {
         return;
     m_sheet = new FV2AlertSheet(this, std::move(m_waitingAlerts.front()));
     m_waitingAlerts.pop_front();
-    // In a turn of its own: whoever closes a sheet may be about to hide this window as well.
+    // In the next turn: whoever closes a sheet may be about to hide this window too.
     connect(
         m_sheet, &QObject::destroyed, this, [this] { beginNextSheet(isActiveWindow()); }, Qt::QueuedConnection);
     m_sheet->beginModal(takesKeyboard);

@@ -20,9 +20,9 @@ public:
     //! `contentSize` is the size at first, in device-independent pixels, and the smallest one.
     explicit FV2Window(QSize contentSize);
 
-    //! Takes every button out of the title bar, before the window is first shown: only closeWindow() closes it then.
+    //! Removes all title bar buttons, before the window is first shown: then only closeWindow() closes it.
     void hideTitlebarButtons();
-    //! Lets the window be larger than its first size where what is in it needs that, from now on.
+    //! Lets the window grow beyond its first size if its content needs it, from now on.
     void growWithContent();
 
     //! Fills the window with the view, which the window then owns.
@@ -40,8 +40,7 @@ public:
     [[nodiscard]] bool isMainWindow() const { return isVisible() && !isMinimized(); }
 
     //! Shows the window in front of all others and gives it, or the alert over it, the keyboard, as far as the desktop
-    //! lets us.
-    //! `byUser`: a click of the user's has asked for it, which is told to what is in the window.
+    //! lets us. `byUser`: a click of the user's has asked for it, which madeKey() tells the content.
     void makeKeyAndOrderFront(bool byUser = true);
     //! The same without the keyboard, for a window that lies under one that gets it at once.
     void orderFront();
@@ -69,7 +68,7 @@ public:
 Q_SIGNALS:
     //! Once for each closing, while the window still exists.
     void willClose();
-    //! The user wants to close the window and can't, as the desktop may offer it all the same.
+    //! The user tried to close the window and can't: some desktops offer it anyway.
     void closeRefused();
     void shownOrHidden();
     //! The user has asked for the window, which is shown now and gets the keyboard.

@@ -61,7 +61,7 @@ public:
     using FV2WindowController::FV2WindowController;
     //! The user has confirmed that the password is typed later: notes when to ask again and closes.
     virtual void postponeAndClose() = 0;
-    //! Whoever sits in front may be somebody else by now: empties the field and waits for the user to come back to it.
+    //! Another person may sit there now: empties the field and waits for the user to return to it.
     virtual void forget() = 0;
 };
 

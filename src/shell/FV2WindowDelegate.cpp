@@ -63,7 +63,7 @@ bool FV2WindowDelegate::showChecked(fv2Window kind, bool userInitiated) {
     connect(&controller->window(), &FV2Window::shownOrHidden, this, &FV2WindowDelegate::windowsChanged,
             Qt::UniqueConnection);
     controller->setAppearance(appConfigModel.isDarkMode());
-    // Chained before it is shown: X11's window managers are told only then who belongs to whom.
+    // Before it is shown: X11's window managers learn only then who belongs to whom.
     if (wndList.isModalAt(wndList.addWindow(kind, controller)))
         chainToParent(*controller);
     controller->showWindow(userInitiated);
@@ -145,7 +145,7 @@ void FV2WindowDelegate::willClose(FV2WindowController& controller) {
     Q_EMIT windowsChanged();
 }
 
-//! What a closed window's alerts said of another one still holds.
+//! A closed window's alerts about another window still hold.
 void FV2WindowDelegate::moveToFront(std::vector<FV2Alert> alerts, bool withKeyboard) {
     FV2Window* const front = wndList.windowAt(wndList.count());
     std::erase_if(alerts, [this](const FV2Alert& alert) { return !isOpen(alert.about); });

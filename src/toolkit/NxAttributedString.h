@@ -24,7 +24,7 @@ public:
 
         friend bool operator==(const Link&, const Link&) = default;
     };
-    //! What isn't set is left to who shows the text.
+    //! What isn't set is up to the view.
     struct Attributes {
         std::optional<QFont> font;
         bool bold = false;
@@ -50,7 +50,7 @@ public:
 
     //! Of a place in the text.
     [[nodiscard]] const Attributes& attributesAt(int index) const;
-    //! From `start` up to but without `end`; what lies outside of the text is left out.
+    //! From `start` up to `end`, exclusive; clipped to the text.
     template <class Change>
     void change(int start, int end, Change change) {
         for (Run& each : runsWithin(start, end))
@@ -90,11 +90,11 @@ private:
         }
     };
 
-    //! The ones that are made of the range, cut off from their neighbours.
+    //! The runs of exactly this range, split from their neighbours.
     [[nodiscard]] std::span<Run> runsWithin(int start, int end);
 
     QString m_text;
-    //! From right to left, as tags come: what they cut then has but few behind it that must move.
+    //! From right to left, as tags come, so that a cut moves few elements.
     std::vector<Run> m_runs;
 };
 

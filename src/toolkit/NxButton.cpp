@@ -20,7 +20,7 @@ void NxButton::setText(const QString& text) {
 
 void NxButton::showText(const QString& text) {
     QPushButton::setText(QString(text).replace(u'&', QStringLiteral("&&")));
-    // What the base class would tell a screen reader has lost every "&".
+    // The base class's text for screen readers lacks every "&".
     setAccessibleName(text);
 }
 

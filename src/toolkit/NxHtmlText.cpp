@@ -12,7 +12,7 @@ namespace fv2 {
 
 namespace {
 
-//! Knows no world outside.
+//! Loads no external resources.
 class ClosedDocument final : public QTextDocument {
 protected:
     QVariant loadResource(int /*type*/, const QUrl& /*name*/) override { return {}; }

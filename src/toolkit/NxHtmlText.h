@@ -6,9 +6,9 @@
 
 namespace fv2 {
 
-//! The words of an HTML text and the fonts and colours of its letters, in the font and colour given where it says
-//! nothing else; black when the colour is invalid. Links, pictures and style sheets from elsewhere are left out:
-//! nothing is ever loaded. Only for the application's own texts. Main thread only.
+//! The words of an HTML text with their fonts and colours; the given font and colour where it says nothing else; black
+//! when the colour is invalid. Links, pictures and style sheets from elsewhere are left out: nothing is ever loaded.
+//! Only for the application's own texts. Main thread only.
 [[nodiscard]] NxAttributedString attributedStringFromHtml(const QString& html, const QFont& font, const QColor& colour);
 
 } // namespace fv2

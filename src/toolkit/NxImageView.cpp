@@ -96,7 +96,7 @@ void NxImageView::paintEvent(QPaintEvent*) {
     QSvgRenderer* picture = pictureNamed(m_imageName);
     if (picture == nullptr)
         return;
-    // Laid out in the screen's own pixels, so that edges meant to be straight fall between two of them.
+    // Laid out in the screen's own pixels, so that straight edges fall between two of them.
     const double ratio = devicePixelRatioF();
     const QRect place = placeIn((QSizeF(size()) * ratio).toSize(), picture->defaultSize());
     if (place.isEmpty())

@@ -29,7 +29,7 @@ public:
     void setTintColor(std::optional<QColor> colour);
     [[nodiscard]] std::optional<QColor> tintColor() const { return m_tintColor; }
 
-    //! Fills a room that is wider than the picture by widening the picture's middle alone; its ends keep their shape.
+    //! Fills a wider area by stretching the picture's middle alone; its ends keep their shape.
     void setStretchesMiddle(bool stretches);
     [[nodiscard]] bool stretchesMiddle() const { return m_stretchesMiddle; }
 

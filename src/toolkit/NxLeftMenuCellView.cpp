@@ -19,7 +19,7 @@ constexpr int kLeftMargin = 16;
 constexpr int kRightMargin = 12;
 constexpr int kGap = 10;
 constexpr int kIconSize = 20;
-// Even, like the bubble's width: in the middle of a row it then stands on whole pixels at 150 % too.
+// Even, like the bubble's width, so that a centred one is on whole pixels at 150 % too.
 constexpr int kBubbleHeight = 20;
 constexpr int kNarrowestBubble = 26;
 constexpr double kNumberScale = 0.9;
@@ -117,7 +117,7 @@ void NxLeftMenuCellView::fitText(const QRect& room) {
         const QSize size = m_textField->sizeOfText(room.width(), scaled(setting.scale), &lines);
         return lines <= setting.lines && size.height() <= room.height();
     };
-    // Smaller letters are better than a broken word, a broken word is better than half a text.
+    // Prefer smaller letters to a broken word, and a broken word to a cut text.
     const auto fitsInWholeWordsAt = [&](const Setting& setting) {
         return widestWord(m_textField->text(), scaled(setting.scale)) <= room.width() && fitsAt(setting);
     };

@@ -21,13 +21,13 @@ namespace fv2 {
 
 namespace {
 
-//! Stands for one character in all that Qt knows. No keyboard types it, so whatever else is found there is foreign.
+//! What Qt sees for one character. No keyboard types it, so anything else in the field is foreign.
 constexpr QChar kDot(0x25cf);
 constexpr QChar kUnseen(0x25a1);
-//! What QLineEdit leaves beside its text.
+//! QLineEdit's margin beside its text.
 constexpr int kInnerMargin = 2;
 
-//! A text in Qt's hands that is overwritten when it goes, where nobody else has a share in it.
+//! A QString that is overwritten when it is destroyed, unless it is shared.
 class PassingText {
 public:
     explicit PassingText(QString text)
@@ -75,7 +75,7 @@ std::optional<SecretText> encoded(QStringView text) {
     return fits ? std::optional(std::move(utf8)) : std::nullopt;
 }
 
-//! Whether a key stands for its text and not for something to do.
+//! Whether a key types text and is no command.
 bool isTyped(const QKeyEvent& event) {
     const Qt::KeyboardModifiers with = event.modifiers();
     const QString text = event.text();
@@ -125,8 +125,8 @@ void NxSecureTextField::onTextChanged() {
         clear();
 }
 
-//! Lets the base class do something to the dots that can only delete, and does the same to the secret: wherever it
-//! deletes, the caret is left there.
+//! Runs an edit of the dots that can only delete, then deletes the same from the secret: the caret is left where the
+//! deletion was.
 void NxSecureTextField::edit(const std::function<void()>& step) {
     const auto before = text().size();
     m_editing = true;
@@ -251,7 +251,7 @@ QRect NxSecureTextField::textPlace() const {
         .adjusted(kInnerMargin, 0, -kInnerMargin, 0);
 }
 
-//! Lays the real text out for as long as it is used.
+//! Lays out the real text while it is used.
 void NxSecureTextField::withRevealedLine(const std::function<void(const QTextLayout&, const QTextLine&)>& use) const {
     const std::string_view utf8 = m_secret.text();
     PassingText shown(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
@@ -268,7 +268,7 @@ void NxSecureTextField::withRevealedLine(const std::function<void(const QTextLay
     use(layout, line);
 }
 
-//! The place between dots as one in the text that Qt lays out.
+//! A position among the dots, in the text laid out.
 int NxSecureTextField::revealedPosition(int place) const {
     const std::string_view before = m_secret.text().substr(0, byteOf(place, m_secret.text()));
     const auto pairs = std::count_if(before.begin(), before.end(),

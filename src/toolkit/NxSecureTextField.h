@@ -40,7 +40,7 @@ public:
 Q_SIGNALS:
     void secretChanged();
     void revealedChanged(bool revealed);
-    //! Some input was no text of a password or would not fit, and was left out as a whole.
+    //! Some input was no valid password text or did not fit; it was refused as a whole.
     void inputRefused();
 
 protected:

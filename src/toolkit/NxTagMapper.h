@@ -19,10 +19,9 @@ struct NxTextAndButtons {
 };
 
 //! Gives the ranges of the tags what these stand for; main thread only, like all in this header. A tag counts in
-//! characters and the text in 16-bit units: each character beyond the first 65,536 before a tag shifts its range to
-//! the left by one place. An empty range gets nothing.
-//! The cost grows with the tags times the ranges that they cut the text into: 2,000 tags nested in one another take
-//! 0.1 s. So this is for the application's own texts; the scanner alone may read any.
+//! characters and the text in 16-bit units: each character beyond the first 65,536 before a tag shifts its range to the
+//! left by one place. An empty range gets nothing. The cost grows with the number of tags times that of ranges: 2,000
+//! tags nested in one another take 0.1 s. So this is for the application's own texts; the scanner alone may read any.
 QStringList mapTags(const std::vector<FV2Tag>& tags, NxAttributedString& text, const QColor& linkColor);
 
 //! Replaces text and attributes by those of the mark-up; no font or an invalid colour stands for none.

@@ -9,9 +9,11 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextLayout>
 #include <QToolTip>
 
 #include <cmath>
+#include <map>
 
 namespace fv2 {
 
@@ -21,6 +23,17 @@ namespace {
 constexpr double kLineHeight = 1.2;
 
 } // namespace
+
+//! Forming letters costs far more than breaking lines, and layouts ask for the same few widths again and again.
+struct NxTextAndLinksView::Laid {
+    Laid(const QString& text, const QFont& font, const QPaintDevice* device)
+        : layout(text, font, device) {}
+
+    QTextLayout layout;
+    double overhang = 0;
+    int width = -1; //!< of the view
+    std::map<int, QSize> sizes;
+};
 
 NxTextAndLinksView::NxTextAndLinksView(QWidget* parent)
     : QWidget(parent) {
@@ -310,7 +323,7 @@ void NxTextAndLinksView::focusInEvent(QFocusEvent* event) {
     else if (backward && !m_links.empty())
         m_focusedLink = m_links.size() - 1;
     update();
-    // Qt tells screen readers of the view once this is over; the last word is the link's.
+    // Qt reports the view to screen readers after this; the link is reported last.
     m_focusTelling.start();
     if ((forward || backward) && focusedLink())
         Q_EMIT linkFocused(rectOfLink(m_focusedLink));

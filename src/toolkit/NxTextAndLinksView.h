@@ -4,14 +4,14 @@
 
 #include "toolkit/NxTagMapper.h"
 
-#include <QTextLayout>
 #include <QTimer>
 #include <QWidget>
 
-#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
+
+class QTextLayout;
 
 namespace fv2 {
 
@@ -110,17 +110,8 @@ private:
     std::size_t m_focusedLink = 0;
     QTimer m_focusTelling; //!< puts it off to the event loop's next turn
 
-    // Forming letters costs far more than breaking lines, and layouts ask for the same few widths again and again.
-    struct Laid {
-        Laid(const QString& text, const QFont& font, const QPaintDevice* device)
-            : layout(text, font, device) {}
-
-        QTextLayout layout;
-        double overhang = 0;
-        int width = -1; //!< of the view
-        std::map<int, QSize> sizes;
-    };
-    mutable std::unique_ptr<Laid> m_laid;
+    struct Laid;
+    mutable std::unique_ptr<Laid> m_laid; //!< none until it is asked for, and after a change
 };
 
 } // namespace fv2

@@ -64,7 +64,7 @@ void NxTextField::showText(const QString& text) {
 }
 
 void NxTextField::setTextColor(const QColor& colour) {
-    QPalette changed; // names the one colour, so that all others go on following the desktop's
+    QPalette changed; // sets only this colour; all others still follow the desktop
     changed.setColor(foregroundRole(), colour);
     setPalette(changed);
 }
@@ -152,7 +152,7 @@ QSize NxTextField::minimumSizeHint() const {
     const int fewLetters = fontMetrics().averageCharWidth() * kFewestLetters;
     const QSize whole = ownSize(static_cast<int>(kUnlimited));
     const int height = withMargins({0, fontMetrics().height()}).height();
-    // Layouts ask for the height of a width too late to keep a window from being too low for it.
+    // Layouts ask for heightForWidth() too late to keep the window high enough.
     return {withMargins({std::min(whole.width(), fewLetters), 0}).width(),
             m_givenWidth > 0 ? std::max(height, heightForWidth(m_givenWidth)) : height};
 }

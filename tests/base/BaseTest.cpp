@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What the rooms above do not prove by using it all the time: descriptors, the queue and the workers are theirs.
+// What the rooms above don't test by using it: they cover descriptors, queue and workers.
 #include "base/CountingSemaphore.h"
 #include "base/SecretText.h"
 #include "base/StopSignal.h"
@@ -50,7 +50,7 @@ TEST(Waits, GoOnAfterInterruptionsAndTellWhyTheyEnded) {
         EXPECT_EQ(stop.waitFor(peer.descriptor(), POLLIN, Deadline(5s)), fv2Wait::Stopped) << "goes first and stays";
 }
 
-//! As a user who has reached the limit of processes: root has none.
+//! As a user at the limit of processes: root has no limit.
 int runAJobAtTheLimit() {
     if (::getuid() == 0 && ::setuid(65534) != 0)
         return 1;

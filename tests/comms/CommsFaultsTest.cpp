@@ -158,7 +158,7 @@ TEST_F(CommsFaults, CostTheListenerAMessageAtMost) {
         {"poll", {EINTR}, "one two", 1, 50},
         {"poll", {ENOMEM}, "failed "},
         {"accept4", {EINTR, EAGAIN, ECONNABORTED}, "one two"},
-        {"accept4", {EMFILE}, "one two", 1, 3, 300ms}, // waits without turning
+        {"accept4", {EMFILE}, "one two", 1, 3, 300ms}, // does not busy-wait
         {"accept4", {EINTR, EAGAIN, ECONNABORTED, EMFILE}, "one two", 2},
         {"accept4", {EINVAL}, "failedone ", 2},
         {"accept4", {ENFILE, ENOBUFS, ENOMEM}, "one two", 1, 1, 100ms},
@@ -222,8 +222,7 @@ TEST_F(CommsFaults, CostNobodyBesideAPeerThatSendsADescriptorWhichLingers) {
     }
 }
 
-//! One who has said nothing yet is thrown out for one who is there, not for a full table alone, and gets its turn
-//! however many come after it.
+//! A silent peer is dropped only for one that waits, not for a full table alone, and is served however many follow.
 TEST_F(CommsFaults, CostAWaitingPeerItsPlaceOnlyForAnotherOne) {
     TestEndpoint endpoint(path);
     startListening(endpoint);

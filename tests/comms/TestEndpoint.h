@@ -6,7 +6,7 @@
 
 namespace fv2::test {
 
-//! An endpoint at a path of the test's own, with little timeouts.
+//! An endpoint at a path of the test's own, with short timeouts.
 class TestEndpoint final : public FV2SocketCommsBase {
 public:
     explicit TestEndpoint(const std::string& path, CommsTimeouts timeouts = {5, std::chrono::milliseconds(300)},

@@ -26,7 +26,7 @@ std::string ident;
 std::pair<int, std::array<char, 100>> sent;
 } // namespace
 
-// In place of the C library's own: nothing of these tests reaches the machine's log.
+// Replaces the C library's: these tests write nothing to the machine's log.
 extern "C" {
 
 void openlog(const char* name, int, int) {

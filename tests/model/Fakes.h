@@ -42,7 +42,7 @@ struct HandDispatch final : FV2Dispatch {
     std::vector<std::function<void()>> workers;
 };
 
-//! A clock that is told the time.
+//! A clock set by the test.
 struct ToldTimers final : FV2TimerService {
     using Job = std::function<void()>;
 

@@ -16,7 +16,7 @@ std::string warnings;
 
 } // namespace
 
-// In place of the C library's own: nothing of these tests reaches the machine's log.
+// Replaces the C library's: these tests write nothing to the machine's log.
 extern "C" {
 
 #if __USE_FORTIFY_LEVEL > 0

@@ -157,7 +157,7 @@ TEST_F(Service, MergesWhatChangesDuringAPush) {
 TEST_F(Service, BelievesTheKernelAboutWhoAsksAndWhoListens) {
     std::filesystem::permissions(folder.path(), std::filesystem::perms(0711));
     std::filesystem::rename(agentPath, folder / "ormfv2_ui_4242.sock");
-    // Root can be another for a moment, anybody else is another anyhow.
+    // Root becomes another user briefly; others are one already.
     ASSERT_EQ(::seteuid(::getuid() == 0 ? 4243 : ::getuid()), 0);
     const UniqueFd stranger = connectTo(path);
     ::listen(agent.get(), 0);

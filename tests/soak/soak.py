@@ -10,9 +10,9 @@ Fails when a sanitizer finds something, when the agent ends by itself or not cle
 memory are not what they were after a fifth of the time (two minutes at the most), or when its main thread kept a caller
 waiting. FV2_SEED repeats a run as far as the machine does.
 
-Memory is judged without a sanitizer only: both checkers keep freed memory back and shadow what is used, so what the
-process has says little there; leaks the address checker finds itself at the end. A checker also slows the agent down:
-twice, its makers say, with addresses, five to fifteen times with threads."""
+Memory is judged without a sanitizer only: both sanitizers hold freed memory back and shadow what is used, so the
+process's size says little; AddressSanitizer finds leaks itself at the end. A sanitizer also slows the agent down:
+twice, its makers say, with AddressSanitizer, five to fifteen times with ThreadSanitizer."""
 
 import contextlib
 import os
@@ -44,7 +44,7 @@ PROJECT = Path(__file__).resolve().parents[2]
 # libxkbcommon copies parts of texts that have no end, which it may.
 OPTIONS = {"ASAN": "strict_string_checks=0", "LSAN": f"suppressions={PROJECT}/tests/support/lsan.supp",
            "TSAN": f"suppressions={PROJECT}/tests/support/tsan.supp"}
-#: Seconds for which the main thread may keep a caller waiting; under a checker only a hang is a fault.
+#: Seconds for which the main thread may keep a caller waiting; under a sanitizer only a hang is a fault.
 STALL = {"release": 0.1, "asan": 1.0, "tsan": 1.0}
 MIB = 2.0
 FINDINGS = ("Sanitizer", "runtime error:")
@@ -269,8 +269,8 @@ class Soak:
 def main():
     seed = int(os.environ.get("FV2_SEED", random.randrange(1 << 32)))
     print(f"FV2_SEED={seed}", flush=True)
-    for checker, option in OPTIONS.items():
-        os.environ[f"{checker}_OPTIONS"] = os.environ.get(f"{checker}_OPTIONS", "") + f":{option}"
+    for sanitizer, option in OPTIONS.items():
+        os.environ[f"{sanitizer}_OPTIONS"] = os.environ.get(f"{sanitizer}_OPTIONS", "") + f":{option}"
     soak = Soak(sys.argv[2], seed)
     try:
         soak.run(float(sys.argv[1]) * 60)

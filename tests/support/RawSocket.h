@@ -58,8 +58,8 @@ inline bool sendAll(const UniqueFd& socket, std::string_view text) {
     return ::send(socket.get(), text.data(), text.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(text.size());
 }
 
-//! Sends a byte and with it a TCP connection that nobody reads, which whoever closes it last has to wait an hour for.
-//! What keeps the connection; none when the system would not send it.
+//! Sends a byte and with it a TCP connection that nobody reads, so that its last close takes an hour. Returns what
+//! keeps the connection; none if the system refused to send it.
 inline UniqueFd sendLingering(const UniqueFd& socket) {
     const UniqueFd server(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     ::listen(server.get(), 1); // at some port of 127.0.0.1 or any other address of ours

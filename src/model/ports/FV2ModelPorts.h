@@ -17,7 +17,7 @@
 
 namespace fv2 {
 
-//! What the model is given at its birth. All references outlive the model and the workers.
+//! What the model is constructed with. All references outlive the model and the workers.
 struct FV2ModelPorts {
     FV2Dispatch& dispatch;
     FV2TimerService& timers;
@@ -26,12 +26,11 @@ struct FV2ModelPorts {
     MediumDateFormat mediumDate;
     std::string computerName;
     std::function<std::unique_ptr<FV2SocketCommsBase>()> makeAppSocket;
-    //! How often a socket path that somebody else holds is tried again.
+    //! How often to retry a socket path that is taken.
     std::chrono::milliseconds bindAgainAfter = std::chrono::seconds(30);
     //! Whether the desktop asks for silence; answers at once from what is known.
     std::function<bool()> doNotDisturb = [] { return false; };
-    //! Calls the job, at once or later, when it is known what the desktop asks for: the first status may call for a
-    //! window.
+    //! Calls the job, at once or later, when Do Not Disturb is known: the first status may call for a window.
     std::function<void(std::function<void()>)> whenQuietIsKnown = [](const std::function<void()>& job) { job(); };
     //! None in an agent without a password window.
     const FV2UserAndPasswordModel* passwords = nullptr;

@@ -39,7 +39,7 @@ public:
     void chooseRow(eMainWindowContentSubViewType page);
     void takeFocus();
 
-    //! How many messages the bubble tells of: one alone is nothing to look at while all is well.
+    //! The bubble's number: a single message does not count while all is well.
     [[nodiscard]] static long statusMessageCount(const FV2AppState& state);
 
 Q_SIGNALS:

@@ -19,7 +19,7 @@ namespace fv2 {
 class EnterPasswordGuard final : public QObject {
     Q_OBJECT
 public:
-    //! Without a key before a Tab that counts. Somebody who types is faster.
+    //! The pause before a Tab that counts: who types is faster.
     static constexpr std::chrono::milliseconds kPause{500};
 
     explicit EnterPasswordGuard(QWidget& view);

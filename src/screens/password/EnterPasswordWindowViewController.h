@@ -18,9 +18,9 @@
 
 namespace fv2 {
 
-//! What is in the password dialog. A password goes to the service only when this computer takes it for the user's. No
-//! key counts before the user has asked for the window or moved into it. Main thread only; what comes back after the
-//! last owner has let go is dropped.
+//! What is in the password dialog. A password goes to the service only when this computer takes it for the user's.
+//! Ignores keys until the user has asked for the window or moved into it. Main thread only; results after its
+//! destruction are dropped.
 class EnterPasswordWindowViewController final : public FV2ViewController,
                                                 public std::enable_shared_from_this<EnterPasswordWindowViewController> {
     Q_OBJECT

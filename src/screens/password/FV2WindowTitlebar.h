@@ -19,7 +19,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 };
 
-//! Keeps the strip's colour true.
+//! Updates the strip's colour.
 class FV2WindowTitlebarViewController final : public FV2ViewController {
     Q_OBJECT
 public:

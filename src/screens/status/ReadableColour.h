@@ -9,11 +9,11 @@ namespace fv2 {
 
 // Text and marks in colours that depend on what is behind them, which is FV2AppConfigModel's.
 
-//! How well text can be told from what is behind it, as WCAG 2 asks for.
+//! The least contrast of text, as WCAG 2 asks for.
 inline constexpr double kContrastOfLargeText = 3;
 inline constexpr double kContrastOfText = 4.5;
 
-//! White where its contrast to the background is at least so much, otherwise a near black.
+//! White if its contrast to the background is at least this, otherwise near black.
 [[nodiscard]] QColor readableOn(const QColor& background, double leastContrast = kContrastOfLargeText);
 
 //! Of the mark around what has the keyboard: the palette's highlight where it can be told from the background,

@@ -36,7 +36,7 @@ StatusMessageItemSubviewController::StatusMessageItemSubviewController(FV2AppSta
 void StatusMessageItemSubviewController::viewDidLoad(const FV2StatusMesssageListItem& message) {
     const QString title = QString::fromStdString(message.Title);
     itemView()->statusType = message.statusType;
-    // The colour alone tells nothing to those who don't see it.
+    // For those who can't see the colour.
     itemView()->setAccessibleName(
         spokenWithStatus(title, translated(QString::fromUtf8(lookOf(message.statusType).spoken))));
     statusMessageTitle->setText(title);

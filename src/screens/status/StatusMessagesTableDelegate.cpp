@@ -24,7 +24,7 @@ void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& table
     if (!firstTime && messages == m_shown)
         return;
     const auto focused = focus(tableView);
-    if (focused) // goes nowhere else meanwhile: screen readers would read out where
+    if (focused) // no other focus meanwhile: screen readers would read it out
         tableView.window()->focusWidget()->clearFocus();
     removeAllStatusMessagedTableViewItems(tableView);
     for (const FV2StatusMesssageListItem& message : messages) {

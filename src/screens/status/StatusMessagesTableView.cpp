@@ -79,7 +79,7 @@ void StatusMessagesTableView::layOutRows() {
         bottom += height + kRowGap;
     }
     setFocusPolicy(bottom > viewport()->height() ? Qt::TabFocus : Qt::NoFocus);
-    // Last, as it may bring or take the scroll bar, and with it another width.
+    // Last, as it may show or hide the scroll bar, which changes the width.
     m_rows->resize(width, bottom);
 }
 

@@ -24,8 +24,7 @@ public:
     virtual void didAddRowView(const StatusMessagesTableView& table, QWidget& rowView, int row) = 0;
 };
 
-//! One column of rows, each as high as it likes, a narrow gap below each; scrolls when they take more than there is.
-//! Main thread only.
+//! One column of rows, each of its own height, with a narrow gap below; scrolls when they don't fit. Main thread only.
 class StatusMessagesTableView final : public QScrollArea {
     Q_OBJECT
 public:
@@ -34,8 +33,8 @@ public:
 
     explicit StatusMessagesTableView(QWidget* parent = nullptr);
 
-    //! Who is asked how many rows there are and what is in them, and who for their heights; both borrowed, they outlive
-    //! the table's last reload. Each is a reload.
+    //! The source gives number and content of rows, the delegate their heights; both must outlive the table's last
+    //! reload. Each call reloads.
     void setDataSource(StatusMessagesTableSource& source);
     void setDelegate(StatusMessagesTableSource& delegate);
 

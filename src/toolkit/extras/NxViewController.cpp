@@ -7,7 +7,7 @@ namespace fv2 {
 NxViewController::~NxViewController() {
     if (m_view.isNull())
         return;
-    // It may be an event of the view that lets go of us: the view is taken away now and deleted when that is over.
+    // This may run in an event of the view: it is removed now and deleted after the event.
     m_view->hide();
     m_view->setParent(nullptr);
     m_view->deleteLater();
