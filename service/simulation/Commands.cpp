@@ -27,9 +27,9 @@ const std::vector<Commands::Verb>& Commands::verbs() {
     return all;
 }
 
-Commands::Commands(Simulation& simulation, Ports surroundings)
+Commands::Commands(Simulation& simulation, Ports ports)
     : m_simulation(simulation)
-    , m_around(std::move(surroundings)) {
+    , m_ports(std::move(ports)) {
 }
 
 void Commands::run(std::string_view line) {
@@ -42,34 +42,34 @@ void Commands::run(std::string_view line) {
     }
     // The line itself is not shown: somebody may have typed a password into the wrong window.
     if (const std::string problem = m_simulation.set(line); !problem.empty())
-        m_around.report("line not understood: " + problem + " (see help)");
+        m_ports.report("line not understood: " + problem + " (see help)");
 }
 
 void Commands::next(std::string_view /*rest*/) {
     if (!m_simulation.next())
-        m_around.report("no scenario plays");
+        m_ports.report("no scenario plays");
 }
 
 void Commands::notify(std::string_view /*rest*/) {
-    m_around.notify();
+    m_ports.notify();
 }
 
 void Commands::scenario(std::string_view rest) {
-    auto loaded = loadScenario(std::string(rest), m_around.scenarioFolders);
+    auto loaded = loadScenario(std::string(rest), m_ports.scenarioFolders);
     if (const auto* problem = std::get_if<std::string>(&loaded))
-        m_around.report("scenario refused: " + *problem);
+        m_ports.report("scenario refused: " + *problem);
     else
         m_simulation.play(std::get<Scenario>(std::move(loaded)));
 }
 
 void Commands::show(std::string_view /*rest*/) {
     for (const std::string& line : describe(m_simulation.values()))
-        m_around.report("  " + line);
+        m_ports.report("  " + line);
 }
 
 void Commands::help(std::string_view /*rest*/) {
     const auto tell = [this](std::string_view form, std::string_view meaning) {
-        m_around.report("  " + std::string(form) + ": " + std::string(meaning));
+        m_ports.report("  " + std::string(form) + ": " + std::string(meaning));
     };
     for (const auto& [form, meaning] : settingsHelp())
         tell(form, meaning);
@@ -78,7 +78,7 @@ void Commands::help(std::string_view /*rest*/) {
 }
 
 void Commands::quit(std::string_view /*rest*/) {
-    m_around.quit();
+    m_ports.quit();
 }
 
 } // namespace fv2::service

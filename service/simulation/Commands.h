@@ -22,7 +22,7 @@ public:
         std::function<void()> quit;
     };
 
-    Commands(Simulation& simulation, Ports surroundings);
+    Commands(Simulation& simulation, Ports ports);
 
     //! Carries out one line; an empty one is nothing. What went wrong is reported in one line, and then nothing
     //! changed.
@@ -40,7 +40,7 @@ private:
     static const std::vector<Verb>& verbs();
 
     Simulation& m_simulation;
-    Ports m_around;
+    Ports m_ports;
 };
 
 } // namespace fv2::service

@@ -20,8 +20,8 @@ bool blocksSync(std::int64_t state) {
 
 } // namespace
 
-Simulation::Simulation(Ports surroundings)
-    : m_around(std::move(surroundings)) {
+Simulation::Simulation(Ports ports)
+    : m_ports(std::move(ports)) {
 }
 
 EngineOutcome Simulation::startSync() {
@@ -31,7 +31,7 @@ EngineOutcome Simulation::startSync() {
         return {false, m_values.onSync.errorCode};
     if (!m_values.status.syncActive) {
         m_values.status.syncActive = true;
-        m_syncEnds = m_around.now() + m_values.onSync.duration;
+        m_syncEnds = m_ports.now() + m_values.onSync.duration;
     }
     endStepThatWaitsFor(StepEnd::Sync);
     m_syncUntold = true;
@@ -46,7 +46,7 @@ EngineOutcome Simulation::takeCredentials(uid_t /*uid*/, std::string_view /*user
 
 void Simulation::endStepThatWaitsFor(StepEnd event) {
     if (m_scenario && step().end == event)
-        m_stepEnds = m_around.now();
+        m_stepEnds = m_ports.now();
 }
 
 void Simulation::play(Scenario scenario) {
@@ -54,24 +54,24 @@ void Simulation::play(Scenario scenario) {
     m_syncEnds.reset();
     m_scenario = std::move(scenario);
     applyAll(m_scenario->set);
-    enterStep(0, m_around.now());
+    enterStep(0, m_ports.now());
 }
 
 bool Simulation::next() {
     if (!m_scenario)
         return false;
-    leaveStep(m_around.now());
+    leaveStep(m_ports.now());
     return true;
 }
 
 std::string Simulation::set(std::string_view line) {
-    std::string problem = applySetting(m_values, line, m_around.epochSeconds());
+    std::string problem = applySetting(m_values, line, m_ports.epochSeconds());
     tellChanges();
     return problem;
 }
 
 void Simulation::advance() {
-    const TimePoint now = m_around.now();
+    const TimePoint now = m_ports.now();
     if (m_syncEnds && *m_syncEnds <= now)
         finishSync();
     tellChanges();
@@ -90,22 +90,22 @@ void Simulation::finishSync() {
 
 void Simulation::applyAll(const std::vector<std::string>& lines) {
     for (const std::string& line : lines)
-        std::ignore = applySetting(m_values, line, m_around.epochSeconds());
+        std::ignore = applySetting(m_values, line, m_ports.epochSeconds());
 }
 
 void Simulation::enterStep(std::size_t index, TimePoint start) {
     m_step = index;
     m_stepStart = start;
     m_stepEnds = step().end == StepEnd::Time ? std::optional(start + step().length) : std::nullopt;
-    m_around.report("scenario " + m_scenario->name + ": step " + std::to_string(index + 1) + " of " +
-                    std::to_string(m_scenario->steps.size()));
+    m_ports.report("scenario " + m_scenario->name + ": step " + std::to_string(index + 1) + " of " +
+                   std::to_string(m_scenario->steps.size()));
     applyAll(step().set);
     if (step().ramp)
         m_values.status.progress = step().ramp->first;
     const bool willTell = m_values.status != m_told.status;
     tellChanges();
     if (step().notify && !willTell)
-        m_around.changed();
+        m_ports.changed();
 }
 
 void Simulation::leaveStep(TimePoint end) {
@@ -117,11 +117,11 @@ void Simulation::leaveStep(TimePoint end) {
         return;
     }
     m_stepEnds.reset();
-    m_around.report("scenario " + m_scenario->name + ": done");
+    m_ports.report("scenario " + m_scenario->name + ": done");
     const bool quits = m_scenario->quitAtEnd;
     m_scenario.reset();
     if (quits)
-        m_around.quit();
+        m_ports.quit();
 }
 
 void Simulation::moveRamp(TimePoint now) {
@@ -146,17 +146,17 @@ void Simulation::tellChanges() {
     const auto after = describe(m_values);
     for (std::size_t line = 0; line < after.size(); ++line) {
         if (before[line] != after[line])
-            m_around.report(after[line]);
+            m_ports.report(after[line]);
     }
     const bool visible = m_values.status != m_told.status;
     m_told = m_values;
     if (visible)
-        m_around.changed();
+        m_ports.changed();
 }
 
 std::optional<Simulation::TimePoint> Simulation::nextTime() const {
     if (m_syncUntold)
-        return m_around.now();
+        return m_ports.now();
     std::optional<TimePoint> earliest = m_stepEnds;
     const auto consider = [&earliest](TimePoint time) { earliest = earliest ? std::min(*earliest, time) : time; };
     if (m_syncEnds)

@@ -26,7 +26,7 @@ public:
         std::function<void()> quit;    //!< a scenario that ends the service is over
     };
 
-    explicit Simulation(Ports surroundings);
+    explicit Simulation(Ports ports);
 
     EngineStatus status() const override { return m_values.status; }
     EngineOutcome startSync() override;
@@ -60,7 +60,7 @@ private:
     [[nodiscard]] const ScenarioStep& step() const { return m_scenario->steps[m_step]; }
     [[nodiscard]] TimePoint rampTime() const;
 
-    Ports m_around;
+    Ports m_ports;
     Values m_values;
     Values m_told;
     bool m_syncUntold = false; //!< a request has started one

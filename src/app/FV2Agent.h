@@ -53,7 +53,7 @@ private:
     FV2DesktopActivation m_activation;
     bool m_hasWindows = false; //!< or had some
     const std::unique_ptr<FV2AppStateModel> m_appModel;
-    FV2AppConfigModel m_appConfigModel; //!< its texts need the strings that the model is made with
+    FV2AppConfigModel m_appConfigModel; //!< after the model, whose making names the strings
     FV2ScreenFactory m_screens;
     FV2WindowDelegate m_wndDelegate;
     AppDelegate m_delegate;

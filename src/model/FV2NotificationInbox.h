@@ -17,7 +17,8 @@ namespace fv2 {
 class FV2NotificationInbox {
 public:
     struct Events {
-        //! Listener's thread: starts a refresh on a worker at once; false, and nothing has happened, where one waits.
+        //! Listener's thread: starts a refresh on a worker at once; false, and nothing has happened, where it would
+        //! have to wait.
         std::function<bool()> tryToStartRefresh;
         //! Main thread.
         std::function<void()> requestRefresh;

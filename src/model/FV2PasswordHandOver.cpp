@@ -23,7 +23,8 @@ struct FV2PasswordHandOver::Attempt {
 };
 
 void FV2PasswordHandOver::submit(std::string userName, SecretText password, FV2PasswordAsker asker) {
-    verifyPassword(std::make_shared<Attempt>(std::move(userName), std::move(password), std::move(asker)));
+    verifyPassword(std::make_shared<Attempt>(
+        Attempt{.userName = std::move(userName), .password = std::move(password), .asker = std::move(asker)}));
 }
 
 void FV2PasswordHandOver::verifyPassword(const std::shared_ptr<Attempt>& attempt) {

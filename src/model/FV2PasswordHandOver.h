@@ -14,7 +14,8 @@
 
 namespace fv2 {
 
-//! Who has typed a password and wants to hear what becomes of it. Main thread; nothing is called once `asker` has died.
+//! Who has typed a password and wants to hear what becomes of it. Called on the main thread, and not
+//! once `asker` has died; may be destroyed on any thread.
 struct FV2PasswordAsker {
     std::weak_ptr<const void> asker;
     //! The password is right and is now handed over, which can't be taken back.

@@ -9,7 +9,7 @@
 
 namespace fv2 {
 
-//! The service link over the service's real socket.
+//! The service client over the service's real socket.
 class FV2SocketServiceClient final : public FV2ServiceClient {
 public:
     //! `credentialsToRootOnly`: a service of the user's own gets no password.

@@ -20,7 +20,7 @@ struct ProductModel {
 };
 
 //! Colours, sizes and images of the windows and their pages, and what the About page says about this computer. Every
-//! colour that a screen sets comes from here; Qt's own controls are painted by shell/FV2Palette. Main thread only;
+//! configured colour of a screen comes from here; Qt's own controls are painted by shell/FV2Palette. Main thread only;
 //! lives as long as the windows.
 class FV2AppConfigModel {
 public:

@@ -3,6 +3,7 @@
 """What the window's two pages do for the one who uses them, and that nothing there ever waits for the service."""
 
 import re
+import signal
 import time
 import unittest
 
@@ -128,4 +129,9 @@ class MessagesTest(OpenWindow):
               f" s; for the bus itself: {heart.longest_of_bus * 1000:.0f} ms")
         self.assertGreater(waited, 45, "five attempts of ten seconds")
         self.assertLess(heart.longest, 0.1)
+        with Heartbeat(self.desktop, self.desktop.tray_item(), self.agent) as heart: # sees a wait where there is one
+            self.agent.signal(signal.SIGSTOP)
+            time.sleep(0.5)
+            self.agent.signal(signal.SIGCONT)
+            wait_until(lambda: heart.longest > 0.4, "the pause to be noticed")
         self.assertEqual(end(self.agent), 0)

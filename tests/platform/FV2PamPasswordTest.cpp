@@ -71,7 +71,7 @@ TEST_F(PamPassword, TellsInTheLogWhyItWasNotAccepted) {
     }
 }
 
-TEST_F(PamPassword, WaitsAsPamWantsUnlessThereIsAHurry) {
+TEST_F(PamPassword, WaitsAsPamWantsUnlessItIsToldNotToWait) {
     usePassword("right", "\nauth optional pam_faildelay.so delay=400000");
     const Deadline least(std::chrono::milliseconds(200));
     EXPECT_NE(refusal("wrong"), "");

@@ -216,6 +216,7 @@ TEST_F(WindowDelegateTest, ClosesPasswordDialogsThatTheStatusNoLongerCallsFor) {
         reopen({kMain, kEnc, kDec});
         refresh(statusAnswer(tested.state), fv2SyncSource::Moved, false);
         SCOPED_TRACE(tested.state);
+        EXPECT_EQ(dynamic_cast<FakeWindow&>(*registry.registeredController(kMain)).updates, 1);
         EXPECT_EQ(registry.isOpen(kEnc), tested.encStays);
         EXPECT_EQ(registry.isOpen(kDec), tested.decStays);
         EXPECT_TRUE(registry.isOpen(kMain));

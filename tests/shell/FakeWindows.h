@@ -10,8 +10,13 @@ namespace fv2::test {
 
 struct FakeWindow final : FV2MainWindowController {
     using FV2MainWindowController::FV2MainWindowController;
-    void updateFromModel() override { EXPECT_EQ(appModel.updateSemaphore().count(), 0); }
+    void updateFromModel() override {
+        ++updates;
+        EXPECT_EQ(appModel.updateSemaphore().count(), 0);
+    }
     void selectProtectionStatusPage() override {}
+
+    int updates = 0;
 };
 
 struct FakePasswordWindow final : FV2PasswordWindowController {

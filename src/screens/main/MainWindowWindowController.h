@@ -13,7 +13,6 @@ namespace fv2 {
 class MainWindowWindowController final : public FV2MainWindowController {
     Q_OBJECT
 public:
-    //! The configuration must have the window's sizes.
     MainWindowWindowController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
 
     //! Nothing once the window closes.

@@ -15,7 +15,6 @@ namespace fv2 {
 class EnterPasswordWindowWindowController final : public FV2PasswordWindowController {
     Q_OBJECT
 public:
-    //! The configuration must have the window's sizes.
     EnterPasswordWindowWindowController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel,
                                         const std::string& userName, bool encrypting);
 

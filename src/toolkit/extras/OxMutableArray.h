@@ -5,7 +5,6 @@
 #include "toolkit/extras/OxArrayObserverNotificator.h"
 
 #include <stdexcept>
-#include <utility>
 
 namespace fv2 {
 
