@@ -13,8 +13,7 @@ namespace fv2 {
 
 //! Hands each notification on to a set of observers, in the order in which they joined.
 //! Observers may join, leave, die, and cause notifications while being told. One that has left hears nothing more, one
-//! that has joined hears what happens from then on. What is caused meanwhile follows when everyone has heard what runs,
-//! so that all observers hear of all changes in the same order, which is the order in which they were made.
+//! that has joined hears what happens from then on. Changes made meanwhile are told afterwards, to all in one order.
 //! Observers are not kept alive: one that keeps the array alive in turn would never die.
 template <class T>
 class OxArrayObserverNotificator final : public OxArrayObserver<T> {
