@@ -167,12 +167,15 @@ class Soak:
                 self.desktop.screen.press("Escape")
                 windows[-1].close()
         # Qt ends the threads of its own pool when they have had nothing to do for half a minute.
-        threads = Path(f"/proc/{self.agent.pid}/task")
-        wait_until(lambda: not any("pooled" in (thread / "comm").read_text() for thread in threads.iterdir()),
-                   "Qt's threads to end", 90)
+        wait_until(lambda: not any("pooled" in name for name in self.thread_names()), "Qt's threads to end", 90)
         with contextlib.suppress(NotInTime):  # what lingers ends in time
             wait_until(lambda: resources_at_rest(self.agent) == wanted or not wanted, "the same as before", 30)
         return resources_at_rest(self.agent), resident_mib(self.agent)
+
+    def thread_names(self):
+        for thread in Path(f"/proc/{self.agent.pid}/task").iterdir():
+            with contextlib.suppress(OSError):  # it has ended since
+                yield (thread / "comm").read_text()
 
     def act(self, name, turn):
         chance = random.Random(f"{self.seed} {name}")
