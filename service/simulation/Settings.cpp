@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "simulation/Settings.h"
 
+#include "base/Trimmed.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -174,14 +176,9 @@ std::string describeSyncPlan(const SyncPlan& plan) {
 } // namespace
 
 std::pair<std::string_view, std::string_view> splitWord(std::string_view line) {
-    const auto trimmed = [](std::string_view text) {
-        const std::size_t first = text.find_first_not_of(blanks);
-        return first == std::string_view::npos ? std::string_view()
-                                               : text.substr(first, text.find_last_not_of(blanks) + 1 - first);
-    };
-    line = trimmed(line);
+    line = trimmed(line, blanks);
     const std::size_t end = std::min(line.find_first_of(blanks), line.size());
-    return {line.substr(0, end), trimmed(line.substr(end))};
+    return {line.substr(0, end), trimmed(line.substr(end), blanks)};
 }
 
 std::string applySetting(Values& values, std::string_view line, std::int64_t epochSeconds) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "logging/FV2LoggingLevel.h"
 
+#include "base/Trimmed.h"
+
 #include <algorithm>
 #include <array>
 
@@ -21,13 +23,6 @@ constexpr std::array<NamedLevel, 4> kMembers{{
     {FV2LoggingLevel::release, "release"},
 }};
 
-std::string_view trimmed(std::string_view word) {
-    const auto first = word.find_first_not_of(" \t");
-    if (first == std::string_view::npos)
-        return {};
-    return word.substr(first, word.find_last_not_of(" \t") - first + 1);
-}
-
 } // namespace
 
 std::string_view FV2LoggingLevel::text() const {
@@ -40,7 +35,7 @@ ParsedLogLevels parseLogLevels(std::string_view list) {
     ParsedLogLevels parsed;
     while (!list.empty()) {
         const auto comma = list.find(',');
-        const std::string_view word = trimmed(list.substr(0, comma));
+        const std::string_view word = trimmed(list.substr(0, comma), " \t");
         list = comma == std::string_view::npos ? std::string_view{} : list.substr(comma + 1);
         const auto* member =
             std::find_if(kMembers.begin(), kMembers.end(), [word](const NamedLevel& m) { return m.name == word; });

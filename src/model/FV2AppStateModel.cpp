@@ -169,7 +169,7 @@ bool FV2AppStateModel::IsDNDMode() const {
 }
 
 void FV2AppStateModel::updateFromModel(bool checkAction, fv2SyncSource syncSource) {
-    if (m_appDelegate == nullptr)
+    if (m_appDelegate == nullptr || m_wndDelegate == nullptr)
         std::abort();
     m_appDelegate->stateChanged(m_state);
     logRelease("appModel->updateFromModel syncSource == ", caseName(syncSource));

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/Assignment.h"
 
-#include <algorithm>
-
 namespace fv2 {
 
 std::string unquotedValue(std::string_view value) {
@@ -16,12 +14,6 @@ std::string unquotedValue(std::string_view value) {
         out += value[i];
     }
     return out;
-}
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r";
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
 } // namespace fv2

@@ -7,12 +7,8 @@
 
 namespace fv2 {
 
-// For the lines "key=value" of settings and of the system's own files.
-
-//! The value of a shell-like assignment: one pair of quotes taken off, a backslash makes the next character plain.
+//! The value of a shell-like assignment, as the system's own files have them: one pair of quotes taken off, a backslash
+//! makes the next character plain.
 [[nodiscard]] std::string unquotedValue(std::string_view value);
-
-//! The text without the blanks, tabs and carriage returns at its ends.
-[[nodiscard]] std::string_view trimmed(std::string_view text);
 
 } // namespace fv2

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2Settings.h"
 
+#include "base/Trimmed.h"
 #include "base/Utf8.h"
 #include "logging/SystemReport.h"
-#include "platform/Assignment.h"
 #include "platform/SmallFile.h"
 #include "resources/FV2HelpAddress.h"
 

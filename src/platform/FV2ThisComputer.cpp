@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2ThisComputer.h"
 
+#include "base/Trimmed.h"
 #include "base/Utf8.h"
 #include "platform/Assignment.h"
 #include "platform/SmallFile.h"

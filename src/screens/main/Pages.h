@@ -21,7 +21,7 @@ class FV2ViewController;
 struct MainWindowPage {
     eMainWindowContentSubViewType kind = eMainWindowContentSubViewType::None;
     const char* title = nullptr;
-    const char* icon = nullptr;
+    const char* icon = nullptr;                //!< of the row; the first row's follows the traffic light
     const char* help = nullptr;                //!< what screen readers tell of the row beside its title
     std::optional<Qt::Key> key = std::nullopt; //!< chooses the row, with Ctrl
     const char* logName = nullptr;
