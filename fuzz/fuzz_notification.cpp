@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "Require.h"
-#include "comms/FV2Records.h"
+#include "comms/FV2NotificationCommand.h"
 #include "comms/IncomingConnections.h"
 
 #include <nlohmann/json.hpp>

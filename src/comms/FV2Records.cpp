@@ -137,11 +137,4 @@ std::string FV2CommsToken::tokenOf(std::string_view text) {
     return reportsNoError ? answer->token.value_or(std::string()) : std::string();
 }
 
-fv2JsonCommand commandKind(std::string_view text) {
-    const std::optional<FV2AISCommand> command = FV2AISCommand::decode(text);
-    if (!command)
-        return fv2JsonCommand::None;
-    return command->command == "show_ui" ? fv2JsonCommand::Show : fv2JsonCommand::GetStatus;
-}
-
 } // namespace fv2

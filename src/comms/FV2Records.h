@@ -72,10 +72,4 @@ struct FV2CommsToken {
     [[nodiscard]] static std::string tokenOf(std::string_view text);
 };
 
-enum class fv2JsonCommand { None, Show, GetStatus, GetToken, SetPassword, GetLoadedModuleInfo_QUIL, ProxySync_ORM };
-
-//! What a message on the agent's own socket asks for: None when it can't be decoded, Show for "show_ui", GetStatus for
-//! everything else.
-[[nodiscard]] fv2JsonCommand commandKind(std::string_view text);
-
 } // namespace fv2

@@ -4,9 +4,8 @@
 
 #include "logging/FV2Logging.h"
 #include "model/FV2StatesTable.h"
+#include "model/FV2TrafficLight.h"
 #include "resources/FormatText.h"
-
-#include <algorithm>
 
 namespace fv2 {
 
@@ -62,7 +61,6 @@ fv2StatusStateType FV2JsonParserORM::UpdateStatusMessages(FV2AppState& model) {
     if (m_state == kAlsoBadConfiguration)
         m_state = kBadConfiguration;
 
-    fv2StatusStateType worst = fv2StatusStateType::Green;
     for (const FV2_ORM_State& row : kOrmStatesDictionary) {
         if (row.state != m_state)
             continue;
@@ -73,24 +71,24 @@ fv2StatusStateType FV2JsonParserORM::UpdateStatusMessages(FV2AppState& model) {
         }
         model.addStatusMessage(row.statusType, translatedText(row.title, m_strings), std::move(text), row.command,
                                true);
-        worst = std::max(worst, row.statusType);
         if (row.command == fv2AppCommand::Initialising_ORM) {
             model.syncORMBlocked = true;
             logRelease("JsonParse_ORM -> UpdateStatusMessages -> will hide proxy sync message due to "
                        "service blocking syncs");
         }
     }
-    return model.syncORMBlocked ? worst : std::max(worst, AddSyncStatusMessage(model));
+    if (!model.syncORMBlocked)
+        AddSyncStatusMessage(model);
+    return trafficLight(model.statusMessageList);
 }
 
-fv2StatusStateType FV2JsonParserORM::AddSyncStatusMessage(FV2AppState& model) const {
+void FV2JsonParserORM::AddSyncStatusMessage(FV2AppState& model) const {
     if (!model.syncORMActive && model.syncORMOK)
-        return fv2StatusStateType::Green;
+        return;
     model.addStatusMessage(
         fv2StatusStateType::Yellow, translatedText("IDUS_ORM_SM_SYNC", m_strings),
         translatedText(model.syncORMActive ? "IDUS_ORM_SM_SYNC_ACTIVE" : "IDUS_ORM_SM_SYNC_ISSUE", m_strings),
         model.syncORMActive ? fv2AppCommand::NoAction : fv2AppCommand::ProxySync_ORM, false);
-    return fv2StatusStateType::Yellow;
 }
 
 } // namespace fv2

@@ -43,14 +43,14 @@ public:
     //! Writes all that the status tells and evaluates which action it calls for.
     void apply(const DecodedStatus& decoded, FV2AppState& model);
 
-    //! Rebuilds the messages of the current state; returns the worst type among them, Green when there is none.
+    //! Rebuilds the messages of the current state; returns their traffic light.
     fv2StatusStateType UpdateStatusMessages(FV2AppState& model);
 
     //! The service state of the last answer, -1 when it was no valid one, 0 before the first.
     [[nodiscard]] std::int64_t state() const { return m_state; }
 
 private:
-    fv2StatusStateType AddSyncStatusMessage(FV2AppState& model) const;
+    void AddSyncStatusMessage(FV2AppState& model) const;
     void applyStatus(const FV2EISStatus& status, FV2AppState& model) const;
 
     const OxStringBundle& m_strings;

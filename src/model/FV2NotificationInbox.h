@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "comms/FV2Records.h"
+#include "comms/FV2NotificationCommand.h"
 #include "model/FV2RefreshGate.h"
 #include "model/ports/FV2Dispatch.h"
 

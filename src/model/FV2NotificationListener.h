@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/CountingSemaphore.h"
-#include "comms/FV2Records.h"
+#include "comms/FV2NotificationCommand.h"
 #include "comms/FV2SocketCommsBase.h"
 
 #include <chrono>

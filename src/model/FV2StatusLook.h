@@ -3,7 +3,7 @@
 #pragma once
 
 #include "model/FV2Types.h"
-#include "resources/FV2AppConfigModel.h"
+#include "resources/FV2WindowColours.h"
 
 #include <array>
 
@@ -11,7 +11,7 @@ namespace fv2 {
 
 //! All that a traffic light changes on screen, in the tray and for screen readers.
 struct FV2StatusLook {
-    using Colour = NxRgba FV2AppConfigModel::Colours::*;
+    using Colour = NxRgba FV2WindowColours::*;
 
     fv2StatusStateType light;
     const char* title;  //!< identifier of the status line's text, which is the tray's tooltip too
@@ -32,8 +32,8 @@ inline constexpr std::array<FV2StatusLook, 3> kStatusLooks{{
      .spoken = "IDUS_MGUI_LEFT_MENU_COUNTER_STATE_OK",
      .trayIcon = "orm_menu_icon",
      .statusLineIcon = "ok_white_32x32",
-     .statusLineColour = &FV2AppConfigModel::Colours::colourStatusLineBackgroundGreen,
-     .messageColour = &FV2AppConfigModel::Colours::colourStatusMessageBackgroundGreen,
+     .statusLineColour = &FV2WindowColours::colourStatusLineBackgroundGreen,
+     .messageColour = &FV2WindowColours::colourStatusMessageBackgroundGreen,
      .menuIcon = "home_template",
      .numberBubble = "green_notification_bubble",
      .isNumberDark = false},
@@ -42,8 +42,8 @@ inline constexpr std::array<FV2StatusLook, 3> kStatusLooks{{
      .spoken = "IDUS_MGUI_LEFT_MENU_COUNTER_STATE_WARNING",
      .trayIcon = "orm_menu_icon_warning",
      .statusLineIcon = "warning_white_32x32",
-     .statusLineColour = &FV2AppConfigModel::Colours::colourStatusLineBackgroundYellow,
-     .messageColour = &FV2AppConfigModel::Colours::colourStatusMessageBackgroundYellow,
+     .statusLineColour = &FV2WindowColours::colourStatusLineBackgroundYellow,
+     .messageColour = &FV2WindowColours::colourStatusMessageBackgroundYellow,
      .menuIcon = "warning_template",
      .numberBubble = "yellow_notification_bubble",
      .isNumberDark = true},
@@ -52,8 +52,8 @@ inline constexpr std::array<FV2StatusLook, 3> kStatusLooks{{
      .spoken = "IDUS_MGUI_LEFT_MENU_COUNTER_STATE_ERROR",
      .trayIcon = "orm_menu_icon_alert",
      .statusLineIcon = "threat_white_32x32",
-     .statusLineColour = &FV2AppConfigModel::Colours::colourStatusLineBackgroundRed,
-     .messageColour = &FV2AppConfigModel::Colours::colourStatusMessageBackgroundRed,
+     .statusLineColour = &FV2WindowColours::colourStatusLineBackgroundRed,
+     .messageColour = &FV2WindowColours::colourStatusMessageBackgroundRed,
      .menuIcon = "error_template",
      .numberBubble = "red_notification_bubble",
      .isNumberDark = false},

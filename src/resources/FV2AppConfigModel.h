@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "resources/FV2WindowColours.h"
 #include "resources/FV2WindowSizes.h"
-#include "resources/NxRgba.h"
 
 #include <functional>
 #include <span>
@@ -24,46 +24,26 @@ struct ProductModel {
 //! lives as long as the windows.
 class FV2AppConfigModel {
 public:
-    struct ColourEntry {
-        std::string_view name;
-        NxRgba colour;
-    };
     struct ImageEntry {
         std::string_view name;
         std::string_view path;
     };
-    //! The colours of the appearance at the last refresh.
-    struct Colours {
-        NxRgba colourWindowTitlebar;
-        NxRgba colourLeftMenuBackground;
-        NxRgba colourLeftMenuHighlight;
-        NxRgba colourLeftMenuText;
-        NxRgba colourLeftMenuTextGrayed;
-        NxRgba colourSectionBackground;
-        NxRgba colourStatusLineBackgroundGreen;
-        NxRgba colourStatusLineBackgroundYellow;
-        NxRgba colourStatusLineBackgroundRed;
-        NxRgba colourStatusMessageBackgroundGreen;
-        NxRgba colourStatusMessageBackgroundYellow;
-        NxRgba colourStatusMessageBackgroundRed;
-        NxRgba colourSeperator;
-    };
 
     FV2AppConfigModel(std::function<bool()> isDarkMode, std::string os, std::string machine, ProductModel product);
 
-    [[nodiscard]] static std::span<const ColourEntry> colourDictionary();
+    [[nodiscard]] static std::span<const FV2WindowColour> colourDictionary() { return windowColourTable(); }
     [[nodiscard]] static constexpr std::span<const FV2WindowSize> integerDictionary() { return kWindowSizes; }
     //! Paths of the program's own resources.
     [[nodiscard]] static std::span<const ImageEntry> imageDictionary();
 
-    //! The colour under a key, the entry "placeholder" for a missing one; ends the program when that is missing too.
-    [[nodiscard]] static NxRgba colourIn(std::span<const ColourEntry> dictionary, std::string_view key);
-    [[nodiscard]] NxRgba colour(std::string_view key) const { return colourIn(colourDictionary(), key); }
+    //! windowColour() of the whole table.
+    [[nodiscard]] static NxRgba colour(std::string_view key) { return windowColour(colourDictionary(), key); }
 
     //! Asks for the appearance and takes the colours anew; to be called whenever the appearance has changed.
     void refreshAppearance();
     [[nodiscard]] bool isDarkMode() const { return m_isDarkMode; }
-    [[nodiscard]] const Colours& colours() const { return m_colours; }
+    //! Those of the appearance at the last refresh.
+    [[nodiscard]] const FV2WindowColours& colours() const { return m_colours; }
     //! NxColor's, for the product's edition.
     [[nodiscard]] NxRgba taglineTint() const;
     //! NxDesign's, for the surfaces of the appearance at the last refresh.
@@ -76,7 +56,7 @@ public:
 private:
     std::function<bool()> m_askIsDarkMode;
     ProductModel m_productModel;
-    Colours m_colours;
+    FV2WindowColours m_colours;
     std::string m_os;
     std::string m_machine;
     bool m_isDarkMode = false;

@@ -3,6 +3,7 @@
 #include "shell/FV2WindowDelegate.h"
 
 #include "logging/FV2Logging.h"
+#include "shell/FV2WindowRules.h"
 
 #include <algorithm>
 
@@ -24,12 +25,7 @@ void FV2WindowDelegate::refreshAppearance() {
 }
 
 bool FV2WindowDelegate::canShow(fv2Window kind, bool userInitiated) const {
-    bool allowed = false;
-    if (wndList.count() == 0) {
-        allowed = userInitiated || !appModel.IsDNDMode();
-    } else if (kind == fv2Window::Password_Encrypt || kind == fv2Window::Password_Decrypt) {
-        allowed = userInitiated && wndList.indexOfWindow(kind) == 0 && wndList.indexOfWindow(fv2Window::Main) != 0;
-    }
+    const bool allowed = mayOpen(kind, userInitiated, wndList, appModel);
     logUi("canShow() returning ", allowed);
     return allowed;
 }

@@ -74,7 +74,7 @@ TEST(Design, OfABrokenListIsBlack) {
 TEST(Configuration, TakesItsColoursAnewWhenTheAppearanceIsRefreshed) {
     bool dark = false;
     FV2AppConfigModel model([&dark] { return dark; }, "os", "machine", {"Business", "type"});
-    const FV2AppConfigModel::Colours light = model.colours();
+    const FV2WindowColours light = model.colours();
     dark = true;
     EXPECT_FALSE(model.isDarkMode());
     model.refreshAppearance();
@@ -88,7 +88,7 @@ TEST(Configuration, FallsBackToThePlaceholderAndEndsWithoutOne) {
     EXPECT_EQ(model.colour("separator"), NxRgba::from255(0, 0, 255, 0));
     for (const auto& [name, path] : FV2AppConfigModel::imageDictionary())
         EXPECT_TRUE(std::filesystem::exists(RESOURCES + std::string(path.substr(1)))) << name;
-    EXPECT_DEATH(static_cast<void>(FV2AppConfigModel::colourIn(model.colourDictionary().first(3), "x")), "");
+    EXPECT_DEATH(static_cast<void>(windowColour(model.colourDictionary().first(3), "x")), "");
 }
 
 } // namespace

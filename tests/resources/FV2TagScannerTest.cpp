@@ -27,7 +27,7 @@ std::string written(const std::vector<FV2Tag>& tags) {
     return all;
 }
 
-struct Case {
+struct TagCase {
     std::string markup;
     std::string text;
     std::string tags;
@@ -35,7 +35,7 @@ struct Case {
 };
 
 TEST(TagScanner, TakesOutTagsAndDecodesEntities) {
-    const std::vector<Case> table{
+    const std::vector<TagCase> table{
         {"a <B>b</B> c", "a b c", "<B> 2-3"},
         {"a\0<B>b</B>"s, "a", ""},
         // Where a tag begins and ends.
@@ -63,7 +63,7 @@ TEST(TagScanner, TakesOutTagsAndDecodesEntities) {
         {"<B>b</B><X><Y>", "b<Y>", "", 7},
         {times(16, times(4094, "x") + "</B>") + times(31, "x"), times(16 * 4094, "x"), ""},
     };
-    for (const Case& each : table) {
+    for (const TagCase& each : table) {
         const FV2ScannedText scanned = scanTags(each.markup, each.capacity);
         SCOPED_TRACE(each.markup.substr(0, 60));
         EXPECT_EQ(scanned.text, each.text);

@@ -3,15 +3,14 @@
 #include "screens/main/LeftMenuSubviewController.h"
 
 #include "logging/FV2Logging.h"
-#include "model/FV2StatusLook.h"
 #include "resources/FV2WindowSizes.h"
+#include "screens/main/LeftMenuCounter.h"
 #include "screens/main/LeftMenuRowDelegate.h"
 #include "shell/FV2WindowController.h"
 #include "toolkit/NxImageView.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTextField.h"
 #include "toolkit/NxTranslated.h"
-#include "toolkit/SpokenStatus.h"
 #include "ui_LeftMenuSubview.h"
 
 #include <algorithm>
@@ -56,7 +55,7 @@ void LeftMenuSubviewController::viewDidLoad() {
     for (const MainWindowPage& page : kPages)
         if (page.title != nullptr)
             addRow(page);
-    updateCounter(*cellAt(0), statusMessageCount(appModel.state()));
+    updateFromModel();
     connect(tableView, &QListWidget::currentRowChanged, this, &LeftMenuSubviewController::onCurrentRowChanged);
     connect(tableView, &LeftMenuTableView::selectedRowPressed, this, &LeftMenuSubviewController::onSelectedRowPressed);
 }
@@ -76,41 +75,22 @@ void LeftMenuSubviewController::addRow(const MainWindowPage& page) {
     tableView->setItemWidget(row, cell);
 }
 
-long LeftMenuSubviewController::statusMessageCount(const FV2AppState& state) {
-    const auto count = static_cast<long>(state.statusMessageList.size());
-    return count == 1 && state.overallState == fv2StatusStateType::Green ? 0 : count;
-}
-
 NxLeftMenuCellView* LeftMenuSubviewController::cellAt(int row) const {
     if (unloading || tableView == nullptr || row < 0 || row >= tableView->count())
         return nullptr;
     return qobject_cast<NxLeftMenuCellView*>(tableView->itemWidget(tableView->item(row)));
 }
 
-void LeftMenuSubviewController::updateCounter(NxLeftMenuCellView& cell, long count) {
-    const FV2StatusLook& look = lookOf(appModel.state().overallState);
-    const QString number = QString::number(count);
-    cell.counterImage().setVisible(count != 0);
-    cell.counterNumberField().setVisible(count != 0);
-    if (count != 0) {
-        cell.counterImage().setImageName(QString::fromUtf8(look.numberBubble));
-        cell.counterNumberField().setText(number);
-        cell.counterNumberField().setTextColor(
-            look.isNumberDark ? toQColor(appConfigModel.colours().colourLeftMenuBackground) : QColor(Qt::white));
-    }
-    cell.imageView().setImageName(QString::fromUtf8(look.menuIcon));
+void LeftMenuSubviewController::updateFromModel() {
+    NxLeftMenuCellView* const cell = cellAt(0);
+    if (cell == nullptr)
+        return;
+    LeftMenuCounter::show(*cell, appModel.state(), toQColor(appConfigModel.colours().colourLeftMenuBackground));
     // Screen readers are told of every change, so there must be one.
-    const QString help = translated(QString::fromUtf8(menuItemsArray.front()->help));
     const QString spoken =
-        count == 0 ? help
-                   : spokenWithStatus(number, translated(QString::fromUtf8(look.spoken))) + QStringLiteral(". ") + help;
+        LeftMenuCounter::spoken(appModel.state(), translated(QString::fromUtf8(menuItemsArray.front()->help)));
     if (QListWidgetItem* const row = tableView->item(0); row->data(Qt::AccessibleDescriptionRole).toString() != spoken)
         row->setData(Qt::AccessibleDescriptionRole, spoken);
-}
-
-void LeftMenuSubviewController::updateFromModel() {
-    if (NxLeftMenuCellView* const cell = cellAt(0))
-        updateCounter(*cell, statusMessageCount(appModel.state()));
 }
 
 void LeftMenuSubviewController::refreshColours(const FV2AppConfigModel& config) {

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/FV2AppState.h"
 #include "screens/main/LeftMenuTableView.h"
 #include "screens/main/Pages.h"
 #include "shell/FV2ViewController.h"
@@ -39,9 +38,6 @@ public:
     void chooseRow(eMainWindowContentSubViewType page);
     void takeFocus();
 
-    //! The bubble's number: a single message does not count while all is well.
-    [[nodiscard]] static long statusMessageCount(const FV2AppState& state);
-
 Q_SIGNALS:
     //! A row was selected, or pressed again.
     void pageChosen(fv2::eMainWindowContentSubViewType page);
@@ -54,7 +50,6 @@ private:
     [[nodiscard]] int rowOf(eMainWindowContentSubViewType page) const;
     void addRow(const MainWindowPage& page);
     [[nodiscard]] NxLeftMenuCellView* cellAt(int row) const;
-    void updateCounter(NxLeftMenuCellView& cell, long count);
     void colourCell(int row, bool selected);
     void onCurrentRowChanged(int row);
     void onSelectedRowPressed(int row);

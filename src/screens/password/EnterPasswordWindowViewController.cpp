@@ -3,6 +3,7 @@
 #include "screens/password/EnterPasswordWindowViewController.h"
 
 #include "logging/FV2Logging.h"
+#include "screens/password/EnterPasswordHint.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
 #include "ui_EnterPassword.h"
@@ -194,15 +195,11 @@ void EnterPasswordWindowViewController::setStep(Step step) {
 }
 
 void EnterPasswordWindowViewController::updateHint() {
-    QString text;
-    if (m_step != Step::Typing)
-        text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_CHECKING"));
-    else if (m_guard.isOn())
-        text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_MOVE_IN"));
-    else if (m_refused)
-        text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_REFUSED"));
-    else if (m_capsLock.isOn())
-        text = translated(QStringLiteral("IDUS_PASSWORDDIALOG_CAPS_LOCK"));
+    const EnterPasswordHint hint{.isChecking = m_step != Step::Typing,
+                                 .waitsForUser = m_guard.isOn(),
+                                 .wasRefused = m_refused,
+                                 .capsLockIsOn = m_capsLock.isOn()};
+    const QString text = hint.text();
     if (m_hint->text() == text)
         return;
     m_hint->setText(text);
