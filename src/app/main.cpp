@@ -42,6 +42,15 @@ void passOnActivation(int argc, char* argv[], bool isUnreachable) {
     fv2::FV2DesktopActivation::passOn(token);
 }
 
+//! All that others see has ended by now. Destructors would wait for Qt's D-Bus thread, which anybody who may send us a
+//! message there can block. The sanitizers check that nothing is left.
+int ended(int status) {
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    std::_Exit(status);
+#endif
+    return status;
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -49,7 +58,7 @@ int main(int argc, char* argv[]) {
     fv2::fillStandardDescriptors();
     const fv2::FV2CommandLine line = fv2::parsedCommandLine(arguments(argc, argv));
     if (const std::optional<int> status = fv2::answeredCommand(line, argc, argv))
-        return *status;
+        return ended(*status);
     fv2::FV2UnixSignals signals;
     fv2::outliveFileSizeLimit();
     fv2::rememberLogFilePath();
@@ -71,12 +80,5 @@ int main(int argc, char* argv[]) {
         line.command == fv2::FV2Command::RunWithWindow || (!inBackground && fv2::launchedByFileManager());
     fv2::FV2Application application(argc, argv);
     fv2::FV2Agent agent(application, signals);
-    const int status = agent.run(showWindow);
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-    // All that others see has ended by now. Destructors would wait for Qt's D-Bus thread, which anybody who may send us
-    // a message there can block.
-    std::_Exit(status);
-#else
-    return status; // the sanitizers check that nothing is left
-#endif
+    return ended(agent.run(showWindow));
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "commands/DesktopFacts.h"
 
+#include "commands/SessionBus.h"
 #include "platform/FV2BusValue.h"
 #include "platform/FV2DoNotDisturb.h"
 
@@ -25,9 +26,10 @@ std::string shown(const QVariant& value) {
 } // namespace
 
 std::vector<std::pair<std::string, std::string>> desktopFacts() {
+    const SessionBus state = connectedSessionBus();
+    if (state != SessionBus::Connected)
+        return {{"session bus", state == SessionBus::None ? "none" : "no answer"}};
     const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
-        return {{"session bus", "none"}};
     const FV2BusProperty tray(bus, kTray, QStringLiteral("/StatusNotifierWatcher"), kTray,
                               QStringLiteral("IsStatusNotifierHostRegistered"));
     const FV2BusProperty portal(bus, QStringLiteral("org.freedesktop.portal.Desktop"),

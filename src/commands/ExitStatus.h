@@ -10,5 +10,6 @@ inline constexpr int kExitDone = 0;
 inline constexpr int kExitFailed = 1; //!< mistakes were found, nobody runs, the file can't be written
 inline constexpr int kExitMisused = 2;
 inline constexpr int kExitUnreachable = 3; //!< also where standard output takes nothing
+inline constexpr int kExitNoWay = 4;       //!< a copy runs, but no session bus leads to it
 
 } // namespace fv2

@@ -4,6 +4,7 @@
 
 #include "base/Deadline.h"
 #include "commands/ExitStatus.h"
+#include "commands/SessionBus.h"
 #include "platform/FV2DesktopActivation.h"
 #include "platform/FV2InstanceLock.h"
 
@@ -17,19 +18,20 @@ constexpr std::chrono::milliseconds kLongestEnd{2000};
 constexpr std::chrono::milliseconds kPause{10};
 
 Outcome asked(const QString& action) {
-    const FV2DesktopActivation::Answer answer = FV2DesktopActivation::askRunningCopy(action);
-    if (answer == FV2DesktopActivation::Answer::Granted)
-        return {kExitDone, {}};
+    using Answer = FV2DesktopActivation::Answer;
     if (!FV2InstanceLock().isHeldByOther())
         return {kExitFailed, "no copy of the agent runs"};
-    switch (answer) {
-    case FV2DesktopActivation::Answer::NoBus:
-        return {kExitUnreachable, "the running copy can't be reached: there is no session bus here"};
-    case FV2DesktopActivation::Answer::NobodyThere:
-        return {kExitUnreachable, "the running copy can't be reached: it is not on this session bus"};
-    default:
+    const SessionBus bus = connectedSessionBus();
+    if (bus == SessionBus::None)
+        return {kExitNoWay, "the running copy can't be reached: there is no session bus here"};
+    if (bus == SessionBus::Silent)
+        return {kExitUnreachable, "the session bus does not answer"};
+    const Answer answer = FV2DesktopActivation::askRunningCopy(action);
+    if (answer == Answer::NobodyThere)
+        return {kExitNoWay, "the running copy can't be reached: it is not on this session bus"};
+    if (answer == Answer::Silence)
         return {kExitUnreachable, "the running copy does not answer"};
-    }
+    return {kExitDone, {}};
 }
 
 } // namespace

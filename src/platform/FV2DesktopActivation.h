@@ -31,8 +31,7 @@ public:
 
     enum class Answer : std::uint8_t {
         Granted,
-        NoBus,       //!< this process has none
-        NobodyThere, //!< no copy is on this bus
+        NobodyThere, //!< no copy is on this session bus
         Silence,     //!< also a refusal
     };
     //! Asks the copy that runs for one of these actions. Waits as passOn() does, and starts no copy.

@@ -18,7 +18,7 @@ from waiting import wait_until
 
 SCHEMA = json.loads((BUILD.parents[1] / "docs/status.schema.json").read_text(encoding="utf-8"))
 LIGHTS = {"green": 0, "yellow": 1, "red": 2}
-NOT_REACHED = 3
+NOT_REACHED, NO_WAY = 3, 4
 NO_COPY = "^fv2-agent: no copy of the agent runs$"
 
 #: Options; what becomes of them without a copy and beside one: exit status, standard output and error.
@@ -84,7 +84,7 @@ class CommandLineTest(unittest.TestCase):
         wait_until(lambda: item.icon_colour() == "green", "a notification to reach the running copy")
         for env, error in (({"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}, "no session bus"), ({}, "")):
             for options, _, _ in TABLE[-2:] if env else TABLE[-2:-1]:
-                self.expect(options, NOT_REACHED if error else 0, "", error, **env)
+                self.expect(options, NO_WAY if error else 0, "", error, **env)
         service.expect("^sync of uid .*: accepted")
         with self.assertRaisesRegex(dbus.DBusException, "unknown action"):
             desktop.bus.get_object("org.fv2agent.Agent", "/org/fv2agent/Agent", introspect=False).ActivateAction(
