@@ -22,7 +22,7 @@ from waiting import wait_until
 from watching import EarlyReader, ReadingAttempts, copies_in_memory, has_secret_pages
 
 #: Of passwords, right and wrong ones in turn.
-ROUNDS = 100
+ROUNDS = 40
 #: The usual rules without the two seconds of a wrong password.
 QUICK = "auth required pam_unix.so nodelay\naccount required pam_unix.so\n"
 YAMA = Path("/proc/sys/kernel/yama/ptrace_scope")

@@ -268,10 +268,11 @@ TEST(LogFile, RefusesWhatIsNoRegularFileOfItsOwn) {
     std::ofstream(folder / "target") << "untouched";
     std::filesystem::create_symlink(folder / "target", folder / "link");
     std::filesystem::create_symlink(folder / "nothing", folder / "dangling");
+    std::filesystem::create_hard_link(folder / "target", folder / "second name");
     ::mkfifo((folder / "pipe").c_str(), 0600);
     const auto before = openDescriptors();
-    for (const std::string& path : {folder / "", folder / "link", folder / "dangling", folder / "pipe",
-                                    folder / "missing/log", std::string("/dev/null")})
+    for (const std::string& path : {folder / "", folder / "link", folder / "dangling", folder / "second name",
+                                    folder / "pipe", folder / "missing/log", std::string("/dev/null")})
         EXPECT_FALSE(appendToLogFile(path, "text")) << path;
     EXPECT_EQ(openDescriptors(), before);
     EXPECT_EQ(contentOf(folder / "target"), "untouched");
