@@ -17,7 +17,7 @@ const QString kName = QStringLiteral("org.fv2agent.Agent");
 const QString kAgentPath = QStringLiteral("/org/fv2agent/Agent");
 const QString kNoOwner = QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
 const QString kBus = QStringLiteral("org.freedesktop.DBus");
-const QString kInterface = QStringLiteral("org.freedesktop.Application");
+const QString kApplication = QStringLiteral("org.freedesktop.Application");
 const QString kToken = QStringLiteral("activation-token");
 constexpr int kActivationPatience = 1000; //!< milliseconds
 
@@ -26,7 +26,7 @@ constexpr unsigned kPrimaryOwner = 1;
 constexpr unsigned kAlreadyOwner = 4;
 
 QDBusMessage callRunningCopy(const QString& method, const QVariantList& arguments) {
-    QDBusMessage message = QDBusMessage::createMethodCall(kName, kAgentPath, kInterface, method);
+    QDBusMessage message = QDBusMessage::createMethodCall(kName, kAgentPath, kApplication, method);
     message.setArguments(arguments);
     message.setAutoStartService(false);
     return QDBusConnection::sessionBus().call(message, QDBus::Block, kActivationPatience);
