@@ -114,6 +114,8 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
         m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain());
         qunsetenv("XDG_ACTIVATION_TOKEN"); // an unused one is of no use later
     });
+    QObject::connect(&m_activation, &FV2DesktopActivation::synchroniseAsked, &m_delegate, &AppDelegate::menuProxySync);
+    QObject::connect(&m_activation, &FV2DesktopActivation::quitAsked, &m_delegate, &AppDelegate::exitApplication);
 }
 
 void FV2Agent::onAppearanceChanged() {
@@ -126,7 +128,7 @@ void FV2Agent::onAppearanceChanged() {
 }
 
 int FV2Agent::run(bool showWindow) {
-    m_delegate.applicationDidFinishLaunching(showWindow || launchedByFileManager());
+    m_delegate.applicationDidFinishLaunching(showWindow);
     const int status = m_application.exec();
     m_passwords.stopWaiting();
     // Exchanges have been cut short; a module of PAM may block for as long as it likes.
