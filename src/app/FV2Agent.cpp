@@ -36,11 +36,19 @@ std::filesystem::path besideProgram(const char* folder) {
     return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()) / folder;
 }
 
+QStringList wantedLanguages(const std::string& ofAdministrator) {
+    QStringList languages = FV2QtStrings::preferredLanguages();
+    if (!ofAdministrator.empty())
+        languages.prepend(QString::fromStdString(ofAdministrator));
+    return languages;
+}
+
 } // namespace
 
-FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
+FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals, FV2Settings settings)
     : m_application(application)
-    , m_strings(FV2QtStrings::preferredLanguages())
+    , m_settings(std::move(settings))
+    , m_strings(wantedLanguages(m_settings.uiLanguage))
     , m_trayItem(m_images, m_strings)
     , m_menu(m_strings)
     , m_passwords(besideProgram("pam.d"))
@@ -88,7 +96,8 @@ FV2AppConfigModel FV2Agent::makeAppConfigModel() const {
         name != nullptr ? *name : translatedText("IDUS_UNKNOWN"),
         ProductModel{.edition = "Business",
                      .typeString = "business",
-                     .helpAddress = helpAddress(m_settings.helpHost, m_strings.language().toStdString())});
+                     .helpAddress = helpAddress(m_settings.helpUrl.empty() ? m_settings.helpHost : m_settings.helpUrl,
+                                                m_strings.language().toStdString())});
 }
 
 void FV2Agent::followDesktop(FV2UnixSignals& signals) {

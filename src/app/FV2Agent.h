@@ -26,7 +26,7 @@ namespace fv2 {
 //! All parts of the running agent, built on one another. Main thread only.
 class FV2Agent {
 public:
-    FV2Agent(FV2Application& application, FV2UnixSignals& signals);
+    FV2Agent(FV2Application& application, FV2UnixSignals& signals, FV2Settings settings);
 
     //! Runs until something ends the event loop, and returns its status. `showWindow`: the user wants to see the agent.
     [[nodiscard]] int run(bool showWindow);
@@ -38,7 +38,7 @@ private:
     void onAppearanceChanged();
 
     FV2Application& m_application;
-    const FV2Settings m_settings = readSettings();
+    const FV2Settings m_settings;
     FV2QtStrings m_strings;
     FV2Images m_images;
     FV2TrayItem m_trayItem;
