@@ -82,21 +82,24 @@ std::unique_ptr<FV2AppStateModel> FV2Agent::makeModel() {
     OxTranslatedString::setApplicationBundle(m_strings);
     NxDesign::setResource(designPropertyList);
     return std::make_unique<FV2AppStateModel>(
-        FV2ModelPorts{.dispatch = m_dispatch,
-                      .timers = m_timers,
-                      .service = m_service,
-                      .strings = m_strings,
-                      .mediumDate = mediumDate,
-                      .computerName = computerName(),
-                      .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
-                      .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
-                      .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
-                      .passwords = &m_passwords,
-                      .timeFromNow =
-                          [this](std::int64_t minutes) {
-                              return timeFromNow(minutes, QString(m_strings.language()).replace(QLatin1Char('_'), QLatin1Char('-')).toStdString());
-                          },
-                      .support = m_support},
+        FV2ModelPorts{
+            .dispatch = m_dispatch,
+            .timers = m_timers,
+            .service = m_service,
+            .strings = m_strings,
+            .mediumDate = mediumDate,
+            .computerName = computerName(),
+            .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
+            .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
+            .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
+            .passwords = &m_passwords,
+            .timeFromNow =
+                [this](std::int64_t minutes) {
+                    return timeFromNow(
+                        minutes,
+                        QString(m_strings.language()).replace(QLatin1Char('_'), QLatin1Char('-')).toStdString());
+                },
+            .support = m_support},
         ::getuid());
 }
 

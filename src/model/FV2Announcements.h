@@ -15,9 +15,9 @@ namespace fv2 {
 enum class fv2Announcement : std::uint8_t {
     None,
     NoTray,
+    Yellow,
     EncryptionFinished,
     DecryptionFinished,
-    Yellow,
     Red,
     SyncFailed,
     PasswordToEncrypt,

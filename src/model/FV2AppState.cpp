@@ -26,7 +26,8 @@ void FV2AppState::addStatusMessage(fv2StatusStateType statusType, std::string ti
 }
 
 std::optional<int> FV2AppState::percent() const {
-    const auto found = std::ranges::find_if(statusMessageList, [](const FV2StatusMesssageListItem& item) { return item.percent.has_value(); });
+    const auto found = std::ranges::find_if(
+        statusMessageList, [](const FV2StatusMesssageListItem& item) { return item.percent.has_value(); });
     return found == statusMessageList.end() ? std::nullopt : found->percent;
 }
 

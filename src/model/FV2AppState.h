@@ -19,7 +19,7 @@ struct FV2StatusMesssageListItem {
     std::string Text;
     fv2StatusStateType statusType = fv2StatusStateType::Green;
     fv2AppCommand command = fv2AppCommand::NoAction;
-    bool fromAIS = false; //!< from the states table, not the synchronisation message
+    bool fromAIS = false;              //!< from the states table, not the synchronisation message
     std::optional<int> percent = {};   //!< of the work that the message tells of, 0 to 100
     bool sendsToAdministrator = false; //!< the text does, so whoever can help is to stand beside it
 
@@ -53,7 +53,7 @@ struct FV2AppState {
     bool syncORMUserInitiated = false;
     fv2AppCommand syncORMUserInitiatedAction = fv2AppCommand::NoAction;
 
-    std::int64_t serviceState = 0; //!< that the messages are of: -1 without a valid answer, 0 before the first
+    std::int64_t serviceState = 0;       //!< that the messages are of: -1 without a valid answer, 0 before the first
     std::int64_t encryptionProgress = 0; //!< percent, as the service tells it
     std::int64_t postponeTimeInMins = 0;
 

@@ -244,10 +244,10 @@ void FV2AppStateModel::doAlert(fv2Window window, std::uint64_t errorCode, fv2Ale
             m_wndDelegate->confirmPostponement(postponed);
     };
     const std::int64_t minutes = m_state.postponeTimeInMins;
-    const FV2AlertNotes notes{
-        .support = m_ports.support.plainText(m_ports.strings),
-        .postponement = minutes > 0 ? m_ports.timeFromNow(FV2PasswordPrompt::longestPostponement(minutes))
-                                    : std::string()};
+    const FV2AlertNotes notes{.support = m_ports.support.plainText(m_ports.strings),
+                              .postponement = minutes > 0
+                                                  ? m_ports.timeFromNow(FV2PasswordPrompt::longestPostponement(minutes))
+                                                  : std::string()};
     m_wndDelegate->showAlert(window, alertContent(*row, errorCode, m_ports.strings, notes),
                              whileAlive(m_owner, onFirstButton));
 }

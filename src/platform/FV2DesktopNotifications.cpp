@@ -79,8 +79,7 @@ void FV2DesktopNotifications::call(const QString& method, const QVariantList& ar
     m_isAsking = true;
     QDBusMessage question = QDBusMessage::createMethodCall(kService, kPath, kService, method);
     question.setArguments(arguments);
-    auto* const call =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question, kForEver), this);
+    auto* const call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question, kForEver), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, answered, number = m_serviceNumber] {
         call->deleteLater();
         m_isAsking = false;
@@ -119,9 +118,8 @@ QVariantList FV2DesktopNotifications::notifyArguments() const {
     if (m_capabilities->contains(QStringLiteral("actions")))
         for (const FV2Notification::Action& action : m_wanted->actions)
             actions << QString::fromStdString(action.name) << QString::fromStdString(action.title);
-    const QVariantMap hints{
-        {QStringLiteral("desktop-entry"), QStringLiteral("org.fv2agent.Agent")},
-        {QStringLiteral("urgency"), QVariant::fromValue(m_wanted->isUrgent ? kCritical : kNormal)}};
+    const QVariantMap hints{{QStringLiteral("desktop-entry"), QStringLiteral("org.fv2agent.Agent")},
+                            {QStringLiteral("urgency"), QVariant::fromValue(m_wanted->isUrgent ? kCritical : kNormal)}};
     return {QCoreApplication::applicationName(),
             m_id,
             QStringLiteral("org.fv2agent.Agent"),

@@ -26,8 +26,8 @@ public:
 private:
     //! One call at a time: what is wanted meanwhile goes out with its answer.
     void proceed();
-    void call(const QString& method, const QVariantList& arguments, void (FV2DesktopNotifications::*answered)(
-                                                                        const QDBusMessage& answer));
+    void call(const QString& method, const QVariantList& arguments,
+              void (FV2DesktopNotifications::*answered)(const QDBusMessage& answer));
     void onCapabilities(const QDBusMessage& answer);
     void onNotified(const QDBusMessage& answer);
     void onCloseAnswered(const QDBusMessage& answer);

@@ -13,9 +13,9 @@ namespace fv2 {
 void FV2LauncherProgress::show(std::optional<int> percent) {
     if (std::exchange(m_shown, percent) == percent)
         return;
-    QDBusMessage update = QDBusMessage::createSignal(QStringLiteral("/org/fv2agent/Agent/LauncherEntry"),
-                                                     QStringLiteral("com.canonical.Unity.LauncherEntry"),
-                                                     QStringLiteral("Update"));
+    QDBusMessage update =
+        QDBusMessage::createSignal(QStringLiteral("/org/fv2agent/Agent/LauncherEntry"),
+                                   QStringLiteral("com.canonical.Unity.LauncherEntry"), QStringLiteral("Update"));
     update << QStringLiteral("application://org.fv2agent.Agent.desktop")
            << QVariantMap{{QStringLiteral("progress"), percent.value_or(0) / 100.0},
                           {QStringLiteral("progress-visible"), percent.has_value()}};

@@ -17,7 +17,9 @@ public:
     FV2LoginSession();
 
     //! Whether the user can be in front of it, as far as logind knows.
-    [[nodiscard]] bool isInFront() const { return m_isActive.value_or(true) && !(m_lockedHint && m_lockedHint->isTrue()); }
+    [[nodiscard]] bool isInFront() const {
+        return m_isActive.value_or(true) && !(m_lockedHint && m_lockedHint->isTrue());
+    }
 
 Q_SIGNALS:
     // Only changes: the state at the start is not signalled.

@@ -16,7 +16,8 @@ namespace {
 //! Relative paths in the variable count for nothing, as the directory specification wants it.
 std::filesystem::path stateFolder() {
     for (const auto& [variable, below] : {std::pair("XDG_STATE_HOME", ""), std::pair("HOME", ".local/state")})
-        if (const char* const value = std::getenv(variable); value != nullptr && std::string_view(value).starts_with('/'))
+        if (const char* const value = std::getenv(variable);
+            value != nullptr && std::string_view(value).starts_with('/'))
             return std::filesystem::path(value) / below / "fv2-agent";
     return {};
 }

@@ -18,8 +18,9 @@ public:
     //! Calls `available` once: as soon as a status notifier host has registered, however late; or after `patience` when
     //! there is a tray of the older kind instead. If there is none by then, `missing` is called, once and before any
     //! `available`.
-    explicit FV2TrayWatcher(std::function<void()> available, std::function<void()> missing = [] {},
-                            std::chrono::milliseconds patience = std::chrono::seconds(10));
+    explicit FV2TrayWatcher(
+        std::function<void()> available, std::function<void()> missing = [] {},
+        std::chrono::milliseconds patience = std::chrono::seconds(10));
 
 private:
     void askForHost();

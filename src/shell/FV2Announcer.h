@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/FV2AppStateModel.h"
 #include "model/FV2Announcements.h"
+#include "model/FV2AppStateModel.h"
 #include "model/ports/FV2Notifier.h"
 #include "platform/FV2OnceForUser.h"
 #include "resources/FV2SupportContact.h"

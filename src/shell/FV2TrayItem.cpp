@@ -14,7 +14,7 @@ void FV2TrayItem::show(std::string_view imageName, fv2StatusStateType overallSta
     if (std::exchange(m_imageName, image) != image)
         refreshIcon();
     QString toolTip = translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME"), m_strings) + QStringLiteral(": ") +
-                            translated(QString::fromUtf8(lookOf(overallState).title), m_strings);
+                      translated(QString::fromUtf8(lookOf(overallState).title), m_strings);
     if (percent)
         toolTip += QStringLiteral(" (") +
                    translated(QStringLiteral("IDUS_ORM_SM_PERCENT_FMT"), m_strings).arg(*percent) + QLatin1Char(')');

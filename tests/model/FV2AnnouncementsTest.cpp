@@ -54,9 +54,7 @@ TEST(Announcements, TellEachThingOnceWhileItHoldsAndNobodySeesIt) {
          SyncFailed},
         {"a password, whose window opens",
          [](auto&, auto& now) {
-             now = {.serviceState = 3,
-                    .light = fv2StatusStateType::Red,
-                    .action = fv2AppCommand::EnterEncPassword};
+             now = {.serviceState = 3, .light = fv2StatusStateType::Red, .action = fv2AppCommand::EnterEncPassword};
          },
          Nothing},
         {"kept shut in quiet times",
@@ -68,12 +66,10 @@ TEST(Announcements, TellEachThingOnceWhileItHoldsAndNobodySeesIt) {
         {"later", [](auto& told, auto&) { told.postponed(); }, NoTray},
         {"its time is over", [](auto& told, auto&) { told.passwordWindowKeptShut(fv2Window::Password_Encrypt); },
          PasswordToEncrypt},
-        {"entered",
-         [](auto&, auto& now) { now = {.serviceState = 4, .light = fv2StatusStateType::Yellow}; }, None},
+        {"entered", [](auto&, auto& now) { now = {.serviceState = 4, .light = fv2StatusStateType::Yellow}; }, None},
         {"the service is away", [](auto&, auto& now) { now.serviceState = -1; }, Nothing},
         {"encrypted", [](auto&, auto& now) { now = {.serviceState = 6}; }, EncryptionFinished},
-        {"decrypting", [](auto&, auto& now) { now = {.serviceState = 9, .light = fv2StatusStateType::Yellow}; },
-         None},
+        {"decrypting", [](auto&, auto& now) { now = {.serviceState = 9, .light = fv2StatusStateType::Yellow}; }, None},
         {"decrypted", [](auto&, auto& now) { now.serviceState = 1; }, DecryptionFinished},
     };
     FV2Announcements announcements;

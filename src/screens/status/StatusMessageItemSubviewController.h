@@ -15,7 +15,8 @@
 
 namespace fv2 {
 
-//! Fills one row with a status message; later only its progress changes. Main thread only; StatusMessagesTableDelegate owns it.
+//! Fills one row with a status message; later only its progress changes. Main thread only; StatusMessagesTableDelegate
+//! owns it.
 class StatusMessageItemSubviewController final : public FV2ViewController {
     Q_OBJECT
 public:
