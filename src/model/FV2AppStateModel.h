@@ -57,6 +57,9 @@ public:
     //! reaches the model any more.
     void unsubscribeAtExit();
 
+    //! Whether the user can see a window, whose progress then moves more often.
+    void setWatched(bool watched) { m_unprompted.setWatched(watched); }
+
     //! Shows the state; carries out the action that has become due when `checkAction` and the source allow it.
     void updateFromModel(bool checkAction, fv2SyncSource syncSource);
 

@@ -351,5 +351,39 @@
         <source>Opens what there is to know about this program and this computer.</source>
         <translation>Öffnet die Angaben zu diesem Programm und diesem Computer.</translation>
     </message>
+
+    <!-- Desktop notifications, and what stands beside texts: the support, and when a prompt comes back, as "in 60 minutes" -->
+    <message id="IDUS_ALERT_ASKED_AGAIN">
+        <source>We will ask again %1.</source>
+        <translation>Wir fragen %1 erneut.</translation>
+    </message>
+    <message id="IDUS_SUPPORT_CONTACT">
+        <source>Support: %1</source>
+        <translation>Support: %1</translation>
+    </message>
+    <message id="IDUS_NOTICE_ENCRYPTED">
+        <source>Your disk is encrypted</source>
+        <translation>Ihre Festplatte ist verschlüsselt</translation>
+    </message>
+    <message id="IDUS_NOTICE_ENCRYPTED_DESC">
+        <source>Encryption has finished. Your data is now fully protected.</source>
+        <translation>Die Verschlüsselung ist abgeschlossen. Ihre Daten sind jetzt vollständig geschützt.</translation>
+    </message>
+    <message id="IDUS_NOTICE_DECRYPTED">
+        <source>Your disk is decrypted</source>
+        <translation>Ihre Festplatte ist entschlüsselt</translation>
+    </message>
+    <message id="IDUS_NOTICE_DECRYPTED_DESC">
+        <source>Decryption has finished. Your data is no longer protected by encryption.</source>
+        <translation>Die Entschlüsselung ist abgeschlossen. Ihre Daten sind nicht mehr durch Verschlüsselung geschützt.</translation>
+    </message>
+    <message id="IDUS_NOTICE_NO_TRAY">
+        <source>Disk encryption is looked after here</source>
+        <translation>Die Festplattenverschlüsselung wird hier überwacht</translation>
+    </message>
+    <message id="IDUS_NOTICE_NO_TRAY_DESC">
+        <source>This desktop has no place for the status icon. To see the state of your disk, open “Disk Encryption Agent” from your applications.</source>
+        <translation>Dieser Desktop hat keinen Platz für das Statussymbol. Den Zustand Ihrer Festplatte sehen Sie, wenn Sie „Disk Encryption Agent“ in Ihren Anwendungen öffnen.</translation>
+    </message>
 </context>
 </TS>

@@ -351,5 +351,39 @@
         <source>Opens what there is to know about this program and this computer.</source>
         <translation>Opens what there is to know about this program and this computer.</translation>
     </message>
+
+    <!-- Desktop notifications, and what stands beside texts: the support, and when a prompt comes back, as "in 60 minutes" -->
+    <message id="IDUS_ALERT_ASKED_AGAIN">
+        <source>We will ask again %1.</source>
+        <translation>We will ask again %1.</translation>
+    </message>
+    <message id="IDUS_SUPPORT_CONTACT">
+        <source>Support: %1</source>
+        <translation>Support: %1</translation>
+    </message>
+    <message id="IDUS_NOTICE_ENCRYPTED">
+        <source>Your disk is encrypted</source>
+        <translation>Your disk is encrypted</translation>
+    </message>
+    <message id="IDUS_NOTICE_ENCRYPTED_DESC">
+        <source>Encryption has finished. Your data is now fully protected.</source>
+        <translation>Encryption has finished. Your data is now fully protected.</translation>
+    </message>
+    <message id="IDUS_NOTICE_DECRYPTED">
+        <source>Your disk is decrypted</source>
+        <translation>Your disk is decrypted</translation>
+    </message>
+    <message id="IDUS_NOTICE_DECRYPTED_DESC">
+        <source>Decryption has finished. Your data is no longer protected by encryption.</source>
+        <translation>Decryption has finished. Your data is no longer protected by encryption.</translation>
+    </message>
+    <message id="IDUS_NOTICE_NO_TRAY">
+        <source>Disk encryption is looked after here</source>
+        <translation>Disk encryption is looked after here</translation>
+    </message>
+    <message id="IDUS_NOTICE_NO_TRAY_DESC">
+        <source>This desktop has no place for the status icon. To see the state of your disk, open “Disk Encryption Agent” from your applications.</source>
+        <translation>This desktop has no place for the status icon. To see the state of your disk, open “Disk Encryption Agent” from your applications.</translation>
+    </message>
 </context>
 </TS>
