@@ -46,13 +46,16 @@ std::optional<FV2Announcements::Situation> FV2Announcements::situation(const FV2
 }
 
 void FV2Announcements::passwordWindowKeptShut(fv2Window kind) {
-    if (std::exchange(m_keptShut, kind) == kind)
-        return;
-    add(kind == fv2Window::Password_Encrypt ? fv2Announcement::PasswordToEncrypt : fv2Announcement::PasswordToDecrypt);
+    addPassword(kind == fv2Window::Password_Encrypt ? fv2Announcement::PasswordToEncrypt
+                                                    : fv2Announcement::PasswordToDecrypt);
+}
+
+void FV2Announcements::addPassword(fv2Announcement what) {
+    if (std::exchange(m_knownPassword, what) != what)
+        add(what);
 }
 
 void FV2Announcements::postponed() {
-    m_keptShut = fv2Window::None; // it may be kept shut again when its time is over
     for (fv2Announcement* const what : {&m_shown, &m_waiting})
         if (isPassword(*what))
             *what = fv2Announcement::None;
@@ -80,8 +83,14 @@ std::optional<fv2Announcement> FV2Announcements::look(const Situation& now, Time
     addWork(now);
     addSync(now);
     addLight(now, time);
-    if (passwordFor(now.action) == fv2Announcement::None)
-        m_keptShut = fv2Window::None;
+    const fv2Announcement password = passwordFor(now.action);
+    // It may be kept shut again when a postponement is over.
+    if (password == fv2Announcement::None || now.isPostponed)
+        m_knownPassword = fv2Announcement::None;
+    else if (now.isWatched)
+        m_knownPassword = password;
+    else if (now.isPromptShut)
+        addPassword(password);
     if (now.isWatched || !holds(m_waiting, now))
         m_waiting = fv2Announcement::None;
     const bool isOver = m_shown != fv2Announcement::None && (now.isWatched || !holds(m_shown, now));

@@ -40,7 +40,9 @@ public:
         fv2AppCommand action = fv2AppCommand::NoAction;
         bool isSyncActive = false;
         bool isSyncOK = true;
-        bool isWatched = false; //!< the user can see a window
+        bool isWatched = false;    //!< the user can see a window
+        bool isPromptShut = false; //!< a window that nobody sees keeps a password's window shut
+        bool isPostponed = false;  //!< the user enters the password later
     };
 
     //! None before the first status has been read.
@@ -66,6 +68,7 @@ private:
     enum class Work : std::uint8_t { None, Encrypting, Decrypting };
 
     void add(fv2Announcement what);
+    void addPassword(fv2Announcement what);
     void addLight(const Situation& now, Time time);
     void addSync(const Situation& now);
     void addWork(const Situation& now);
@@ -73,7 +76,7 @@ private:
 
     fv2Announcement m_shown = fv2Announcement::None;
     fv2Announcement m_waiting = fv2Announcement::None;
-    fv2Window m_keptShut = fv2Window::None; //!< told already
+    fv2Announcement m_knownPassword = fv2Announcement::None; //!< that it is wanted has been told or shown
     std::optional<fv2StatusStateType> m_light;
     Time m_worseSince;
     Work m_work = Work::None;

@@ -73,6 +73,8 @@ public:
     //! Lets the password window come back after the time that the policy gives; not at all when that is none.
     void postponePasswordDialog(bool encrypt);
 
+    [[nodiscard]] bool isPasswordPostponed() const { return m_prompt.isPostponed(); }
+
     //! Checks a password on a worker and, if it is right, hands it to the service on another. Takes it in any case.
     void submitPassword(std::string userName, SecretText password, FV2PasswordAsker asker) {
         m_handOver.submit(std::move(userName), std::move(password), std::move(asker));

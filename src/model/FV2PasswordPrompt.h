@@ -49,6 +49,8 @@ public:
     //! Lets the window come back after so many minutes, a year at most, asleep or awake; never for 0 or less. If it
     //! can't open then, tries again every minute.
     void postpone(fv2Window kind, std::int64_t minutes);
+    //! By the user, whose time is not over.
+    [[nodiscard]] bool isPostponed() const { return m_postponed; }
     //! For how many minutes a postponement of so many holds.
     [[nodiscard]] static std::int64_t longestPostponement(std::int64_t minutes);
 

@@ -30,9 +30,13 @@ FV2Announcer::FV2Announcer(Parts parts)
 }
 
 void FV2Announcer::look() {
-    const auto now = FV2Announcements::situation(m_parts.appModel.state(), m_parts.wndDelegate.isAnyWindowMain());
+    const FV2WindowDelegate& windows = m_parts.wndDelegate;
+    auto now = FV2Announcements::situation(m_parts.appModel.state(), windows.isAnyWindowMain());
     if (!now || !m_parts.isEnabled)
         return;
+    now->isPromptShut = windows.isOpen(fv2Window::Main) && !windows.isOpen(fv2Window::Password_Encrypt) &&
+                        !windows.isOpen(fv2Window::Password_Decrypt);
+    now->isPostponed = m_parts.appModel.isPasswordPostponed();
     const auto time = std::chrono::steady_clock::now();
     const auto what = m_announcements.look(*now, time, m_parts.isQuiet);
     m_lookAgain.stop();

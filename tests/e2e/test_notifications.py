@@ -5,6 +5,10 @@
 import time
 import unittest
 
+import dbus
+import dbus.bus
+import dbus.lowlevel
+
 from agent import start_agent, start_service
 from desktop import Desktop
 from mocks import NotificationServer
@@ -26,7 +30,7 @@ class NotificationsTest(unittest.TestCase):
 
     def tell(self, line):
         self.service.send(line)
-        self.agent.expect("updateModelSempahore - signal")
+        self.service.expect("^status for uid")
 
     def test_one_at_a_time_is_replaced_and_taken_away_with_its_reason(self):
         self.start("state 5", "onsync refuse")
@@ -39,6 +43,31 @@ class NotificationsTest(unittest.TestCase):
         self.server.choose("default")
         self.desktop.screen.window(self.agent.pid)
         wait_until(self.server.closed, "the window to take it away")
+
+    def test_a_password_kept_from_its_window_is_entered_or_put_off_by_the_notification_alone(self):
+        self.start("state 6", "policy postpone 30")
+        self.desktop.tray_item().choose("Open window")
+        main = self.desktop.screen.window(self.agent.pid)
+        main.minimise()
+        self.service.send("state 3")
+        title = "Your password is needed for encryption"
+        self.assertEqual(self.shown(1), [(0, title)])
+        stranger = dbus.bus.BusConnection(self.desktop.env["DBUS_SESSION_BUS_ADDRESS"])
+        self.desktop.at_end(stranger.close)
+        signal = dbus.lowlevel.SignalMessage(self.server.PATH, self.server.INTERFACE, "ActionInvoked")
+        signal.append(dbus.UInt32(1), "enter", signature="us")
+        stranger.send_message(signal)
+        stranger.flush()
+        self.server.choose("enter", number=7)
+        time.sleep(0.5)
+        self.assertFalse(any("EnterPasswordWindow" in line for line in self.agent.lines), "somebody else's")
+        self.server.choose("later")
+        wait_until(self.server.closed, "it to be taken away")
+        self.tell("state 6")
+        self.service.send("state 3")
+        self.assertEqual(self.shown(2)[1][1], title, "a new wish")
+        self.server.choose("enter")
+        self.agent.expect(r"EnterPasswordWindowWindowController\.init")
 
     def test_nothing_is_told_in_quiet_times(self):
         self.start("state 5", inhibited=True)

@@ -63,9 +63,18 @@ TEST(Announcements, TellEachThingOnceWhileItHoldsAndNobodySeesIt) {
         {"kept shut again", [](auto& told, auto&) { told.passwordWindowKeptShut(fv2Window::Password_Encrypt); },
          Nothing},
         {"less important", [](auto& told, auto&) { told.setTrayMissing(true); }, Nothing},
-        {"later", [](auto& told, auto&) { told.postponed(); }, NoTray},
-        {"its time is over", [](auto& told, auto&) { told.passwordWindowKeptShut(fv2Window::Password_Encrypt); },
+        {"later",
+         [](auto& told, auto& now) {
+             told.postponed();
+             now.isPostponed = now.isPromptShut = true;
+         },
+         NoTray},
+        {"its time is over, and a minimised window keeps it shut", [](auto&, auto& now) { now.isPostponed = false; },
          PasswordToEncrypt},
+        {"seen in the window", [](auto&, auto& now) { now.isWatched = true; }, None},
+        {"and minimised again", [](auto&, auto& now) { now.isWatched = false; }, Nothing},
+        {"not wanted", [](auto&, auto& now) { now.action = fv2AppCommand::NoAction; }, Nothing},
+        {"wanted anew", [](auto&, auto& now) { now.action = fv2AppCommand::EnterEncPassword; }, PasswordToEncrypt},
         {"entered", [](auto&, auto& now) { now = {.serviceState = 4, .light = fv2StatusStateType::Yellow}; }, None},
         {"the service is away", [](auto&, auto& now) { now.serviceState = -1; }, Nothing},
         {"encrypted", [](auto&, auto& now) { now = {.serviceState = 6}; }, EncryptionFinished},

@@ -177,6 +177,6 @@ class NotificationServer(Notifications):
     def closed(self):
         return [int(call[0]) for call in self._calls("CloseNotification")]
 
-    def choose(self, action):
-        values = dbus.Array([dbus.UInt32(1), action], signature="v")
+    def choose(self, action, number=1):
+        values = dbus.Array([dbus.UInt32(number), action], signature="v")
         self._tell("EmitSignal", self.INTERFACE, "ActionInvoked", "us", values)
