@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <sys/stat.h>
 
 namespace fv2 {
 
@@ -99,17 +100,31 @@ constexpr std::array<Key, 10> kKeys{{
     {"ui.language", "", false, [](auto& s, const auto& v) { return takeLanguage(s.uiLanguage, v); }},
 }};
 
+uid_t ownerOf(const std::filesystem::path& path) {
+    struct stat facts {};
+    return ::stat(path.c_str(), &facts) == 0 ? facts.st_uid : 0;
+}
+
+bool isSection(const std::string& name) {
+    return std::ranges::any_of(kKeys, [&](const Key& key) { return key.name.starts_with(name + "."); });
+}
+
 //! Takes one file's settings all together, or none of them.
-void takeFile(const std::filesystem::path& path, bool isOfAdministrator, FV2ExaminedSettings& found) {
-    FV2SettingsFile file = readSettingsFile(path);
+void takeFile(const std::filesystem::path& path, const std::filesystem::path& root, FV2ExaminedSettings& found) {
+    FV2SettingsFile file = readSettingsFile(path, ownerOf(root));
+    const bool isOfAdministrator = path.string().starts_with((root / "etc/").string());
     FV2ExaminedSettings changed{found.settings, found.origins, {}};
     std::vector<FV2SettingsMistake> mistakes = std::move(file.mistakes);
     std::vector<std::string> seen;
     for (const FV2SettingsLine& line : file.lines) {
+        if (line.key.empty() && isSection(line.section))
+            continue;
         const std::string name = line.section + "." + line.key;
         const auto key = std::ranges::find(kKeys, name, &Key::name);
         std::string what;
-        if (key == kKeys.end())
+        if (line.key.empty())
+            what = "unknown section [" + readableText(line.section) + "]";
+        else if (key == kKeys.end())
             what = line.section.empty()
                        ? "unknown key " + inQuotes(line.key) + " before any section"
                        : "unknown key " + inQuotes(line.key) + " in [" + readableText(line.section) + "]";
@@ -146,9 +161,8 @@ FV2ExaminedSettings examineSettings(const std::filesystem::path& root) {
     FV2ExaminedSettings found;
     for (const Key& key : kKeys)
         found.origins.push_back({std::string(key.name), std::string(key.byItself), "default"});
-    const std::string ofAdministrator = (root / "etc/").string();
-    for (const std::filesystem::path& path : settingsFiles(root))
-        takeFile(path, path.string().starts_with(ofAdministrator), found);
+    for (const std::filesystem::path& path : settingsFiles(root, found.mistakes))
+        takeFile(path, root, found);
     std::error_code absent;
     if (std::filesystem::exists(root / kFormerFile, absent))
         found.mistakes.push_back({root / kFormerFile, 0, "not read any more: move it to /etc/fv2-agent/agent.conf"});

@@ -46,7 +46,8 @@ struct FV2ExaminedSettings {
 //! Reads "agent.conf" of etc/fv2-agent, run/fv2-agent or usr/lib/fv2-agent below `root`, the first that there is, and
 //! then the "*.conf" in the three folders' "agent.conf.d" in the order of their names, of which the later one counts;
 //! of two with one name the one of the earlier folder alone is read. A file with a mistake counts for nothing. With any
-//! mistake anywhere passwords go to root only; that they need not can be said below etc alone. Any thread; opens no
+//! mistake anywhere passwords go to root only; that they need not can be said below etc alone. All of it has to belong
+//! to root or to the owner of `root`. Any thread; opens no
 //! file that is not a regular one.
 [[nodiscard]] FV2ExaminedSettings examineSettings(const std::filesystem::path& root = settingsRoot());
 

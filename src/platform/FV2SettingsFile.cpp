@@ -23,6 +23,9 @@ namespace fv2 {
 namespace {
 
 constexpr std::size_t kLongestSettings = 64 * 1024;
+//! The library takes what follows for another line.
+constexpr std::size_t kLongestLine = 8000;
+constexpr std::string_view kNotInALine("#;\0", 3);
 
 using KeyFile = std::unique_ptr<econf_file, decltype([](econf_file* file) { econf_freeFile(file); })>;
 using ExtValue = std::unique_ptr<econf_ext_value, decltype([](econf_ext_value* value) { econf_freeExtValue(value); })>;
@@ -33,15 +36,19 @@ std::vector<std::string> taken(char** names, std::size_t count) {
     return texts;
 }
 
+bool isOthers(const struct stat& facts, uid_t administrator) {
+    return (facts.st_mode & S_IWOTH) != 0 || (facts.st_uid != 0 && facts.st_uid != administrator);
+}
+
 //! Why it can't be read at all; empty if it can.
-std::string obstacle(const std::filesystem::path& path, std::string& content) {
+std::string obstacle(const std::filesystem::path& path, uid_t administrator, std::string& content) {
     struct stat facts {};
     struct stat folder {};
     if (::stat(path.c_str(), &facts) != 0 || ::stat(path.parent_path().c_str(), &folder) != 0)
         return std::generic_category().message(errno);
     if (!S_ISREG(facts.st_mode))
         return "not a file";
-    if (((facts.st_mode | folder.st_mode) & S_IWOTH) != 0 || (facts.st_uid != 0 && facts.st_uid != ::getuid()))
+    if (isOthers(facts, administrator) || isOthers(folder, administrator))
         return "others can write to it";
     auto read = readSmallFile(path, kLongestSettings);
     if (!read)
@@ -67,8 +74,13 @@ void takeSection(econf_file* file, const char* section, FV2SettingsFile& found) 
     }
 }
 
-//! What the library passes over without a word: a key's second line in its section, and one that has no key.
-void reportUnread(const std::string& content, const std::filesystem::path& path, FV2SettingsFile& found) {
+std::string_view withoutBracket(std::string_view section) {
+    return section.substr(1, section.find(']') - 1);
+}
+
+//! What the library passes over without a word: sections, a key's second line, a line without a key, and the rest of a
+//! line behind a comment's sign, which an address may have in it.
+void readPassedOver(const std::string& content, const std::filesystem::path& path, FV2SettingsFile& found) {
     std::set<std::uint64_t> read;
     for (const FV2SettingsLine& line : found.lines)
         read.insert(line.number);
@@ -77,7 +89,15 @@ void reportUnread(const std::string& content, const std::filesystem::path& path,
     for (std::string text; std::getline(lines, text);) {
         ++number;
         const std::string_view bare = trimmed(text);
-        if (!bare.empty() && bare.find_first_of("#;[") != 0 && !read.contains(number))
+        if (text.size() > kLongestLine)
+            found.mistakes.push_back({path, number, "too long"});
+        else if (bare.empty() || bare.front() == '#' || bare.front() == ';')
+            continue;
+        else if (bare.find_first_of(kNotInALine) != std::string_view::npos)
+            found.mistakes.push_back({path, number, "has a # or ; behind something else, or a zero byte"});
+        else if (bare.front() == '[')
+            found.lines.push_back({std::string(withoutBracket(bare)), "", "", number});
+        else if (!read.contains(number))
             found.mistakes.push_back({path, number, "\"" + readableText(bare) + "\" stands there twice or has no key"});
     }
 }
@@ -87,16 +107,35 @@ bool isThere(const std::filesystem::path& path) {
     return ::lstat(path.c_str(), &facts) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
 
+bool leadsNowhere(const std::filesystem::path& path) {
+    struct stat facts {};
+    return isThere(path) && ::stat(path.c_str(), &facts) != 0;
+}
+
+using DropIns = std::map<std::string, std::filesystem::path>;
+
+//! Adds those whose names are new.
+void addDropIns(const std::filesystem::path& folder, DropIns& dropIns, std::vector<FV2SettingsMistake>& mistakes) {
+    std::error_code error;
+    for (std::filesystem::directory_iterator each(folder, error), end; each != end; each.increment(error))
+        if (each->path().extension() == ".conf")
+            dropIns.emplace(each->path().filename(), each->path());
+    const bool isAbsent =
+        error == std::errc::no_such_file_or_directory && !isThere(folder) && !leadsNowhere(folder.parent_path());
+    if (error && !isAbsent)
+        mistakes.push_back({folder, 0, error.message()});
+}
+
 } // namespace
 
 std::string FV2SettingsMistake::description() const {
-    return file.string() + ":" + std::to_string(line) + ": " + text;
+    return file.string() + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + text;
 }
 
-FV2SettingsFile readSettingsFile(const std::filesystem::path& path) {
+FV2SettingsFile readSettingsFile(const std::filesystem::path& path, uid_t administrator) {
     FV2SettingsFile found;
     std::string content;
-    if (std::string why = obstacle(path, content); !why.empty()) {
+    if (std::string why = obstacle(path, administrator, content); !why.empty()) {
         found.mistakes.push_back({path, 0, std::move(why)});
         return found;
     }
@@ -119,25 +158,20 @@ FV2SettingsFile readSettingsFile(const std::filesystem::path& path) {
         for (const std::string& section : std::set<std::string>(all.begin(), all.end()))
             takeSection(file.get(), section.c_str(), found);
     }
+    readPassedOver(content, path, found);
     std::ranges::sort(found.lines, {}, &FV2SettingsLine::number);
-    reportUnread(content, path, found);
     return found;
 }
 
-std::vector<std::filesystem::path> settingsFiles(const std::filesystem::path& root) {
+std::vector<std::filesystem::path> settingsFiles(const std::filesystem::path& root,
+                                                 std::vector<FV2SettingsMistake>& mistakes) {
     std::vector<std::filesystem::path> files;
-    std::map<std::string, std::filesystem::path> dropIns;
+    DropIns dropIns;
     for (const char* const place : {"etc", "run", "usr/lib"}) {
         const std::filesystem::path folder = root / place / "fv2-agent";
         if (files.empty() && isThere(folder / "agent.conf"))
             files.push_back(folder / "agent.conf");
-        std::error_code unreadable;
-        for (std::filesystem::directory_iterator each(folder / "agent.conf.d", unreadable), end; each != end;
-             each.increment(unreadable))
-            if (each->path().extension() == ".conf")
-                dropIns.emplace(each->path().filename(), each->path());
-        if (unreadable && unreadable != std::errc::no_such_file_or_directory)
-            files.push_back(folder / "agent.conf.d");
+        addDropIns(folder / "agent.conf.d", dropIns, mistakes);
     }
     for (const auto& [name, path] : dropIns)
         files.push_back(path);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <sys/types.h>
 #include <vector>
 
 namespace fv2 {
@@ -14,11 +15,11 @@ struct FV2SettingsMistake {
     std::uint64_t line = 0; //!< 0 where it is not about a line
     std::string text;
 
-    //! "file:line: text"
+    //! "file:line: text", or "file: text"
     [[nodiscard]] std::string description() const;
 };
 
-//! One line of a settings file.
+//! One line of a settings file; that of a section has no key.
 struct FV2SettingsLine {
     std::string section;
     std::string key;
@@ -31,11 +32,12 @@ struct FV2SettingsFile {
     std::vector<FV2SettingsMistake> mistakes; //!< of form; the lines may be incomplete then
 };
 
-//! Reads sections, keys and values; of 64 KiB at most.
-[[nodiscard]] FV2SettingsFile readSettingsFile(const std::filesystem::path& path);
+//! Reads a file of 64 KiB at most, to which nobody but root and `administrator` can write.
+[[nodiscard]] FV2SettingsFile readSettingsFile(const std::filesystem::path& path, uid_t administrator);
 
-//! The files that count below `root`, the most general one first. Also what can't be looked at or leads nowhere:
-//! reading it gives the mistake.
-[[nodiscard]] std::vector<std::filesystem::path> settingsFiles(const std::filesystem::path& root);
+//! The files that count below `root`, the most general one first; also one that can't be looked at or leads nowhere:
+//! reading it gives the mistake. Folders that are no folders or can't be read are added to the mistakes.
+[[nodiscard]] std::vector<std::filesystem::path> settingsFiles(const std::filesystem::path& root,
+                                                               std::vector<FV2SettingsMistake>& mistakes);
 
 } // namespace fv2

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace fv2::test {
 namespace {
@@ -44,7 +45,7 @@ TEST_F(Settings, AreStrictAtEveryMistakeAndSayWhereItIs) {
     const std::string good = "[help]\nhost=h\n[credentials]\n"; // three lines
     EXPECT_EQ(reads(good), "h root");
     for (const std::string mistake : {"[help",
-                                      "[other]\na=b",
+                                      "[other]",
                                       "[Credentials]\nrootOnly=false",
                                       "host=h",
                                       "[help]\nhost=i",
@@ -59,6 +60,9 @@ TEST_F(Settings, AreStrictAtEveryMistakeAndSayWhereItIs) {
                                       "rootOnly: false",
                                       "=",
                                       "rootOnly=false\n true",
+                                      "rootOnly=false ; true",
+                                      "[help] # true",
+                                      "[help]\nurl=https://h/#i",
                                       "[help] x",
                                       "[help]\nurl=http://h",
                                       "[support]\nurl=https://a b",
@@ -83,6 +87,18 @@ TEST_F(Settings, AreStrictAtEveryMistakeAndSayWhereItIs) {
     std::filesystem::remove(file(etc));
     std::filesystem::create_symlink(folder / "gone", file(etc));
     EXPECT_EQ(read(), strict + " agent.conf:0") << "a link that leads nowhere";
+    std::filesystem::remove_all(folder / "etc");
+    write("etc/fv2-agent/agent.conf.d", kLax);
+    EXPECT_EQ(read(), strict + " agent.conf.d:0") << "a file in the folder's place";
+    std::filesystem::remove_all(folder / "etc/fv2-agent");
+    std::filesystem::create_symlink(folder / "gone", folder / "etc/fv2-agent");
+    EXPECT_EQ(read(), strict + " agent.conf.d:0") << "a folder that leads nowhere";
+    if (::getuid() != 0)
+        return; // what follows gives a file away
+    std::filesystem::remove(folder / "etc/fv2-agent");
+    write(etc, kLax);
+    ASSERT_EQ(::chown(file(etc).c_str(), 1, 1), 0);
+    EXPECT_EQ(read(), strict + " agent.conf:0") << "another user's";
 }
 
 TEST_F(Settings, OfSeveralFilesTheMoreParticularOneCountsAndOnlyTheAdministratorsLoosens) {
