@@ -39,6 +39,9 @@ def used_identifiers(src):
         for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
             for name in USED.findall(line):
                 used.setdefault(name, f"{path.relative_to(src.parent)}:{number}")
+    for path in sorted((src.parent / "packaging").rglob("*.in")):
+        for name in re.findall(r"@(IDUS_\w+)@", path.read_text(encoding="utf-8")):
+            used.setdefault(name, str(path.relative_to(src.parent)))
     return used
 
 

@@ -385,5 +385,21 @@
         <source>This desktop has no place for the status icon. To see the state of your disk, open “Disk Encryption Agent” from your applications.</source>
         <translation>Dieser Desktop hat keinen Platz für das Statussymbol. Den Zustand Ihrer Festplatte sehen Sie, wenn Sie „Disk Encryption Agent“ in Ihren Anwendungen öffnen.</translation>
     </message>
+    <message id="IDUS_DESKTOP_GENERIC_NAME">
+        <source>Disk encryption status</source>
+        <translation>Zustand der Festplattenverschlüsselung</translation>
+    </message>
+    <message id="IDUS_DESKTOP_COMMENT">
+        <source>Shows the state of this computer's disk encryption</source>
+        <translation>Zeigt den Zustand der Festplattenverschlüsselung dieses Computers</translation>
+    </message>
+    <message id="IDUS_DESKTOP_KEYWORDS">
+        <source>encryption, disk, security, password, tray</source>
+        <translation>Verschlüsselung, Festplatte, Sicherheit, Passwort, Kennwort</translation>
+    </message>
+    <message id="IDUS_METAINFO_DESCRIPTION">
+        <source>The agent sits in the tray of each login session and shows whether the disk of this computer is encrypted. It says what is wrong and what to do, asks for the account password when the encryption service needs it, and starts a synchronisation with the management server.</source>
+        <translation>Der Agent sitzt im Infobereich jeder Anmeldesitzung und zeigt, ob die Festplatte dieses Computers verschlüsselt ist. Er sagt, was nicht stimmt und was zu tun ist, fragt nach dem Kennwort des Kontos, wenn der Verschlüsselungsdienst es braucht, und startet einen Abgleich mit dem Verwaltungsserver.</translation>
+    </message>
 </context>
 </TS>

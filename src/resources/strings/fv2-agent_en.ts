@@ -385,5 +385,21 @@
         <source>This desktop has no place for the status icon. To see the state of your disk, open “Disk Encryption Agent” from your applications.</source>
         <translation>This desktop has no place for the status icon. To see the state of your disk, open “Disk Encryption Agent” from your applications.</translation>
     </message>
+    <message id="IDUS_DESKTOP_GENERIC_NAME">
+        <source>Disk encryption status</source>
+        <translation>Disk encryption status</translation>
+    </message>
+    <message id="IDUS_DESKTOP_COMMENT">
+        <source>Shows the state of this computer's disk encryption</source>
+        <translation>Shows the state of this computer's disk encryption</translation>
+    </message>
+    <message id="IDUS_DESKTOP_KEYWORDS">
+        <source>encryption, disk, security, password, tray</source>
+        <translation>encryption, disk, security, password, tray</translation>
+    </message>
+    <message id="IDUS_METAINFO_DESCRIPTION">
+        <source>The agent sits in the tray of each login session and shows whether the disk of this computer is encrypted. It says what is wrong and what to do, asks for the account password when the encryption service needs it, and starts a synchronisation with the management server.</source>
+        <translation>The agent sits in the tray of each login session and shows whether the disk of this computer is encrypted. It says what is wrong and what to do, asks for the account password when the encryption service needs it, and starts a synchronisation with the management server.</translation>
+    </message>
 </context>
 </TS>
