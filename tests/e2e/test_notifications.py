@@ -75,5 +75,4 @@ class NotificationsTest(unittest.TestCase):
         time.sleep(1)
         self.assertEqual(self.server.shown(), [])
         self.server.set_inhibited(False)
-        self.tell("progress 1")
         self.assertEqual(self.shown(1)[0][1], FINISHED, "later, as it still holds")
