@@ -90,6 +90,19 @@ def rest(table):
     table.at_most(f"processor time in {seconds} s at rest", f"{milliseconds:g} ms", milliseconds, 0)
 
 
+def options(table):
+    """What answers without a display and without a service, from exec to exit."""
+    with Desktop(panel=None) as desktop:
+        for option in ("--version", "--check-config", "--status", "--quit"):
+            times = []
+            for _ in range(10 * table.rounds):
+                started = time.perf_counter()
+                subprocess.run([table.build / "fv2-agent", option], env=desktop.env, capture_output=True)
+                times.append((time.perf_counter() - started) * 1000)
+            table.at_most(f"fv2-agent {option}, fastest run", f"{min(times):.1f} ms", min(times), 50)
+
+
 def run(table):
     starts_and_memory(table)
+    options(table)
     rest(table)

@@ -16,7 +16,7 @@ FLOORS = (
     ("comms", "resources"),
     ("model",),
     ("platform", "toolkit"),
-    ("shell",),
+    ("shell", "commands"),
     ("screens",),
     ("app",),
 )

@@ -36,6 +36,13 @@ std::filesystem::path besideProgram(const char* folder) {
     return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()) / folder;
 }
 
+QStringList wantedLanguages(const std::string& ofAdministrator) {
+    QStringList languages = FV2QtStrings::preferredLanguages();
+    if (!ofAdministrator.empty())
+        languages.prepend(QString::fromStdString(ofAdministrator));
+    return languages;
+}
+
 //! Does what brings a window to the front, which a Wayland compositor allows for the token.
 void withActivationToken(const QString& token, const std::function<void()>& deed) {
     // Read by Qt when it next asks the compositor.
@@ -47,9 +54,11 @@ void withActivationToken(const QString& token, const std::function<void()>& deed
 
 } // namespace
 
-FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
+FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals, FV2Settings settings)
     : m_application(application)
-    , m_strings(FV2QtStrings::preferredLanguages())
+    , m_settings(std::move(settings))
+    , m_support{m_settings.supportName, m_settings.supportPhone, m_settings.supportUrl}
+    , m_strings(wantedLanguages(m_settings.uiLanguage))
     , m_trayItem(m_images, m_strings)
     , m_menu(m_strings)
     , m_passwords(besideProgram("pam.d"))
@@ -68,7 +77,7 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
                    .strings = m_strings,
                    .isQuiet = [this] { return !m_session.isInFront() || m_doNotDisturb.isOn(); },
                    .support = m_support,
-                   .isEnabled = m_notificationsEnabled}) {
+                   .isEnabled = m_settings.notificationsEnabled}) {
     // Panels show the application's name where they list their items; window titles end with the other one.
     QCoreApplication::setApplicationName(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     QGuiApplication::setApplicationDisplayName(QCoreApplication::applicationName());
@@ -113,7 +122,8 @@ FV2AppConfigModel FV2Agent::makeAppConfigModel() const {
         name != nullptr ? *name : translatedText("IDUS_UNKNOWN"),
         ProductModel{.edition = "Business",
                      .typeString = "business",
-                     .helpAddress = helpAddress(m_settings.helpHost, m_strings.language().toStdString()),
+                     .helpAddress = helpAddress(m_settings.helpUrl.empty() ? m_settings.helpHost : m_settings.helpUrl,
+                                                m_strings.language().toStdString()),
                      .support = m_support});
 }
 
@@ -137,6 +147,8 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
         withActivationToken(token,
                             [this] { m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain()); });
     });
+    QObject::connect(&m_activation, &FV2DesktopActivation::synchroniseAsked, &m_delegate, &AppDelegate::menuProxySync);
+    QObject::connect(&m_activation, &FV2DesktopActivation::quitAsked, &m_delegate, &AppDelegate::exitApplication);
 }
 
 void FV2Agent::announce() {
@@ -171,7 +183,7 @@ void FV2Agent::onAppearanceChanged() {
 }
 
 int FV2Agent::run(bool showWindow) {
-    m_delegate.applicationDidFinishLaunching(showWindow || launchedByFileManager());
+    m_delegate.applicationDidFinishLaunching(showWindow);
     const int status = m_application.exec();
     m_passwords.stopWaiting();
     // Exchanges have been cut short; a module of PAM may block for as long as it likes.

@@ -29,7 +29,7 @@ namespace fv2 {
 //! All parts of the running agent, built on one another. Main thread only.
 class FV2Agent {
 public:
-    FV2Agent(FV2Application& application, FV2UnixSignals& signals);
+    FV2Agent(FV2Application& application, FV2UnixSignals& signals, FV2Settings settings);
 
     //! Runs until something ends the event loop, and returns its status. `showWindow`: the user wants to see the agent.
     [[nodiscard]] int run(bool showWindow);
@@ -42,9 +42,8 @@ private:
     void onAppearanceChanged();
 
     FV2Application& m_application;
-    const FV2Settings m_settings = readSettings();
-    const FV2SupportContact m_support; //!< not set
-    const bool m_notificationsEnabled = true;
+    const FV2Settings m_settings;
+    const FV2SupportContact m_support;
     FV2QtStrings m_strings;
     FV2Images m_images;
     FV2TrayItem m_trayItem;

@@ -133,6 +133,7 @@ void FV2AppStateModel::finishRefresh(const FV2RefreshOrder& order, const Decoded
     logRelease("ORM - appModel updateFromModel calling UpdateStatusMessages");
     static_cast<void>(jsonParser.UpdateStatusMessages(m_state));
     logRelease("ORM - appModel updateFromModel called UpdateStatusMessages");
+    m_redReport.update(m_state, m_ports.timers.now());
     updateFromModel(order.checkAction, FV2DueAction::effectiveSource(order, m_state));
     if (counts && order.alertOnFailure && !status.result.ok)
         alertOnMainWindow(status.result);

@@ -10,6 +10,7 @@
 #include "model/FV2PasswordHandOver.h"
 #include "model/FV2PasswordPrompt.h"
 #include "model/FV2ProxySync.h"
+#include "model/FV2RedReport.h"
 #include "model/FV2RefreshCycle.h"
 #include "model/FV2UnpromptedRefresh.h"
 #include "model/ports/FV2ApplicationDelegate.h"
@@ -106,6 +107,7 @@ private:
     FV2RefreshCycle m_refreshes;
     FV2UnpromptedRefresh m_unprompted;
     FV2DueAction m_dueAction;
+    FV2RedReport m_redReport;
     FV2ProxySync m_proxySync;
     FV2PasswordPrompt m_prompt;
     FV2PasswordHandOver m_handOver;

@@ -15,13 +15,22 @@ namespace {
 
 const QString kName = QStringLiteral("org.fv2agent.Agent");
 const QString kAgentPath = QStringLiteral("/org/fv2agent/Agent");
+const QString kNoOwner = QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
 const QString kBus = QStringLiteral("org.freedesktop.DBus");
+const QString kApplication = QStringLiteral("org.freedesktop.Application");
 const QString kToken = QStringLiteral("activation-token");
 constexpr int kActivationPatience = 1000; //!< milliseconds
 
 //! The bus's answers to RequestName that make us the owner.
 constexpr unsigned kPrimaryOwner = 1;
 constexpr unsigned kAlreadyOwner = 4;
+
+QDBusMessage callRunningCopy(const QString& method, const QVariantList& arguments) {
+    QDBusMessage message = QDBusMessage::createMethodCall(kName, kAgentPath, kApplication, method);
+    message.setArguments(arguments);
+    message.setAutoStartService(false);
+    return QDBusConnection::sessionBus().call(message, QDBus::Block, kActivationPatience);
+}
 
 } // namespace
 
@@ -43,11 +52,23 @@ FV2DesktopActivation::FV2DesktopActivation() {
 }
 
 void FV2DesktopActivation::passOn(const QString& activationToken) {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        kName, kAgentPath, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
-    message << QVariantMap{{kToken, activationToken}};
-    message.setAutoStartService(false);
-    QDBusConnection::sessionBus().call(message, QDBus::Block, kActivationPatience);
+    static_cast<void>(callRunningCopy(QStringLiteral("Activate"), {QVariantMap{{kToken, activationToken}}}));
+}
+
+QString FV2DesktopActivation::synchroniseAction() {
+    return QStringLiteral("synchronise");
+}
+
+QString FV2DesktopActivation::quitAction() {
+    return QStringLiteral("quit");
+}
+
+FV2DesktopActivation::Answer FV2DesktopActivation::askRunningCopy(const QString& action) {
+    const QDBusError error(callRunningCopy(QStringLiteral("ActivateAction"), {action, QVariantList(), QVariantMap()}));
+    if (!error.isValid())
+        return Answer::Granted;
+    const bool isGone = error.type() == QDBusError::ServiceUnknown || error.name() == kNoOwner;
+    return isGone ? Answer::NobodyThere : Answer::Silence;
 }
 
 void FV2DesktopActivation::Activate(const QVariantMap& platformData) {
@@ -58,8 +79,15 @@ void FV2DesktopActivation::Open(const QStringList&, const QVariantMap& platformD
     Activate(platformData);
 }
 
-void FV2DesktopActivation::ActivateAction(const QString&, const QVariantList&, const QVariantMap& platformData) {
-    Activate(platformData);
+void FV2DesktopActivation::ActivateAction(const QString& action, const QVariantList&, const QVariantMap& platformData) {
+    if (action == QStringLiteral("open"))
+        Activate(platformData);
+    else if (action == synchroniseAction())
+        Q_EMIT synchroniseAsked();
+    else if (action == quitAction())
+        QMetaObject::invokeMethod(this, &FV2DesktopActivation::quitAsked, Qt::QueuedConnection);
+    else
+        sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("unknown action"));
 }
 
 } // namespace fv2

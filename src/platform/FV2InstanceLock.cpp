@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace fv2 {
 
@@ -52,6 +53,13 @@ FV2InstanceLock::Attempt FV2InstanceLock::tryTake() {
     }
     m_file = std::move(file);
     return Attempt::Taken;
+}
+
+bool FV2InstanceLock::isHeldByOther() const {
+    const UniqueFd file(::open(m_path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat status {};
+    return file && ::fstat(file.get(), &status) == 0 && status.st_uid == ::getuid() &&
+           ::flock(file.get(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 
 } // namespace fv2

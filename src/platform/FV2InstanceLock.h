@@ -23,6 +23,9 @@ public:
     //! Never waits. Impossible when the file can't be had at all: a stranger's, a link, no folder.
     [[nodiscard]] Attempt tryTake();
 
+    //! Looks without taking it: a process that starts at the same instant tries again. False where nobody can tell.
+    [[nodiscard]] bool isHeldByOther() const;
+
 private:
     std::string m_path;
     UniqueFd m_file;

@@ -42,8 +42,8 @@ bool FV2DuplicateInstance::findAndHandOver() {
             return true;
         if (deadline.passed()) {
             m_isUnreachable = true;
-            std::cerr
-                << "fv2-agent: another copy runs and does not answer on its socket; asking it over the session bus\n";
+            std::cerr << "fv2-agent: another copy runs and does not answer on its socket"
+                      << (isUnreachable() ? "; asking it over the session bus\n" : "\n");
             return true;
         }
         if (m_stop->waitFor(-1, 0, Deadline(kPause)) == fv2Wait::Stopped)
@@ -59,13 +59,15 @@ bool FV2DuplicateInstance::handOver() const {
         std::atomic<bool> connected = false;
     };
     const auto attempt = std::make_shared<Attempt>();
-    const auto job = [attempt, stop = m_stop] {
+    const auto job = [attempt, stop = m_stop, way = m_way] {
         FV2AppSocketComms comms(stop, kHandOver);
         attempt->connected = comms.createConnection();
         if (attempt->connected) {
             logTrace("handleDuplicateInstance -> canConnect TRUE");
-            static_cast<void>(comms.sendAndReceive(showUiRequest()));
-            logTrace("handleDuplicateInstance -> done sendAndReceive");
+            if (way == FV2HandOver::ShowsWindow) {
+                static_cast<void>(comms.sendAndReceive(showUiRequest()));
+                logTrace("handleDuplicateInstance -> done sendAndReceive");
+            }
         }
         attempt->over.signal();
     };

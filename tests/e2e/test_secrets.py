@@ -22,7 +22,7 @@ from waiting import wait_until
 from watching import EarlyReader, ReadingAttempts, copies_in_memory, has_secret_pages
 
 #: Of passwords, right and wrong ones in turn.
-ROUNDS = 100
+ROUNDS = 40
 #: The usual rules without the two seconds of a wrong password.
 QUICK = "auth required pam_unix.so nodelay\naccount required pam_unix.so\n"
 YAMA = Path("/proc/sys/kernel/yama/ptrace_scope")
@@ -166,7 +166,7 @@ class SecretsTest(unittest.TestCase):
         for root_only in (True, False):
             with self.subTest(root_only), real_account() as user, Desktop(window_manager=True, account=user) as desktop:
                 if root_only:  # as it is unless something else is said
-                    (desktop.folder / "xdg/fv2-agent/agent.conf").unlink()
+                    desktop.settings.unlink()
                 service = desktop.start([program(desktop, "fv2-demo-service")])
                 service.send("state 3")
                 service.expect("^state 3")

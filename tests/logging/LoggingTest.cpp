@@ -29,6 +29,10 @@ std::pair<int, std::array<char, 100>> sent;
 // Replaces the C library's: these tests write nothing to the machine's log.
 extern "C" {
 
+int access(const char*, int) { // whether there is a journal
+    return -1;
+}
+
 void openlog(const char* name, int, int) {
     ident = name;
 }
@@ -268,10 +272,11 @@ TEST(LogFile, RefusesWhatIsNoRegularFileOfItsOwn) {
     std::ofstream(folder / "target") << "untouched";
     std::filesystem::create_symlink(folder / "target", folder / "link");
     std::filesystem::create_symlink(folder / "nothing", folder / "dangling");
+    std::filesystem::create_hard_link(folder / "target", folder / "second name");
     ::mkfifo((folder / "pipe").c_str(), 0600);
     const auto before = openDescriptors();
-    for (const std::string& path : {folder / "", folder / "link", folder / "dangling", folder / "pipe",
-                                    folder / "missing/log", std::string("/dev/null")})
+    for (const std::string& path : {folder / "", folder / "link", folder / "dangling", folder / "second name",
+                                    folder / "pipe", folder / "missing/log", std::string("/dev/null")})
         EXPECT_FALSE(appendToLogFile(path, "text")) << path;
     EXPECT_EQ(openDescriptors(), before);
     EXPECT_EQ(contentOf(folder / "target"), "untouched");

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/Screens.h"
+#include "screens/password/EnterPasswordGuard.h"
 #include "support/QtLoop.h"
 #include "toolkit/NxButton.h"
 #include "toolkit/NxSecureTextField.h"
@@ -219,6 +220,10 @@ TEST_F(PasswordDialog, TakesNoKeyBeforeTheUserHasMovedIntoIt) {
     window().activateWindow(); // as some desktops do
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     EXPECT_TRUE(isShut());
+    runLoopFor(2 * EnterPasswordGuard::kPause);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, "\t", true);
+    QApplication::sendEvent(window().focusWidget(), &held);
+    EXPECT_FALSE(field().isEnabled());
     QTest::mouseClick(window().windowHandle(), Qt::LeftButton, {}, field().mapTo(&window(), field().rect().center()));
     EXPECT_TRUE(isOpen());
     registry.hideApplicationWindows();

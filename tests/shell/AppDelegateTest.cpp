@@ -49,6 +49,29 @@ TEST_F(AppDelegateTest, SaysGoodbyeOnceAndStopsListening) {
     EXPECT_EQ(quits, 2);
 }
 
+TEST_F(AppDelegateTest, ASecondCopyBringsUpTheWindowsAndIsNotTheUser) {
+    registry.openWindow(fv2Window::Main, true);
+    int byUser = 0;
+    QObject::connect(&registry.registeredController(fv2Window::Main)->window(), &FV2Window::madeKey, [&] { ++byUser; });
+    delegate.menuShowMainWindow();
+    EXPECT_EQ(byUser, 0);
+    Q_EMIT menu.showMainWindow();
+    EXPECT_EQ(byUser, 1);
+}
+
+TEST_F(AppDelegateTest, TheMenuOffersASynchronisationExceptWhileOneRuns) {
+    const QAction& entry = *menu.menu().actions().last();
+    refresh(statusAnswer(1, R"(,"sync_active":1)"), fv2SyncSource::Moved);
+    EXPECT_FALSE(entry.isEnabled());
+    refresh(statusAnswer(1), fv2SyncSource::Moved);
+    EXPECT_TRUE(entry.isEnabled());
+    link.answerToOthers = R"({"result":true})";
+    delegate.menuProxySync();
+    EXPECT_FALSE(entry.isEnabled());
+    settled();
+    EXPECT_TRUE(entry.isEnabled());
+}
+
 //! Its token would not be good any more.
 TEST_F(AppDelegateTest, ARefreshUnderWayWhenTheSessionResignsDoesNotSubscribeItAgain) {
     delegate.applicationDidFinishLaunching(false);
