@@ -49,6 +49,7 @@ class NotificationsTest(unittest.TestCase):
         self.desktop.tray_item().choose("Open window")
         main = self.desktop.screen.window(self.agent.pid)
         main.minimise()
+        wait_until(lambda: self.desktop.tray_item().menu()[0].label == "Open window", "the agent to know it")
         self.service.send("state 3")
         title = "Your password is needed for encryption"
         self.assertEqual(self.shown(1), [(0, title)])
