@@ -160,6 +160,7 @@ void FV2Agent::announce() {
     QObject::connect(&m_delegate, &AppDelegate::syncOfUserFailed, &m_announcer, &FV2Announcer::userSyncFailed);
     QObject::connect(&m_delegate, &AppDelegate::passwordKeptShut, &m_announcer, &FV2Announcer::passwordWindowKeptShut);
     QObject::connect(&m_delegate, &AppDelegate::trayMissing, &m_announcer, &FV2Announcer::setTrayMissing);
+    m_doNotDisturb.onChange([this] { m_announcer.look(); });
     for (const auto back : {&FV2LoginSession::becameActive, &FV2LoginSession::unlocked})
         QObject::connect(&m_session, back, &m_announcer, &FV2Announcer::look);
     QObject::connect(&m_announcer, &FV2Announcer::windowWanted, &m_delegate, [this](const QString& token) {

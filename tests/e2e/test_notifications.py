@@ -49,6 +49,7 @@ class NotificationsTest(unittest.TestCase):
         self.desktop.tray_item().choose("Open window")
         main = self.desktop.screen.window(self.agent.pid)
         main.minimise()
+        wait_until(lambda: self.desktop.tray_item().menu()[0].label == "Open window", "the agent to know it")
         self.service.send("state 3")
         title = "Your password is needed for encryption"
         self.assertEqual(self.shown(1), [(0, title)])
@@ -75,5 +76,4 @@ class NotificationsTest(unittest.TestCase):
         time.sleep(1)
         self.assertEqual(self.server.shown(), [])
         self.server.set_inhibited(False)
-        self.tell("progress 1")
         self.assertEqual(self.shown(1)[0][1], FINISHED, "later, as it still holds")

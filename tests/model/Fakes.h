@@ -123,6 +123,7 @@ struct FakeInterface : FV2ApplicationDelegate, FV2WindowRegistry {
                  content.informativeText + "|";
         for (const std::string& button : content.buttons)
             calls += button + "|";
+        calls += content.note;
         chooseFirstButton = std::move(onFirstButton);
     }
     void confirmPostponement(fv2Window kind) override { calls += "postpone " + std::to_string(static_cast<int>(kind)); }
@@ -166,7 +167,8 @@ struct Model : testing::Test {
                 .bindAgainAfter = std::chrono::milliseconds(20),
                 .doNotDisturb = [this] { return interface.silence; },
                 .whenQuietIsKnown = [this](auto job) { quietIsKnown ? job() : whenQuietIsKnown.push_back(job); },
-                .passwords = &passwords},
+                .passwords = &passwords,
+                .timeFromNow = [](std::int64_t minutes) { return "in " + std::to_string(minutes); }},
             501);
         made->setAppDelegate(interface);
         made->setWndDelegate(&interface);
