@@ -57,6 +57,9 @@ public:
     //! reaches the model any more.
     void unsubscribeAtExit();
 
+    //! Whether the user can see a window, whose progress then moves more often.
+    void setWatched(bool watched) { m_unprompted.setWatched(watched); }
+
     //! Shows the state; carries out the action that has become due when `checkAction` and the source allow it.
     void updateFromModel(bool checkAction, fv2SyncSource syncSource);
 
@@ -69,6 +72,8 @@ public:
 
     //! Lets the password window come back after the time that the policy gives; not at all when that is none.
     void postponePasswordDialog(bool encrypt);
+
+    [[nodiscard]] bool isPasswordPostponed() const { return m_prompt.isPostponed(); }
 
     //! Checks a password on a worker and, if it is right, hands it to the service on another. Takes it in any case.
     void submitPassword(std::string userName, SecretText password, FV2PasswordAsker asker) {
