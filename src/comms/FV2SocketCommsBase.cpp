@@ -14,6 +14,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <system_error>
 
 namespace fv2 {
 
@@ -62,6 +63,7 @@ bool FV2SocketCommsBase::createConnection() {
 bool FV2SocketCommsBase::connectWithin(const Deadline& deadline) {
     closeSocket();
     const ListeningPlace place(m_path);
+    m_failure = (place.owner() ? "no socket is at " : "nobody listens at ") + m_path;
     m_metStranger = place.owner() && refusesStranger(place.owner());
     if (m_metStranger || !place.isSocket())
         return false;
@@ -70,8 +72,10 @@ bool FV2SocketCommsBase::connectWithin(const Deadline& deadline) {
         m_metStranger = refusesStranger(peerOf(sock.get()));
         if (!m_metStranger)
             return true;
-    } else if (sock && errno == ENOENT) {
-        reportOnce("connect by /proc", "can't connect to " + m_path + ": /proc is not mounted");
+    } else if (const int error = errno; sock) {
+        m_failure = "can't connect to " + m_path + ": " + std::generic_category().message(error);
+        if (error == ENOENT)
+            reportOnce("connect by /proc", "can't connect to " + m_path + ": /proc is not mounted");
     }
     closeSocket();
     return false;
@@ -82,6 +86,7 @@ bool FV2SocketCommsBase::refusesStranger(std::optional<uid_t> uid) {
         return false;
     const std::string what =
         "refused a stranger at " + m_path + ", uid:" + (uid ? std::to_string(*uid) : std::string("unknown"));
+    m_failure.clear();
     log(FV2LoggingLevel::error, {"createConnection() " + what});
     reportStrangerOnce(what, what);
     return true;
@@ -107,6 +112,7 @@ std::string FV2SocketCommsBase::exchangeOnce(std::string_view text) {
         return {};
     }
     logTrace("createConnection() socket:", sock.get());
+    m_failure = "no reply from " + m_path;
     std::optional<std::string> reply;
     if (send(sock.get(), text) == static_cast<ssize_t>(text.size()))
         reply = receiveWithin(sock.get(), deadline);

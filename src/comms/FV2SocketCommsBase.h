@@ -42,6 +42,8 @@ public:
     //! One exchange; tried again while the reply is empty. Empty after the last attempt, at once for an empty text, a
     //! stranger or a raised stop signal.
     [[nodiscard]] std::string sendAndReceive(std::string_view text);
+    //! Why the last attempt had no reply, for the administrator; empty for a stranger, who was reported.
+    [[nodiscard]] const std::string& failure() const { return m_failure; }
 
     //! Makes the listening socket, replacing a stale socket file; its mode becomes 644. False when the path can't be
     //! had.
@@ -101,6 +103,7 @@ private:
     CommsTimeouts m_timeouts;
     std::shared_ptr<const StopSignal> m_stop;
     bool m_metStranger = false;
+    std::string m_failure;
     IncomingConnections m_incoming;
 
     bool connected = false;

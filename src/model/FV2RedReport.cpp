@@ -10,9 +10,12 @@ namespace fv2 {
 
 namespace {
 
+//! By which the journal finds these lines, whatever the language.
+constexpr std::string_view kMessageId = "dbadef985227494dae8046ea946803d0";
 constexpr std::chrono::hours kAgain{1};
 //! Between two lines, whatever the service says.
 constexpr std::chrono::seconds kLeastPause{10};
+constexpr std::size_t kMost = 2000; //!< bytes
 
 } // namespace
 
@@ -21,14 +24,19 @@ void FV2RedReport::update(const FV2AppState& state, std::chrono::steady_clock::t
     for (const FV2StatusMesssageListItem& message : state.statusMessageList)
         if (message.statusType == fv2StatusStateType::Red)
             reason += (reason.empty() ? "" : "; ") + message.Title + ": " + scanTags(message.Text).text;
-    if (reason.empty() || state.overallState != fv2StatusStateType::Red)
+    if (reason.empty() || state.overallState != fv2StatusStateType::Red) {
+        m_told.clear();
         return;
+    }
     const auto since = m_when ? now - *m_when : kAgain;
     if (since < kLeastPause || (reason == m_told && since < kAgain))
         return;
     m_told = reason;
     m_when = now;
-    systemLog(fv2SystemLogType::error, escapedForLog("The status is red. " + reason));
+    systemLog(fv2SystemLogType::error,
+              escapedForLog("The status is red (state " + std::to_string(state.serviceState) + "). " +
+                            reason.substr(0, kMost)),
+              kMessageId);
 }
 
 } // namespace fv2

@@ -5,6 +5,7 @@
 #include "comms/FV2Records.h"
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
+#include "logging/SystemReport.h"
 
 #include <utility>
 
@@ -15,6 +16,16 @@ namespace {
 //! How many refreshes of each source run at a time, in the order of the sources. Two for notifications, so that one may
 //! hang; one for each other source, to leave workers to the user.
 constexpr std::array<int, 5> kMaxConcurrent{1, 1, 2, 1, 1};
+
+//! Tells why an answer to get_status is no status.
+void reportRefusal(const DecodedStatus& status) {
+    const auto error = status.response ? status.response->error_code : std::nullopt;
+    if (error == 0)
+        return;
+    const std::string what = error ? "The service answers get_status with error " + std::to_string(*error)
+                                   : "No status is in the service's answer to get_status";
+    reportStrangerOnce(what, what);
+}
 
 } // namespace
 
@@ -78,6 +89,8 @@ void FV2RefreshCycle::start(Lane& lane, const FV2RefreshOrder& order) {
         const std::string statusReply = service.exchange(getStatusRequest(uid));
         answer.statusAnswered = !statusReply.empty();
         answer.status = FV2JsonParserORM::decodeStatus(statusReply);
+        if (answer.statusAnswered)
+            reportRefusal(answer.status);
         logRelease("_updateStatus() out. (result = ", answer.status.result.ok, ")");
         logRelease("syncCommsAsync -> called syncCommsDirect()");
         return answer;

@@ -3,17 +3,26 @@
 #include "model/FV2SocketServiceClient.h"
 
 #include "comms/FV2ServiceSocketComms.h"
+#include "logging/SystemReport.h"
 
 namespace fv2 {
 
 std::string FV2SocketServiceClient::exchange(std::string_view request) {
-    return m_stop->isRaised() ? std::string() : FV2ServiceSocketComms(m_stop).sendAndReceive(request);
+    return ask(request, PeerPolicy::rootOrSelf());
 }
 
 std::string FV2SocketServiceClient::exchangeSecret(const SecretText& request) {
-    const PeerPolicy trusted = m_credentialsToRootOnly ? PeerPolicy::rootOnly() : PeerPolicy::rootOrSelf();
-    return m_stop->isRaised() ? std::string()
-                              : FV2ServiceSocketComms(m_stop, {}, trusted).sendAndReceive(request.text());
+    return ask(request.text(), m_credentialsToRootOnly ? PeerPolicy::rootOnly() : PeerPolicy::rootOrSelf());
+}
+
+std::string FV2SocketServiceClient::ask(std::string_view request, const PeerPolicy& trusted) {
+    if (m_stop->isRaised())
+        return {};
+    FV2ServiceSocketComms comms(m_stop, {}, trusted);
+    std::string reply = comms.sendAndReceive(request);
+    if (reply.empty() && !m_stop->isRaised() && !comms.failure().empty())
+        reportOnce(comms.failure(), "The service can't be reached: " + comms.failure());
+    return reply;
 }
 
 std::string FV2SocketServiceClient::farewell(std::string_view request) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/StopSignal.h"
+#include "comms/PeerPolicy.h"
 #include "model/ports/FV2ServiceClient.h"
 
 #include <memory>
@@ -22,6 +23,8 @@ public:
     void cancel() override { m_stop->raise(); }
 
 private:
+    [[nodiscard]] std::string ask(std::string_view request, const PeerPolicy& trusted);
+
     const bool m_credentialsToRootOnly;
     std::shared_ptr<const StopSignal> m_stop = std::make_shared<const StopSignal>();
 };

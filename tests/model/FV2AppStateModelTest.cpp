@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "Fakes.h"
+#include "support/SystemLogLines.h"
 
 #include <sys/prctl.h>
 
@@ -71,6 +72,29 @@ TEST_F(Model, ShowsAnAlertOnlyWhenAskedForAndOnTheOpenMainWindow) {
         }
     }
     EXPECT_EQ(refresh(statusAnswer(6), User, true, true), "");
+}
+
+TEST_F(Model, TellsTheAdministratorWhyTheLightIsRedButNotAllTheTime) {
+    const auto told = [&](const std::string& answer, std::chrono::milliseconds pause = 10s) {
+        timers.advance(pause);
+        static_cast<void>(takenSystemLog());
+        refresh(answer, Moved);
+        return takenSystemLog();
+    };
+    const std::string broken = "The status is red (state 0). ORM_SM_BADCONFIG %1: ORM_SM_BADFCONFIG %1\n";
+    const std::string unreachable = "The status is red (state -1). ALERT_TITLE_COMMS %1: ALERT_ERROR_COMMS %1\n";
+    EXPECT_EQ(told(statusAnswer(0)), broken);
+    EXPECT_EQ(told(statusAnswer(0)), "");
+    EXPECT_EQ(told(statusAnswer(1)), "") << "yellow";
+    EXPECT_EQ(told(statusAnswer(0)), broken) << "red again";
+    EXPECT_EQ(told(""), unreachable);
+    EXPECT_EQ(told(statusAnswer(0), 1s), "") << "too soon";
+    EXPECT_EQ(told(statusAnswer(0), 1h), broken);
+    EXPECT_EQ(told(statusAnswer(0), 1h), broken) << "still";
+    const std::string refusal = R"({"result":false,"error_code":254})";
+    EXPECT_EQ(told(refusal), "The service answers get_status with error 254\n" + unreachable);
+    EXPECT_EQ(told("{"), "No status is in the service's answer to get_status\n");
+    EXPECT_EQ(told(refusal, 1h), unreachable) << "each cause once";
 }
 
 TEST_F(Model, SynchronisesOneAtATimeAndTakesTheServicesNextWordForTheUsers) {
