@@ -22,7 +22,7 @@ constexpr const char* kIdentifier = "fv2-agent";
 constexpr const char* kJournal = "/run/systemd/journal/socket";
 //! As long as no line takes that is not interrupted.
 constexpr std::chrono::milliseconds kStall{20};
-constexpr std::chrono::seconds kPause{1};
+constexpr std::chrono::seconds kJournalPause{1};
 
 int priority(fv2SystemLogType type) {
     switch (type) {
@@ -78,7 +78,7 @@ void systemLog(fv2SystemLogType type, const std::string& text, std::string_view 
     if (send == nullptr || !tellJournal(send, priority(type), text, messageId))
         ::syslog(priority(type), "%s", text.c_str());
     if (const Clock::time_point end = Clock::now(); end - begin >= kStall)
-        pauseEnds = end + kPause;
+        pauseEnds = end + kJournalPause;
 }
 
 } // namespace fv2

@@ -18,8 +18,8 @@ FAILED, FINISHED = "Synchronization did not succeed", "Your disk is encrypted"
 
 
 class NotificationsTest(unittest.TestCase):
-    def start(self, *lines, **server):
-        self.desktop = self.enterContext(Desktop(window_manager=True))
+    def start(self, *lines, panel="light", **server):
+        self.desktop = self.enterContext(Desktop(panel=panel, window_manager=True))
         self.server = NotificationServer(self.desktop, **server)
         self.service = start_service(self.desktop, *lines)
         self.agent = start_agent(self.desktop)
@@ -77,3 +77,14 @@ class NotificationsTest(unittest.TestCase):
         self.assertEqual(self.server.shown(), [])
         self.server.set_inhibited(False)
         self.assertEqual(self.shown(1)[0][1], FINISHED, "later, as it still holds")
+
+    def test_without_a_tray_a_user_is_told_once_where_the_agent_is(self):
+        self.start("state 6", panel=None)
+        stamp = self.desktop.home / ".local/state/fv2-agent/told-where-without-tray"
+        self.assertFalse(stamp.exists())
+        wait_until(self.server.shown, "where it is found", 20)
+        wait_until(stamp.exists, "it to be remembered")
+        self.agent.stop()
+        self.agent = start_agent(self.desktop)
+        time.sleep(12)
+        self.assertEqual(len(self.server.shown()), 1, self.server.shown())

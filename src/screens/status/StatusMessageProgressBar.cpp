@@ -12,6 +12,7 @@ namespace {
 constexpr int kBarHeight = 8;
 constexpr int kBarLength = 60; //!< at least
 constexpr int kRestAlpha = 38;
+constexpr QMargins kRoom{3, 5, 3, 3};
 
 } // namespace
 
@@ -30,13 +31,13 @@ void StatusMessageProgressBar::setColours(const QColor& done, const QColor& behi
 }
 
 QSize StatusMessageProgressBar::sizeHint() const {
-    return {kBarLength, kBarHeight};
+    return QSize(kBarLength, kBarHeight).grownBy(kRoom);
 }
 
 void StatusMessageProgressBar::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF whole = rect();
+    const QRectF whole = rect().marginsRemoved(kRoom);
     QPainterPath outline;
     outline.addRoundedRect(whole, whole.height() / 2, whole.height() / 2);
     painter.setClipPath(outline);
