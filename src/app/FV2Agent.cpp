@@ -134,6 +134,7 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
                      &AppDelegate::applicationWillTerminate);
     QObject::connect(&m_appearance, &FV2Appearance::changed, &m_delegate, [this] { onAppearanceChanged(); });
     QObject::connect(&m_wndDelegate, &FV2WindowDelegate::firstWindow, &m_delegate, [this] {
+        m_strings.installForWindows();
         QApplication::setWindowIcon(m_images.imageNamed(QStringLiteral("orm_menu_icon")));
         m_hasWindows = true;
         m_appearance.dressApplication(windowPalette);

@@ -3,6 +3,8 @@
 #include "platform/FV2QtStrings.h"
 
 #include <QFile>
+#include <QGuiApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 
 namespace fv2 {
@@ -36,6 +38,14 @@ FV2QtStrings::FV2QtStrings(const QStringList& languages, const QString& folder)
     static_cast<void>(m_english.load(tablePath(folder, QStringLiteral("en"))));
     if (m_language != QStringLiteral("en"))
         static_cast<void>(m_preferred.load(tablePath(folder, m_language)));
+}
+
+void FV2QtStrings::installForWindows() {
+    const QLocale locale(m_language);
+    if (m_ofQt.load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
+                    QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&m_ofQt);
+    QGuiApplication::setLayoutDirection(locale.textDirection());
 }
 
 std::string FV2QtStrings::localizedString(const std::string& identifier) const {

@@ -20,12 +20,17 @@ public:
 
     [[nodiscard]] std::string localizedString(const std::string& identifier) const override;
 
+    //! For windows: Qt's own texts, which screen readers say, in that language if Qt's tables are installed; and rows
+    //! that run as the language does. Once; main thread.
+    void installForWindows();
+
     //! The language that was found, "en" when none was.
     [[nodiscard]] const QString& language() const { return m_language; }
 
 private:
     QTranslator m_english;
     QTranslator m_preferred;
+    QTranslator m_ofQt;
     QString m_language;
 };
 

@@ -19,6 +19,7 @@ from desktop import Desktop
 from tray import ITEM, WATCHER, tray_items
 from waiting import wait_until
 
+BLUE_SQUARE = '<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><path fill="#00f" d="M0 0h9v9H0z"/></svg>'
 FIRST_PAINT = "FV2Window first paint"
 
 
@@ -48,6 +49,16 @@ class TrayTest(unittest.TestCase):
             notify(b'{ "command": "status_changed" }')
             self.follow(item, "red", "after the service has gone")
             self.assertTrue(agent.running())
+
+    def test_a_theme_can_have_icons_of_its_own(self):
+        with Desktop() as desktop:
+            icon = desktop.home / ".local/share/icons/hicolor/scalable/status/org.fv2agent.Agent-status-alert.svg"
+            icon.parent.mkdir(parents=True)
+            icon.write_text(BLUE_SQUARE, encoding="utf-8")
+            start_agent(desktop)
+            item = desktop.tray_item()
+            wait_until(lambda: desktop.shown_colour() == "blue", "the theme's icon")
+            self.assertEqual(item.icon_colour(), "red", "ours, for a panel that has no such icon")
 
     def test_an_unchanged_status_leaves_the_tray_alone(self):
         with Desktop() as desktop:

@@ -4,6 +4,7 @@
 
 #include "support/TemporaryFolder.h"
 
+#include <QGuiApplication>
 #include <gtest/gtest.h>
 
 namespace fv2::test {
@@ -39,6 +40,21 @@ TEST(QtStrings, FallsBackToEnglishAndThenToTheIdentifier) {
 
     std::ofstream(folder / "fv2-agent_en.qm") << "not a table";
     EXPECT_EQ(FV2QtStrings({}, QString::fromStdString(folder.path())).localizedString("IDUS_UNKNOWN"), "IDUS_UNKNOWN");
+}
+
+TEST(QtStrings, BringsWindowsTheTextsOfQtAndTheDirectionOfTheLanguage) {
+    const TemporaryFolder folder;
+    for (const std::string language : {"ar", "de"})
+        std::filesystem::copy_file(STRING_TABLES "/fv2-agent_en.qm", folder / ("fv2-agent_" + language + ".qm"));
+    const auto cancel = [] { return QCoreApplication::translate("QPlatformTheme", "Cancel").toStdString(); };
+    for (const auto& [language, direction, text] :
+         {std::tuple{"ar-EG", Qt::RightToLeft, "ألغِ"}, {"de-AT", Qt::LeftToRight, "Abbrechen"}}) {
+        FV2QtStrings strings({QString::fromUtf8(language)}, QString::fromStdString(folder.path()));
+        EXPECT_EQ(cancel(), "Cancel") << "not before there is a window";
+        strings.installForWindows();
+        EXPECT_EQ(cancel(), text);
+        EXPECT_EQ(QGuiApplication::layoutDirection(), direction);
+    }
 }
 
 } // namespace
