@@ -7,10 +7,9 @@
 namespace fv2::test {
 namespace {
 
-using enum fv2Announcement;
-
 //! What a whole day of one user is told, line by line: what happens, and what follows from it.
 TEST(Announcements, TellEachThingOnceWhileItHoldsAndNobodySeesIt) {
+    using enum fv2Announcement;
     struct Step {
         const char* what;
         std::function<void(FV2Announcements&, FV2Announcements::Situation&)> happens;
