@@ -6,6 +6,8 @@
 #include "logging/SystemLog.h"
 #include "resources/FV2TagScanner.h"
 
+#include <algorithm>
+
 namespace fv2 {
 
 namespace {
@@ -13,8 +15,9 @@ namespace {
 //! By which the journal finds these lines, whatever the language.
 constexpr std::string_view kMessageId = "dbadef985227494dae8046ea946803d0";
 constexpr std::chrono::hours kAgain{1};
-//! Between two lines, whatever the service says.
+//! Whatever the service says, five lines at once and then one in ten seconds.
 constexpr std::chrono::seconds kLeastPause{10};
+constexpr std::chrono::seconds kMostAhead{40};
 constexpr std::size_t kMost = 2000; //!< bytes
 
 } // namespace
@@ -28,11 +31,11 @@ void FV2RedReport::update(const FV2AppState& state, std::chrono::steady_clock::t
         m_told.clear();
         return;
     }
-    const auto since = m_when ? now - *m_when : kAgain;
-    if (since < kLeastPause || (reason == m_told && since < kAgain))
+    if ((reason == m_told && now - m_when < kAgain) || m_paidUntil > now + kMostAhead)
         return;
     m_told = reason;
     m_when = now;
+    m_paidUntil = std::max(m_paidUntil, now) + kLeastPause;
     systemLog(fv2SystemLogType::error,
               escapedForLog("The status is red (state " + std::to_string(state.serviceState) + "). " +
                             reason.substr(0, kMost)),

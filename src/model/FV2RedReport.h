@@ -5,7 +5,6 @@
 #include "model/FV2AppState.h"
 
 #include <chrono>
-#include <optional>
 #include <string>
 
 namespace fv2 {
@@ -17,8 +16,9 @@ public:
     void update(const FV2AppState& state, std::chrono::steady_clock::time_point now);
 
 private:
-    std::string m_told; //!< the last reason
-    std::optional<std::chrono::steady_clock::time_point> m_when;
+    std::string m_told; //!< the last reason, while it holds
+    std::chrono::steady_clock::time_point m_when;
+    std::chrono::steady_clock::time_point m_paidUntil; //!< later with every line
 };
 
 } // namespace fv2
