@@ -44,32 +44,14 @@ TEST_F(Settings, AreStrictAtEveryMistakeAndSayWhereItIs) {
     EXPECT_EQ(reads("[help]\nhost=\n[credentials]\nrootOnly=true"), " root");
     const std::string good = "[help]\nhost=h\n[credentials]\n"; // three lines
     EXPECT_EQ(reads(good), "h root");
-    for (const std::string mistake : {"[help",
-                                      "[other]",
-                                      "[Credentials]\nrootOnly=false",
-                                      "host=h",
-                                      "[help]\nhost=i",
-                                      "[help]\nHost=h",
-                                      "rootOnly=false\nrootOnly=true",
-                                      "rootonly=true",
-                                      "rootOnly=True",
-                                      "rootOnly=0",
-                                      "rootOnly=no",
-                                      "rootOnly=",
-                                      "rootOnly",
-                                      "rootOnly: false",
-                                      "=",
-                                      "rootOnly=false\n true",
-                                      "rootOnly=false ; true",
-                                      "[help] # true",
-                                      "[help]\nurl=https://h/#i",
-                                      "[help] x",
-                                      "[help]\nurl=http://h",
-                                      "[support]\nurl=https://a b",
-                                      "[log]\nlevels=loud",
-                                      "[log]\ntarget=disk",
-                                      "[ui]\nlanguage=../de",
-                                      "[notifications]\nenabled=yes"}) {
+    // clang-format off
+    for (const std::string mistake : {
+        "[help", "[other]", "[Credentials]\nrootOnly=false", "host=h", "[help]\nhost=i", "[help]\nHost=h",
+        "rootOnly=false\nrootOnly=true", "rootonly=true", "rootOnly=True", "rootOnly=0", "rootOnly=no", "rootOnly=",
+        "rootOnly", "rootOnly: false", "=", "rootOnly=false\n true", "rootOnly=false ; true", "[help] # true",
+        "[help]\nurl=https://h/#i", "[help] x", "[help]\nurl=http://h", "[support]\nurl=https://a b",
+        "[log]\nlevels=loud", "[log]\ntarget=disk", "[ui]\nlanguage=../de", "[notifications]\nenabled=yes"}) {
+        // clang-format on
         const std::string found = reads(good + mistake);
         EXPECT_TRUE(found.starts_with(strict + " agent.conf:4") || found.starts_with(strict + " agent.conf:5"))
             << mistake << ": " << found;
