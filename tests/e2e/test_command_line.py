@@ -99,8 +99,9 @@ class CommandLineTest(unittest.TestCase):
         agent.signal(signal.SIGCONT)
         self.assertEqual(agent.wait(2), 0)
         service.expect("^unsubscribed uid")
-        service.send("fault silent")  # nobody hears the next one's farewell, which takes half a second then
-        start_agent(desktop)
+        start_agent(desktop).expect("updateFromModel syncSource == Startup")
+        service.send("fault silent")  # nobody hears the farewell, which takes half a second then
+        service.expect("^fault silent")
         self.expect(["--quit"], 0, "", "")
         self.assertFalse(listens())
 
