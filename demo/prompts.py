@@ -62,6 +62,7 @@ class Session:
         self.take("dialog-caps-lock", window)
         keyboard.set_caps_lock(False)
         self._dialog.type(TOO_LONG)
+        self._dialog.elements().find(name=self._texts["IDUS_PASSWORDDIALOG_REFUSED"], states=["showing"])
         self.take("dialog-too-long", window)
         self._desktop.screen.press("ctrl+a", "BackSpace")
         self._dialog.type(self._desktop.account.password)

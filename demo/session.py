@@ -6,6 +6,7 @@
 usage: session.py <folder of the two programs>"""
 
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -27,20 +28,20 @@ def show(lines):
 
 
 def run(build):
-    with tempfile.TemporaryDirectory(prefix="fv2-demo-") as settings:
-        return play(build, Path(settings))
+    with tempfile.TemporaryDirectory(prefix="fv2-demo-") as folder:
+        return play(build, Path(folder))
 
 
-def lenient(settings):
-    """An environment in which the agent hands passwords to a service that runs as the user, as the demo's does."""
-    file = settings / "fv2-agent/agent.conf"
-    file.parent.mkdir()
+def lenient(build, folder):
+    """A copy of the agent that hands passwords to a service that runs as the user, as the demo's does."""
+    file = folder / "etc/fv2-agent/agent.conf"
+    file.parent.mkdir(parents=True)
     file.write_text("[credentials]\nrootOnly=false\n", encoding="utf-8")
-    folders = os.environ.get("XDG_CONFIG_DIRS") or "/etc/xdg"
-    return {**os.environ, "XDG_CONFIG_DIRS": f"{settings}:{folders}"}
+    shutil.copytree(build / "pam.d", folder / "pam.d")
+    return shutil.copy(build / "fv2-agent", folder)
 
 
-def play(build, settings):
+def play(build, folder):
     service = subprocess.Popen([build / "fv2-demo-service", "--scenario", "encrypt"], stdout=subprocess.PIPE, text=True)
     running = {service.pid: service}
     try:
@@ -49,7 +50,7 @@ def play(build, settings):
         show([first])
         if not first.startswith("listening on "):
             return service.wait() or 1
-        agent = subprocess.Popen([build / "fv2-agent"], env=lenient(settings))
+        agent = subprocess.Popen([lenient(build, folder)])
         running[agent.pid] = agent
         print(WELCOME, flush=True)
         threading.Thread(target=show, args=(service.stdout,), daemon=True).start()

@@ -62,7 +62,7 @@ def walk(build, pictures, panel):
             step.act(player)
             wait_until(lambda: item.icon_colour() == step.colour, f"a {step.colour} icon when {step.about}")
             title = player.says(step.overall)
-            wait_until(lambda: item.tooltip().endswith(title), f"the tooltip '{title}' when {step.about}")
+            wait_until(lambda: title in item.tooltip(), f"the tooltip '{title}' when {step.about}")
             wait_until(lambda: desktop.shown_colour(desktop.TRAY) == step.colour, f"the panel to show {step.colour}")
             time.sleep(0.3)  # what has been decided still has to be painted
             picture = pictures / f"{panel}-{number:02}-{step.name}.png"

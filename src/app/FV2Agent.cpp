@@ -36,11 +36,29 @@ std::filesystem::path besideProgram(const char* folder) {
     return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()) / folder;
 }
 
+QStringList wantedLanguages(const std::string& ofAdministrator) {
+    QStringList languages = FV2QtStrings::preferredLanguages();
+    if (!ofAdministrator.empty())
+        languages.prepend(QString::fromStdString(ofAdministrator));
+    return languages;
+}
+
+//! Does what brings a window to the front, which a Wayland compositor allows for the token.
+void withActivationToken(const QString& token, const std::function<void()>& deed) {
+    // Read by Qt when it next asks the compositor.
+    if (!token.isEmpty() && isWaylandClient())
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    deed();
+    qunsetenv("XDG_ACTIVATION_TOKEN"); // an unused one is of no use later
+}
+
 } // namespace
 
-FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
+FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals, FV2Settings settings)
     : m_application(application)
-    , m_strings(FV2QtStrings::preferredLanguages())
+    , m_settings(std::move(settings))
+    , m_support{m_settings.supportName, m_settings.supportPhone, m_settings.supportUrl}
+    , m_strings(wantedLanguages(m_settings.uiLanguage))
     , m_trayItem(m_images, m_strings)
     , m_menu(m_strings)
     , m_passwords(besideProgram("pam.d"))
@@ -52,29 +70,45 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals)
                   .wndDelegate = m_wndDelegate,
                   .menuBarStatusItem = m_trayItem,
                   .menu = m_menu,
-                  .quit = [] { QCoreApplication::exit(); }}) {
+                  .quit = [] { QCoreApplication::exit(); }})
+    , m_announcer({.appModel = *m_appModel,
+                   .wndDelegate = m_wndDelegate,
+                   .notifier = m_notifications,
+                   .strings = m_strings,
+                   .isQuiet = [this] { return !m_session.isInFront() || m_doNotDisturb.isOn(); },
+                   .support = m_support,
+                   .isEnabled = m_settings.notificationsEnabled}) {
     // Panels show the application's name where they list their items; window titles end with the other one.
     QCoreApplication::setApplicationName(translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     QGuiApplication::setApplicationDisplayName(QCoreApplication::applicationName());
     m_appModel->setWndDelegate(&m_wndDelegate);
     onAppearanceChanged();
     followDesktop(signals);
+    announce();
 }
 
 std::unique_ptr<FV2AppStateModel> FV2Agent::makeModel() {
     OxTranslatedString::setApplicationBundle(m_strings);
     NxDesign::setResource(designPropertyList);
     return std::make_unique<FV2AppStateModel>(
-        FV2ModelPorts{.dispatch = m_dispatch,
-                      .timers = m_timers,
-                      .service = m_service,
-                      .strings = m_strings,
-                      .mediumDate = mediumDate,
-                      .computerName = computerName(),
-                      .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
-                      .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
-                      .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
-                      .passwords = &m_passwords},
+        FV2ModelPorts{
+            .dispatch = m_dispatch,
+            .timers = m_timers,
+            .service = m_service,
+            .strings = m_strings,
+            .mediumDate = mediumDate,
+            .computerName = computerName(),
+            .makeAppSocket = [] { return std::make_unique<FV2AppSocketComms>(); },
+            .doNotDisturb = [this] { return m_doNotDisturb.isOn(); },
+            .whenQuietIsKnown = [this](auto job) { m_doNotDisturb.whenKnown(std::move(job)); },
+            .passwords = &m_passwords,
+            .timeFromNow =
+                [this](std::int64_t minutes) {
+                    return timeFromNow(
+                        minutes,
+                        QString(m_strings.language()).replace(QLatin1Char('_'), QLatin1Char('-')).toStdString());
+                },
+            .support = m_support},
         ::getuid());
 }
 
@@ -88,7 +122,9 @@ FV2AppConfigModel FV2Agent::makeAppConfigModel() const {
         name != nullptr ? *name : translatedText("IDUS_UNKNOWN"),
         ProductModel{.edition = "Business",
                      .typeString = "business",
-                     .helpAddress = helpAddress(m_settings.helpHost, m_strings.language().toStdString())});
+                     .helpAddress = helpAddress(m_settings.helpUrl.empty() ? m_settings.helpHost : m_settings.helpUrl,
+                                                m_strings.language().toStdString()),
+                     .support = m_support});
 }
 
 void FV2Agent::followDesktop(FV2UnixSignals& signals) {
@@ -108,14 +144,33 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
     for (const auto left : {&FV2LoginSession::resigned, &FV2LoginSession::locked})
         QObject::connect(&m_session, left, &m_wndDelegate, &FV2WindowDelegate::forgetPasswords);
     QObject::connect(&m_activation, &FV2DesktopActivation::activated, &m_delegate, [this](const QString& token) {
-        // Read by Qt when it next asks the compositor to bring a window to the front.
-        if (!token.isEmpty() && isWaylandClient())
-            qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
-        m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain());
-        qunsetenv("XDG_ACTIVATION_TOKEN"); // an unused one is of no use later
+        withActivationToken(token,
+                            [this] { m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain()); });
     });
     QObject::connect(&m_activation, &FV2DesktopActivation::synchroniseAsked, &m_delegate, &AppDelegate::menuProxySync);
     QObject::connect(&m_activation, &FV2DesktopActivation::quitAsked, &m_delegate, &AppDelegate::exitApplication);
+}
+
+void FV2Agent::announce() {
+    QObject::connect(&m_delegate, &AppDelegate::stateShown, &m_announcer, [this](const FV2AppState& state) {
+        m_launcherProgress.show(state.percent());
+        m_announcer.look();
+    });
+    QObject::connect(&m_delegate, &AppDelegate::userSynchronises, &m_announcer, &FV2Announcer::userSynchronises);
+    QObject::connect(&m_delegate, &AppDelegate::syncOfUserFailed, &m_announcer, &FV2Announcer::userSyncFailed);
+    QObject::connect(&m_delegate, &AppDelegate::passwordKeptShut, &m_announcer, &FV2Announcer::passwordWindowKeptShut);
+    QObject::connect(&m_delegate, &AppDelegate::trayMissing, &m_announcer, &FV2Announcer::setTrayMissing);
+    m_doNotDisturb.onChange([this] { m_announcer.look(); });
+    for (const auto back : {&FV2LoginSession::becameActive, &FV2LoginSession::unlocked})
+        QObject::connect(&m_session, back, &m_announcer, &FV2Announcer::look);
+    QObject::connect(&m_announcer, &FV2Announcer::windowWanted, &m_delegate, [this](const QString& token) {
+        withActivationToken(token,
+                            [this] { m_delegate.applicationShouldHandleReopen(m_wndDelegate.isAnyWindowMain()); });
+    });
+    QObject::connect(&m_announcer, &FV2Announcer::passwordWanted, &m_delegate,
+                     [this](fv2AppCommand command, const QString& token) {
+                         withActivationToken(token, [this, command] { m_delegate.enterPassword(command); });
+                     });
 }
 
 void FV2Agent::onAppearanceChanged() {

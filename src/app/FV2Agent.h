@@ -8,8 +8,10 @@
 #include "platform/FV2Appearance.h"
 #include "platform/FV2DesktopActivation.h"
 #include "platform/FV2DesktopDispatch.h"
+#include "platform/FV2DesktopNotifications.h"
 #include "platform/FV2DoNotDisturb.h"
 #include "platform/FV2Images.h"
+#include "platform/FV2LauncherProgress.h"
 #include "platform/FV2LoginSession.h"
 #include "platform/FV2PamPassword.h"
 #include "platform/FV2QtStrings.h"
@@ -18,6 +20,7 @@
 #include "platform/FV2UnixSignals.h"
 #include "screens/FV2ScreenFactory.h"
 #include "shell/AppDelegate.h"
+#include "shell/FV2Announcer.h"
 
 #include <memory>
 
@@ -26,7 +29,7 @@ namespace fv2 {
 //! All parts of the running agent, built on one another. Main thread only.
 class FV2Agent {
 public:
-    FV2Agent(FV2Application& application, FV2UnixSignals& signals);
+    FV2Agent(FV2Application& application, FV2UnixSignals& signals, FV2Settings settings);
 
     //! Runs until something ends the event loop, and returns its status. `showWindow`: the user wants to see the agent.
     [[nodiscard]] int run(bool showWindow);
@@ -35,10 +38,12 @@ private:
     [[nodiscard]] std::unique_ptr<FV2AppStateModel> makeModel();
     [[nodiscard]] FV2AppConfigModel makeAppConfigModel() const;
     void followDesktop(FV2UnixSignals& signals);
+    void announce();
     void onAppearanceChanged();
 
     FV2Application& m_application;
-    const FV2Settings m_settings = readSettings();
+    const FV2Settings m_settings;
+    const FV2SupportContact m_support;
     FV2QtStrings m_strings;
     FV2Images m_images;
     FV2TrayItem m_trayItem;
@@ -57,6 +62,9 @@ private:
     FV2ScreenFactory m_screens;
     FV2WindowDelegate m_wndDelegate;
     AppDelegate m_delegate;
+    FV2DesktopNotifications m_notifications;
+    FV2LauncherProgress m_launcherProgress;
+    FV2Announcer m_announcer;
 };
 
 } // namespace fv2

@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QPixmapCache>
+#include <QSessionManager>
 
 #include <malloc.h>
 
@@ -26,6 +27,10 @@ FV2Application::FV2Application(int& argc, char** argv)
     // itself goes in the event loop's next turn.
     connect(
         this, &QGuiApplication::lastWindowClosed, this, [] { ::malloc_trim(0); }, Qt::QueuedConnection);
+    // Autostart starts the agent; a copy that a saved session brought back as well would show the first one's window.
+    const auto dontBringBack = [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); };
+    connect(this, &QGuiApplication::commitDataRequest, this, dontBringBack, Qt::DirectConnection);
+    connect(this, &QGuiApplication::saveStateRequest, this, dontBringBack, Qt::DirectConnection);
 }
 
 bool FV2Application::event(QEvent* event) {

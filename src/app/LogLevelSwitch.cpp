@@ -10,10 +10,13 @@
 
 namespace fv2 {
 
-void applyLogLevelSwitch() {
+void applyLogLevelSwitch(const std::string& levels, FV2LogTarget target) {
     const char* list = std::getenv("FV2_LOG_LEVELS");
-    if (list == nullptr)
+    if (list == nullptr) {
+        FV2Logging::shared().setLevels(parseLogLevels(levels).levels);
+        FV2Logging::shared().setTarget(target);
         return;
+    }
     const ParsedLogLevels parsed = parseLogLevels(list);
     for (const std::string& word : parsed.unknownWords)
         std::cerr << "fv2-agent: FV2_LOG_LEVELS: unknown level \"" << escapedForLog(word)

@@ -8,6 +8,7 @@
 #include "logging/FV2Logging.h"
 #include "logging/LogFile.h"
 #include "platform/FV2DesktopActivation.h"
+#include "platform/FV2Settings.h"
 #include "platform/FV2ThisProcess.h"
 #include "platform/FV2UnixSignals.h"
 #include "shell/AppDelegate.h"
@@ -62,7 +63,8 @@ int main(int argc, char* argv[]) {
     fv2::FV2UnixSignals signals;
     fv2::outliveFileSizeLimit();
     fv2::rememberLogFilePath();
-    fv2::applyLogLevelSwitch();
+    const fv2::FV2ExaminedSettings examined = fv2::examineSettings();
+    fv2::applyLogLevelSwitch(examined.settings.logLevels, examined.settings.logTarget);
     fv2::AppDelegate::logBanner();
 
     const bool inBackground = line.command == fv2::FV2Command::RunInBackground;
@@ -79,6 +81,7 @@ int main(int argc, char* argv[]) {
     const bool showWindow =
         line.command == fv2::FV2Command::RunWithWindow || (!inBackground && fv2::launchedByFileManager());
     fv2::FV2Application application(argc, argv);
-    fv2::FV2Agent agent(application, signals);
+    fv2::reportMistakes(examined);
+    fv2::FV2Agent agent(application, signals, examined.settings);
     return ended(agent.run(showWindow));
 }

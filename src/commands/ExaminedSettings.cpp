@@ -7,10 +7,13 @@
 namespace fv2 {
 
 ExaminedSettings examinedSettings() {
-    const FV2Settings settings = readSettings();
-    return {
-        {{"help.host", settings.helpHost}, {"credentials.rootOnly", settings.credentialsToRootOnly ? "true" : "false"}},
-        {}};
+    const FV2ExaminedSettings examined = examineSettings();
+    ExaminedSettings shown;
+    for (const FV2SettingsOrigin& each : examined.origins)
+        shown.origins.emplace_back(each.key, "\"" + each.value + "\" (" + each.from + ")");
+    for (const FV2SettingsMistake& mistake : examined.mistakes)
+        shown.mistakes.push_back(mistake.description());
+    return shown;
 }
 
 } // namespace fv2

@@ -55,6 +55,11 @@ void FV2Logging::setLevels(FV2LoggingLevel levels) {
     _levels = levels;
 }
 
+void FV2Logging::setTarget(FV2LogTarget target) {
+    const SemaphoreHold hold(_semaphore);
+    m_target = target;
+}
+
 void FV2Logging::log(FV2LoggingLevel level, std::initializer_list<FV2LogItem> items, std::string_view separator,
                      std::string_view terminator) {
     if (filtersOutAtOnce(level))
@@ -123,7 +128,10 @@ void FV2Logging::buildLine(std::initializer_list<FV2LogItem> items, std::string_
 void FV2Logging::writeLine() {
     const std::string line = _logString_prefix + _logString_filectx + _logString_content;
     m_console.write(line + "\n");
-    appendToLogFile(logFilePath(), line + _terminatorString);
+    if (m_target != FV2LogTarget::Journal)
+        appendToLogFile(logFilePath(), line + _terminatorString);
+    if (m_target != FV2LogTarget::File)
+        systemLog(_logFileLevel == FV2LoggingLevel::error ? fv2SystemLogType::error : fv2SystemLogType::debug, line);
 }
 
 void FV2Logging::logToSystem(std::string content) {

@@ -4,6 +4,7 @@
 
 #include "base/CountingSemaphore.h"
 #include "logging/Console.h"
+#include "logging/FV2LogTarget.h"
 #include "logging/FV2LoggingLevel.h"
 #include "logging/SystemLog.h"
 
@@ -51,8 +52,10 @@ public:
     static FV2Logging& shared();
 
     void setLevels(FV2LoggingLevel levels);
+    void setTarget(FV2LogTarget target);
 
-    //! Writes one line to standard output and the log file when all bits of `level` are let through.
+    //! Writes one line to standard output and the target, at first the log file, when all bits of `level` are let
+    //! through.
     void log(FV2LoggingLevel level, std::initializer_list<FV2LogItem> items, std::string_view separator,
              std::string_view terminator);
 
@@ -80,6 +83,7 @@ private:
     std::string _logString_prefix;
     std::string _logString_filectx;
     std::string _logString_content;
+    FV2LogTarget m_target = FV2LogTarget::File;
     FV2LoggingLevel _logFileLevel = FV2LoggingLevel::release;
     std::atomic<fv2SystemLogType> _logConsoleLevel = fv2SystemLogType::info;
     std::string _terminatorString;

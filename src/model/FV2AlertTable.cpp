@@ -3,6 +3,7 @@
 #include "model/FV2AlertTable.h"
 
 #include "resources/FV2TagScanner.h"
+#include "resources/FormatText.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -15,15 +16,21 @@ const FV2AlertRow* alertRow(fv2Alert alert) {
     return found == kAlertTable.end() ? nullptr : found;
 }
 
-FV2AlertContent alertContent(const FV2AlertRow& row, std::uint64_t errorCode, const OxStringBundle& strings) {
+FV2AlertContent alertContent(const FV2AlertRow& row, std::uint64_t errorCode, const OxStringBundle& strings,
+                             const FV2AlertNotes& notes) {
     const auto plainText = [&strings](std::string_view identifier) {
         return scanTags(translatedText(identifier, strings)).text;
     };
     FV2AlertContent content{.messageText = plainText(row.title),
                             .informativeText = plainText(row.text),
                             .buttons = {plainText("IDUS_BUTTON_OK")}};
-    if (row.postpones != fv2Window::None)
+    if (row.postpones != fv2Window::None) {
         content.buttons.push_back(plainText("IDUS_BUTTON_CANCEL"));
+        if (!notes.postponement.empty())
+            content.note = formatText(plainText("IDUS_ALERT_ASKED_AGAIN"), {notes.postponement});
+    }
+    if (row.sendsToAdministrator)
+        content.note = notes.support;
     if (errorCode != 0) {
         std::array<char, sizeof " (0x)" + 16> code{};
         std::snprintf(code.data(), code.size(), " (0x%llX)", static_cast<unsigned long long>(errorCode));

@@ -19,8 +19,16 @@ FV2AppState::FV2AppState(const OxStringBundle& strings, std::int64_t realUserId,
 }
 
 void FV2AppState::addStatusMessage(fv2StatusStateType statusType, std::string title, std::string text,
-                                   fv2AppCommand command, bool fromAIS) {
-    statusMessageList.push_back({{}, std::move(title), std::move(text), statusType, command, fromAIS});
+                                   fv2AppCommand command, bool fromAIS, bool sendsToAdministrator,
+                                   std::optional<int> percent) {
+    statusMessageList.push_back(
+        {{}, std::move(title), std::move(text), statusType, command, fromAIS, percent, sendsToAdministrator});
+}
+
+std::optional<int> FV2AppState::percent() const {
+    const auto found = std::ranges::find_if(
+        statusMessageList, [](const FV2StatusMesssageListItem& item) { return item.percent.has_value(); });
+    return found == statusMessageList.end() ? std::nullopt : found->percent;
 }
 
 void FV2AppState::evaluateActionableStatusMessages() {

@@ -6,6 +6,7 @@
 #include "resources/OxTranslatedString.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,9 @@ struct FV2StatusMesssageListItem {
     std::string Text;
     fv2StatusStateType statusType = fv2StatusStateType::Green;
     fv2AppCommand command = fv2AppCommand::NoAction;
-    bool fromAIS = false; //!< from the states table, not the synchronisation message
+    bool fromAIS = false;              //!< from the states table, not the synchronisation message
+    std::optional<int> percent = {};   //!< of the work that the message tells of, 0 to 100
+    bool sendsToAdministrator = false; //!< the text does, so whoever can help is to stand beside it
 
     friend bool operator==(const FV2StatusMesssageListItem&, const FV2StatusMesssageListItem&) = default;
 };
@@ -50,11 +53,15 @@ struct FV2AppState {
     bool syncORMUserInitiated = false;
     fv2AppCommand syncORMUserInitiatedAction = fv2AppCommand::NoAction;
 
+    std::int64_t serviceState = 0;       //!< that the messages are of: -1 without a valid answer, 0 before the first
     std::int64_t encryptionProgress = 0; //!< percent, as the service tells it
     std::int64_t postponeTimeInMins = 0;
 
     void addStatusMessage(fv2StatusStateType statusType, std::string title, std::string text, fv2AppCommand command,
-                          bool fromAIS);
+                          bool fromAIS, bool sendsToAdministrator = false, std::optional<int> percent = {});
+
+    //! How far the service's work on the disk is, while it is at it.
+    [[nodiscard]] std::optional<int> percent() const;
 
     //! Stores the first action in the list; it is required once when it differs from the one stored before.
     void evaluateActionableStatusMessages();

@@ -75,9 +75,11 @@ FV2ProxySync::Ports FV2AppStateModel::proxySyncPorts() {
             .show = [this] { updateFromModel(false, fv2SyncSource::None); },
             .succeeded = [this] { m_appDelegate->proxySyncSucceeded(); },
             .failed =
-                [this](const CommandResult& result, bool alertOnFailure) {
+                [this](const CommandResult& result, fv2SyncSource source, bool alertOnFailure) {
                     if (alertOnFailure)
                         alertOnMainWindow(result);
+                    if (source == fv2SyncSource::User)
+                        m_appDelegate->userSyncFailed();
                     m_unprompted.ask(false); // the service may have forgotten our token
                 },
             .mayAskUnprompted = [this] { return m_unprompted.isOn(); },
@@ -92,6 +94,7 @@ FV2PasswordPrompt::Ports FV2AppStateModel::promptPorts() {
                     m_wndDelegate->openWindow(kind, false);
                     return m_wndDelegate->isOpen(kind);
                 },
+            .isKeptShut = [this](fv2Window kind) { m_appDelegate->passwordWindowKeptShut(kind); },
             .doNotDisturb = [this] { return m_ports.doNotDisturb(); },
             .whenQuietIsKnown =
                 [this](std::function<void()> job) { m_ports.whenQuietIsKnown(whileAlive(m_owner, std::move(job))); }};
@@ -130,9 +133,11 @@ void FV2AppStateModel::finishRefresh(const FV2RefreshOrder& order, const Decoded
     logRelease("ORM - appModel updateFromModel calling UpdateStatusMessages");
     static_cast<void>(jsonParser.UpdateStatusMessages(m_state));
     logRelease("ORM - appModel updateFromModel called UpdateStatusMessages");
+    m_redReport.update(m_state, m_ports.timers.now());
     updateFromModel(order.checkAction, FV2DueAction::effectiveSource(order, m_state));
     if (counts && order.alertOnFailure && !status.result.ok)
         alertOnMainWindow(status.result);
+    m_unprompted.setWorking(m_state.percent().has_value());
     if (m_unprompted.isOn())
         m_unprompted.askLater(jsonParser.state() != kNoValidAnswer && !m_state.commsToken.empty());
     else
@@ -239,7 +244,12 @@ void FV2AppStateModel::doAlert(fv2Window window, std::uint64_t errorCode, fv2Ale
         if (postponed != fv2Window::None && m_wndDelegate->isOpen(postponed))
             m_wndDelegate->confirmPostponement(postponed);
     };
-    m_wndDelegate->showAlert(window, alertContent(*row, errorCode, m_ports.strings),
+    const std::int64_t minutes = m_state.postponeTimeInMins;
+    const FV2AlertNotes notes{.support = m_ports.support.plainText(m_ports.strings),
+                              .postponement = minutes > 0
+                                                  ? m_ports.timeFromNow(FV2PasswordPrompt::longestPostponement(minutes))
+                                                  : std::string()};
+    m_wndDelegate->showAlert(window, alertContent(*row, errorCode, m_ports.strings, notes),
                              whileAlive(m_owner, onFirstButton));
 }
 

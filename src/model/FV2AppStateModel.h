@@ -10,6 +10,7 @@
 #include "model/FV2PasswordHandOver.h"
 #include "model/FV2PasswordPrompt.h"
 #include "model/FV2ProxySync.h"
+#include "model/FV2RedReport.h"
 #include "model/FV2RefreshCycle.h"
 #include "model/FV2UnpromptedRefresh.h"
 #include "model/ports/FV2ApplicationDelegate.h"
@@ -56,6 +57,9 @@ public:
     //! reaches the model any more.
     void unsubscribeAtExit();
 
+    //! Whether the user can see a window, whose progress then moves more often.
+    void setWatched(bool watched) { m_unprompted.setWatched(watched); }
+
     //! Shows the state; carries out the action that has become due when `checkAction` and the source allow it.
     void updateFromModel(bool checkAction, fv2SyncSource syncSource);
 
@@ -68,6 +72,8 @@ public:
 
     //! Lets the password window come back after the time that the policy gives; not at all when that is none.
     void postponePasswordDialog(bool encrypt);
+
+    [[nodiscard]] bool isPasswordPostponed() const { return m_prompt.isPostponed(); }
 
     //! Checks a password on a worker and, if it is right, hands it to the service on another. Takes it in any case.
     void submitPassword(std::string userName, SecretText password, FV2PasswordAsker asker) {
@@ -101,6 +107,7 @@ private:
     FV2RefreshCycle m_refreshes;
     FV2UnpromptedRefresh m_unprompted;
     FV2DueAction m_dueAction;
+    FV2RedReport m_redReport;
     FV2ProxySync m_proxySync;
     FV2PasswordPrompt m_prompt;
     FV2PasswordHandOver m_handOver;

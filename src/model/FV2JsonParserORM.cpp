@@ -7,6 +7,8 @@
 #include "model/FV2TrafficLight.h"
 #include "resources/FormatText.h"
 
+#include <algorithm>
+
 namespace fv2 {
 
 namespace {
@@ -60,17 +62,20 @@ fv2StatusStateType FV2JsonParserORM::UpdateStatusMessages(FV2AppState& model) {
     model.syncORMBlocked = false;
     if (m_state == kAlsoBadConfiguration)
         m_state = kBadConfiguration;
+    model.serviceState = m_state;
 
     for (const FV2_ORM_State& row : kOrmStatesDictionary) {
         if (row.state != m_state)
             continue;
         std::string text = translatedText(row.text, m_strings);
+        std::optional<int> percent;
         if (row.hasPercentage) {
+            percent = static_cast<int>(std::clamp<std::int64_t>(model.encryptionProgress, 0, 100));
             const std::string progress = std::to_string(model.encryptionProgress);
             text = formatText(text, {formatText(translatedText("IDUS_ORM_SM_PERCENT_FMT", m_strings), {progress})});
         }
-        model.addStatusMessage(row.statusType, translatedText(row.title, m_strings), std::move(text), row.command,
-                               true);
+        model.addStatusMessage(row.statusType, translatedText(row.title, m_strings), std::move(text), row.command, true,
+                               row.sendsToAdministrator, percent);
         if (row.command == fv2AppCommand::Initialising_ORM) {
             model.syncORMBlocked = true;
             logRelease("JsonParse_ORM -> UpdateStatusMessages -> will hide proxy sync message due to "
@@ -88,7 +93,7 @@ void FV2JsonParserORM::AddSyncStatusMessage(FV2AppState& model) const {
     model.addStatusMessage(
         fv2StatusStateType::Yellow, translatedText("IDUS_ORM_SM_SYNC", m_strings),
         translatedText(model.syncORMActive ? "IDUS_ORM_SM_SYNC_ACTIVE" : "IDUS_ORM_SM_SYNC_ISSUE", m_strings),
-        model.syncORMActive ? fv2AppCommand::NoAction : fv2AppCommand::ProxySync_ORM, false);
+        model.syncORMActive ? fv2AppCommand::NoAction : fv2AppCommand::ProxySync_ORM, false, !model.syncORMActive);
 }
 
 } // namespace fv2

@@ -33,7 +33,12 @@ void FV2PasswordPrompt::askNow(fv2Window kind) {
 
 bool FV2PasswordPrompt::tryToOpen(fv2Window kind) {
     const Wish wish = m_ports.wish(kind);
-    return wish == Wish::NotWanted || (wish == Wish::Wanted && m_ports.open(kind));
+    if (wish != Wish::Wanted)
+        return wish == Wish::NotWanted;
+    const bool isOpen = m_ports.open(kind);
+    if (!isOpen)
+        m_ports.isKeptShut(kind);
+    return isOpen;
 }
 
 void FV2PasswordPrompt::dropUnwanted() {
@@ -48,7 +53,11 @@ void FV2PasswordPrompt::postpone(fv2Window kind, std::int64_t minutes) {
     m_waiting = kind;
     m_postponed = minutes > 0;
     if (m_postponed)
-        waitFor(std::chrono::minutes(std::min(minutes, kLongestPostponement)));
+        waitFor(std::chrono::minutes(longestPostponement(minutes)));
+}
+
+std::int64_t FV2PasswordPrompt::longestPostponement(std::int64_t minutes) {
+    return std::min(minutes, kLongestPostponement);
 }
 
 void FV2PasswordPrompt::waitFor(std::chrono::minutes delay) {

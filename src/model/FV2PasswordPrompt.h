@@ -28,6 +28,9 @@ public:
         std::function<Wish(fv2Window)> wish;
         //! Opens the window if nothing prevents it; whether it is open now.
         std::function<bool(fv2Window)> open;
+        //! The window is wanted, and another window or the desktop's wish for silence keeps it shut; may be told again
+        //! every minute.
+        std::function<void(fv2Window)> isKeptShut;
         //! Whether the desktop asks for silence, and a way to wait until that is known.
         std::function<bool()> doNotDisturb;
         std::function<void(std::function<void()>)> whenQuietIsKnown;
@@ -46,6 +49,10 @@ public:
     //! Lets the window come back after so many minutes, a year at most, asleep or awake; never for 0 or less. If it
     //! can't open then, tries again every minute.
     void postpone(fv2Window kind, std::int64_t minutes);
+    //! By the user, whose time is not over.
+    [[nodiscard]] bool isPostponed() const { return m_postponed; }
+    //! For how many minutes a postponement of so many holds.
+    [[nodiscard]] static std::int64_t longestPostponement(std::int64_t minutes);
 
 private:
     void askNow(fv2Window kind);

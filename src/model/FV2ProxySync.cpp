@@ -57,7 +57,7 @@ void FV2ProxySync::finish(fv2SyncSource source, bool alertOnFailure, const Comma
     if (source == fv2SyncSource::User)
         m_ports.state.syncORMUserInitiated = false; // no notification follows that could be the user's
     m_ports.show();
-    m_ports.failed(result, alertOnFailure);
+    m_ports.failed(result, source, alertOnFailure);
 }
 
 void FV2ProxySync::syncUnasked() {

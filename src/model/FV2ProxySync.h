@@ -30,7 +30,7 @@ public:
         std::function<void()> show;
         std::function<void()> succeeded;
         //! Has been shown already.
-        std::function<void(const CommandResult&, bool alertOnFailure)> failed;
+        std::function<void(const CommandResult&, fv2SyncSource source, bool alertOnFailure)> failed;
         //! Whether the agent may ask the service for anything by itself.
         std::function<bool()> mayAskUnprompted;
         std::function<bool()> isMainWindowOpen;

@@ -22,14 +22,15 @@ struct FV2_ORM_State {
     std::string_view text;
     fv2StatusStateType statusType;
     bool hasPercentage;
+    bool sendsToAdministrator = false; //!< the text tells its reader to turn to the administrator
 };
 
 // clang-format off
 //! The rows of every state, in the order in which they are shown. A state without a row (6, 10, and any not listed) shows
 //! nothing.
 inline constexpr std::array<FV2_ORM_State, 13> kOrmStatesDictionary{{
-    {-1, fv2AppCommand::RetryComms,       "IDUS_ALERT_TITLE_COMMS",    "IDUS_ALERT_ERROR_COMMS",         fv2StatusStateType::Red,    false},
-    { 0, fv2AppCommand::NoAction,         "IDUS_ORM_SM_BADCONFIG",     "IDUS_ORM_SM_BADFCONFIG",         fv2StatusStateType::Red,    false},
+    {-1, fv2AppCommand::RetryComms,       "IDUS_ALERT_TITLE_COMMS",    "IDUS_ALERT_ERROR_COMMS",         fv2StatusStateType::Red,    false, true},
+    { 0, fv2AppCommand::NoAction,         "IDUS_ORM_SM_BADCONFIG",     "IDUS_ORM_SM_BADFCONFIG",         fv2StatusStateType::Red,    false, true},
     { 1, fv2AppCommand::NoAction,         "IDUS_ORM_SM_NOT_ENCD",      "IDUS_ORM_SM_NOT_ENCD_DESC",      fv2StatusStateType::Yellow, false},
     { 2, fv2AppCommand::NoAction,         "IDUS_ORM_SM_NOT_ENCD",      "IDUS_ORM_SM_NOT_ENCD_DESC",      fv2StatusStateType::Yellow, false},
     { 3, fv2AppCommand::EnterEncPassword, "IDUS_ORM_SM_WANT_ENC",      "IDUS_ORM_SM_WANT_ENC_DESC",      fv2StatusStateType::Red,    false},
@@ -39,8 +40,8 @@ inline constexpr std::array<FV2_ORM_State, 13> kOrmStatesDictionary{{
     { 7, fv2AppCommand::EnterDecPassword, "IDUS_ORM_SM_WANT_DEC",      "IDUS_ORM_SM_WANT_DEC_DESC",      fv2StatusStateType::Yellow, false},
     { 8, fv2AppCommand::Initialising_ORM, "IDUS_ORM_SM_INIT",          "IDUS_ORM_SM_STARTING_DEC",       fv2StatusStateType::Yellow, true },
     { 9, fv2AppCommand::NoAction,         "IDUS_ORM_SM_DECING",        "IDUS_ORM_SM_DECING_DESC",        fv2StatusStateType::Yellow, true },
-    {12, fv2AppCommand::NoAction,         "IDUS_ORM_SM_OTHER_MANAGED", "IDUS_ORM_SM_OTHER_MANAGED_DESC", fv2StatusStateType::Red,    false},
-    {13, fv2AppCommand::NoAction,         "IDUS_ORM_SM_OTHER_MANAGED", "IDUS_ORM_SM_OTHER_MANAGED_DESC", fv2StatusStateType::Red,    false},
+    {12, fv2AppCommand::NoAction,         "IDUS_ORM_SM_OTHER_MANAGED", "IDUS_ORM_SM_OTHER_MANAGED_DESC", fv2StatusStateType::Red,    false, true},
+    {13, fv2AppCommand::NoAction,         "IDUS_ORM_SM_OTHER_MANAGED", "IDUS_ORM_SM_OTHER_MANAGED_DESC", fv2StatusStateType::Red,    false, true},
 }};
 // clang-format on
 

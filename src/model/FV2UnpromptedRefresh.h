@@ -28,17 +28,25 @@ public:
 
     //! Whether notifications can come in.
     void setBound(bool bound);
+    //! Whether the service works on the disk, so that its progress is to move; counts from the next askLater() on.
+    void setWorking(bool working) { m_isWorking = working; }
+    //! Whether the user can see a window.
+    void setWatched(bool watched);
 
     void stop();
     void resume() { m_isOn = true; }
     [[nodiscard]] bool isOn() const { return m_isOn; }
 
 private:
+    [[nodiscard]] std::chrono::milliseconds pause(bool serviceKnowsUs) const;
+
     FV2TimerService& m_timers;
     const std::function<void(bool)> m_refresh;
     const std::function<void()> m_beforeTimed;
     bool m_isOn = true;
     bool m_bound = true;
+    bool m_isWorking = false;
+    bool m_isWatched = false;
     std::unique_ptr<FV2Timer> m_timer;
 };
 

@@ -14,4 +14,12 @@ void openInBrowser(const std::string& address) {
         QDesktopServices::openUrl(url);
 }
 
+void openContact(const std::string& address) {
+    const QUrl url(QString::fromStdString(address), QUrl::StrictMode);
+    const bool isPage = url.scheme() == QStringLiteral("https") && !url.host().isEmpty();
+    const bool isCall = url.scheme() == QStringLiteral("tel") && !url.path().isEmpty();
+    if (url.isValid() && (isPage || isCall))
+        QDesktopServices::openUrl(url);
+}
+
 } // namespace fv2

@@ -10,4 +10,7 @@ namespace fv2 {
 //! Main thread; starts the browser and does not wait for it.
 void openInBrowser(const std::string& address);
 
+//! The same for whom to turn to: pages of https, and "tel:", which the desktop hands to what it has for calls.
+void openContact(const std::string& address);
+
 } // namespace fv2

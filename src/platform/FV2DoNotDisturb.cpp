@@ -32,11 +32,13 @@ FV2DoNotDisturb::FV2DoNotDisturb()
                                              {kXfceChannel, kXfceProperty},
                                              {QStringLiteral("PropertyChanged"), QStringLiteral("PropertyRemoved")},
                                              {kXfceChannel, kXfceProperty}}) {
-    for (const FV2BusValue* const value : {static_cast<FV2BusValue*>(&m_inhibited), &m_xfce})
+    for (const FV2BusValue* const value : {static_cast<FV2BusValue*>(&m_inhibited), &m_xfce}) {
         QObject::connect(value, &FV2BusValue::settled, &m_xfce, [this] {
             if (isKnown())
                 call();
         });
+        QObject::connect(value, &FV2BusValue::learnt, &m_xfce, [this] { m_changed(); });
+    }
     QObject::connect(&m_patience, &QTimer::timeout, &m_xfce, [this] { call(); });
     m_patience.setSingleShot(true);
 }

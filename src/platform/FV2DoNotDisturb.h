@@ -23,11 +23,15 @@ public:
     //! once.
     void whenKnown(std::function<void()> job);
 
+    //! Called when it may have changed, as far as desktops tell: GNOME and Cinnamon don't.
+    void onChange(std::function<void()> changed) { m_changed = std::move(changed); }
+
 private:
     [[nodiscard]] bool isKnown() const;
     void call();
 
     std::vector<std::function<void()>> m_whenKnown;
+    std::function<void()> m_changed = [] {};
     QTimer m_patience;
     FV2BusProperty m_inhibited;
     FV2BusValue m_xfce;

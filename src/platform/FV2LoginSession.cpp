@@ -84,6 +84,8 @@ void FV2LoginSession::follow(const QString& owner, const QString& path) {
 void FV2LoginSession::onHintLearnt() {
     if (m_lockedHint->isTrue())
         Q_EMIT locked();
+    else
+        Q_EMIT unlocked();
 }
 
 void FV2LoginSession::onActiveLearnt() {

@@ -16,12 +16,19 @@ class FV2LoginSession : public QObject {
 public:
     FV2LoginSession();
 
+    //! Whether the user can be in front of it, as far as logind knows.
+    [[nodiscard]] bool isInFront() const {
+        return m_isActive.value_or(true) && !(m_lockedHint && m_lockedHint->isTrue());
+    }
+
 Q_SIGNALS:
     // Only changes: the state at the start is not signalled.
     void becameActive();
     void resigned();
     //! The screen is being locked, or has been; often told more than once.
     void locked();
+    //! It is not, or no longer. Lockers that set no hint are not heard of.
+    void unlocked();
 
 private:
     void resolve();

@@ -139,6 +139,9 @@ public:
             m_result = ::pam_acct_mgmt(m_pam, flags);
         if (m_conversation.askedForMore)
             return {fv2PasswordCheck::CannotCheck, "PAM asks for more than a password"};
+        // What PAM answers to rules that it can't read or that include a file which is not there.
+        if (m_result == PAM_PERM_DENIED && !m_conversation.answered)
+            return {fv2PasswordCheck::CannotCheck, "PAM refuses without asking for the password"};
         if (m_result != PAM_SUCCESS)
             return outcomeOf(m_result, passwordWasRight);
         if (!passwordWasRight) // another factor sufficed

@@ -3,9 +3,11 @@
 #include "platform/FV2ThisUser.h"
 
 #include <unicode/datefmt.h>
+#include <unicode/reldatefmt.h>
 #include <unicode/unistr.h>
 
 #include <cerrno>
+#include <cmath>
 #include <cstdlib>
 #include <memory>
 #include <pwd.h>
@@ -49,6 +51,24 @@ std::string mediumDate(std::int64_t secondsSince1970) {
         icu::UnicodeString text;
         format->format(static_cast<UDate>(secondsSince1970) * 1000.0, text).toUTF8String(out);
     }
+    return out;
+}
+
+std::string timeFromNow(std::int64_t minutes, const std::string& language) {
+    constexpr std::int64_t kHour = 60;
+    constexpr std::int64_t kDay = 24 * kHour;
+    const auto [unit, length] = minutes >= 2 * kDay    ? std::pair(UDAT_REL_UNIT_DAY, kDay)
+                                : minutes >= 2 * kHour ? std::pair(UDAT_REL_UNIT_HOUR, kHour)
+                                                       : std::pair(UDAT_REL_UNIT_MINUTE, std::int64_t{1});
+    const double tenths = std::round(10.0 * static_cast<double>(minutes) / static_cast<double>(length));
+    UErrorCode error = U_ZERO_ERROR;
+    const icu::RelativeDateTimeFormatter format(icu::Locale::forLanguageTag(language, error), error);
+    icu::UnicodeString text;
+    // The numeric style: words such as "tomorrow" would be true for a part of a day only.
+    format.formatNumeric(tenths / 10, unit, text, error);
+    std::string out;
+    if (U_SUCCESS(error))
+        text.toUTF8String(out);
     return out;
 }
 

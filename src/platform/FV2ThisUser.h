@@ -14,4 +14,8 @@ namespace fv2 {
 //! the time may hold U+202F. Empty when there is no such date.
 [[nodiscard]] std::string mediumDate(std::int64_t secondsSince1970);
 
+//! How far off a time is, in the words of a language (a BCP 47 tag): "in 60 minutes", from two hours on in hours, from
+//! two days on in days, to a tenth. Empty for what ICU can't say.
+[[nodiscard]] std::string timeFromNow(std::int64_t minutes, const std::string& language);
+
 } // namespace fv2

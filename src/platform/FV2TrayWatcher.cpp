@@ -40,8 +40,10 @@ bool hasOlderTray() {
 
 } // namespace
 
-FV2TrayWatcher::FV2TrayWatcher(std::function<void()> available, std::chrono::milliseconds patience)
+FV2TrayWatcher::FV2TrayWatcher(std::function<void()> available, std::function<void()> missing,
+                               std::chrono::milliseconds patience)
     : m_available(std::move(available))
+    , m_missing(std::move(missing))
     , m_watcher(kTrayService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration) {
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &FV2TrayWatcher::askForHost);
     // From any sender, as it only makes us ask: for a name, Qt would block until the bus names the owner.
@@ -71,6 +73,8 @@ void FV2TrayWatcher::askForHost() {
 void FV2TrayWatcher::acceptOlderTray() {
     if (hasOlderTray())
         becomeAvailable();
+    else
+        m_missing();
 }
 
 void FV2TrayWatcher::becomeAvailable() {

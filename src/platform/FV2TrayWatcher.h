@@ -16,9 +16,11 @@ class FV2TrayWatcher : public QObject {
     Q_OBJECT
 public:
     //! Calls `available` once: as soon as a status notifier host has registered, however late; or after `patience` when
-    //! there is a tray of the older kind instead.
-    explicit FV2TrayWatcher(std::function<void()> available,
-                            std::chrono::milliseconds patience = std::chrono::seconds(10));
+    //! there is a tray of the older kind instead. If there is none by then, `missing` is called, once and before any
+    //! `available`.
+    explicit FV2TrayWatcher(
+        std::function<void()> available, std::function<void()> missing = [] {},
+        std::chrono::milliseconds patience = std::chrono::seconds(10));
 
 private:
     void askForHost();
@@ -30,6 +32,7 @@ private Q_SLOTS:
 
 private:
     std::function<void()> m_available;
+    std::function<void()> m_missing;
     QDBusServiceWatcher m_watcher;
     QTimer m_patience;
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "resources/FV2SupportContact.h"
 #include "resources/FV2WindowColours.h"
 #include "resources/FV2WindowSizes.h"
 
@@ -17,6 +18,7 @@ struct ProductModel {
     std::string edition;
     std::string typeString;
     std::string helpAddress = {}; //!< of the online help; empty when there is none
+    FV2SupportContact support = {};
 };
 
 //! Colours, sizes and images of the windows and their pages, and what the About page says about this computer. Every

@@ -50,9 +50,10 @@ std::string helpLanguageCode(std::string_view localization) {
 }
 
 std::string helpAddress(std::string_view host, std::string_view localization) {
-    if (!isHost(host))
+    const bool isAddress = host.starts_with("https://");
+    if (!isAddress && !isHost(host))
         return {};
-    return "http://" + std::string(host) +
+    return (isAddress ? "" : "http://") + std::string(host) +
            "/getHelp?product=orm_client&version=5&lang=" + helpLanguageCode(localization) + "&topic=index";
 }
 

@@ -11,7 +11,8 @@ namespace fv2 {
 //! does not have. `localization` as in "de" or "pt-BR", with "-" or "_".
 [[nodiscard]] std::string helpLanguageCode(std::string_view localization);
 
-//! Where the online help is; empty when `host` is no host name with or without a port.
+//! Where the online help is. `host` is a host name with or without a port, or an address that begins with https:// and
+//! ends before "/getHelp"; empty when it is neither.
 [[nodiscard]] std::string helpAddress(std::string_view host, std::string_view localization);
 
 } // namespace fv2

@@ -32,7 +32,12 @@ void AppDelegate::logBanner() {
 
 void AppDelegate::applicationDidFinishLaunching(bool launchedByFileManager) {
     showIcon(m_parts.appModel.state());
-    m_trayWatcher.emplace([this] { m_parts.menuBarStatusItem.showInTray(); });
+    m_trayWatcher.emplace(
+        [this] {
+            m_parts.menuBarStatusItem.showInTray();
+            Q_EMIT trayMissing(false);
+        },
+        [this] { Q_EMIT trayMissing(true); });
     m_parts.appModel.runBackgroundThread();
     m_parts.appModel.syncCommsAsync(true, fv2SyncSource::Startup, false);
     if (launchedByFileManager) {
@@ -72,16 +77,18 @@ void AppDelegate::stateChanged(const FV2AppState& state) {
     showIcon(state);
     updateMenu();
     m_parts.wndDelegate.stateChanged(state);
+    Q_EMIT stateShown(state);
 }
 
 void AppDelegate::showIcon(const FV2AppState& state) {
-    m_parts.menuBarStatusItem.show(state.getMenuBarStatusIcon(), state.overallState);
+    m_parts.menuBarStatusItem.show(state.getMenuBarStatusIcon(), state.overallState, state.percent());
 }
 
 //! Hidden windows count as not there: the entry that brings them back has to be offered. So do all windows of a Wayland
 //! client, as nobody tells whether they were minimised.
 void AppDelegate::updateMenu() {
     const FV2WindowDelegate& windows = m_parts.wndDelegate;
+    m_parts.appModel.setWatched(windows.isAnyWindowMain());
     m_parts.menu.update(windows.isOpen(fv2Window::Main) && windows.isAnyWindowMain() && !isWaylandClient(),
                         !m_parts.appModel.state().syncORMActive);
 }
@@ -105,7 +112,14 @@ void AppDelegate::menuHideMainWindow() {
 
 void AppDelegate::menuProxySync() {
     logRelease("StatusBarMenu Proxy Sync");
+    Q_EMIT userSynchronises();
     m_parts.appModel.syncProxyAsync(fv2SyncSource::User, false);
+}
+
+//! A minimised window would take a dialog over it along.
+void AppDelegate::enterPassword(fv2AppCommand command) {
+    m_parts.wndDelegate.showAll(true);
+    m_parts.appModel.performAction(command, true);
 }
 
 void AppDelegate::exitApplication() {

@@ -51,10 +51,24 @@ public:
     //! Shows the state in the tray item, its menu and the windows, in this order.
     void stateChanged(const FV2AppState& state) override;
     void proxySyncSucceeded() override { updateMenu(); }
+    void userSyncFailed() override { Q_EMIT syncOfUserFailed(); }
+    void passwordWindowKeptShut(fv2Window kind) override { Q_EMIT passwordKeptShut(kind); }
 
     void menuShowMainWindow() override;
     void menuHideMainWindow();
     void menuProxySync();
+
+    //! The user wants a password's window, whatever hides it.
+    void enterPassword(fv2AppCommand command);
+
+Q_SIGNALS:
+    //! What has changed is shown.
+    void stateShown(const FV2AppState& state);
+    void userSynchronises();
+    void syncOfUserFailed();
+    void passwordKeptShut(fv2Window kind);
+    //! Some time after the start there is no tray, or one comes after that was told.
+    void trayMissing(bool missing);
 
 private:
     void showIcon(const FV2AppState& state);

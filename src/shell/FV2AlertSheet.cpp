@@ -34,7 +34,8 @@ FV2AlertSheet::FV2AlertSheet(QWidget* window, FV2Alert alert)
     setWindowModality(Qt::WindowModal);
     setWindowTitle(window->windowTitle());
     setAccessibleName(QString::fromStdString(content().messageText));
-    setAccessibleDescription(QString::fromStdString(content().informativeText));
+    const std::string& note = content().note;
+    setAccessibleDescription(QString::fromStdString(content().informativeText + (note.empty() ? "" : "\n" + note)));
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     grid->setHorizontalSpacing(kMargin);
@@ -56,6 +57,8 @@ void FV2AlertSheet::addTexts(QGridLayout& grid) {
     grid.addWidget(icon, 0, 0, 2, 1, Qt::AlignTop);
     grid.addWidget(title, 0, 1);
     grid.addWidget(wrappedText(content().informativeText), 1, 1, Qt::AlignTop);
+    if (!content().note.empty())
+        grid.addWidget(wrappedText(content().note), 2, 1, Qt::AlignTop);
     grid.setRowStretch(1, 1);
 }
 
@@ -72,7 +75,7 @@ void FV2AlertSheet::addButtons(QGridLayout& grid) {
     }
     connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    grid.addWidget(box, 2, 0, 1, 2);
+    grid.addWidget(box, 3, 0, 1, 2);
 }
 
 void FV2AlertSheet::beginModal(bool takesKeyboard) {

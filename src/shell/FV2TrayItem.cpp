@@ -9,12 +9,15 @@
 
 namespace fv2 {
 
-void FV2TrayItem::show(std::string_view imageName, fv2StatusStateType overallState) {
+void FV2TrayItem::show(std::string_view imageName, fv2StatusStateType overallState, std::optional<int> percent) {
     const QString image = QString::fromUtf8(imageName.data(), static_cast<qsizetype>(imageName.size()));
     if (std::exchange(m_imageName, image) != image)
         refreshIcon();
-    const QString toolTip = translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME"), m_strings) + QStringLiteral(": ") +
-                            translated(QString::fromUtf8(lookOf(overallState).title), m_strings);
+    QString toolTip = translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME"), m_strings) + QStringLiteral(": ") +
+                      translated(QString::fromUtf8(lookOf(overallState).title), m_strings);
+    if (percent)
+        toolTip += QStringLiteral(" (") +
+                   translated(QStringLiteral("IDUS_ORM_SM_PERCENT_FMT"), m_strings).arg(*percent) + QLatin1Char(')');
     if (std::exchange(m_toolTip, toolTip) != toolTip && m_icon)
         m_icon->setToolTip(toolTip);
 }

@@ -25,9 +25,9 @@ public:
     //! Before showInTray(): the menu that the tray's host shows, and what a click of the left button does.
     void setMenu(QMenu& menu, std::function<void()> clicked);
 
-    //! Shows the image of that name; the state is for the text beside it. Setting what is shown already does nothing:
-    //! the tray's host would redraw for it.
-    void show(std::string_view imageName, fv2StatusStateType overallState);
+    //! Shows the image of that name; state and percent, if any, are for the text beside it. Setting what is shown
+    //! already does nothing: the tray's host would redraw for it.
+    void show(std::string_view imageName, fv2StatusStateType overallState, std::optional<int> percent = {});
 
     //! Takes the variant of the icons that is made for dark or for light desktops.
     void setDark(bool dark);

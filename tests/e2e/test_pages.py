@@ -25,7 +25,7 @@ class OpenWindow(unittest.TestCase):
         self.desktop = self.enterContext(Desktop(window_manager=True, accessible=True,
                                                  account=self.enterContext(listed_account())))
         self.screen, self.service = self.desktop.screen, start_service(self.desktop, *lines)
-        settings, browser = (self.desktop.folder / name for name in ("xdg/fv2-agent/agent.conf", "bin/xdg-open"))
+        settings, browser = self.desktop.settings, self.desktop.folder / "bin/xdg-open"
         settings.write_text(settings.read_text() + "[help]\nhost=help.intra.example:8080\n", encoding="utf-8")
         browser.parent.mkdir()
         browser.write_text(BROWSER, encoding="utf-8")

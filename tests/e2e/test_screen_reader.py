@@ -42,6 +42,13 @@ class ScreenReaderTest(unittest.TestCase):
             nameless = [element.role() for element in window.find_all(states=["focusable", "showing"])
                         if not element.name()]
             self.assertEqual(nameless, [])
+            service.send("state 5")
+            service.send("progress 42")
+            bar = window.find("progress bar", "Ihre Festplatte wird verschlüsselt", ["showing"])
+            wait_until(lambda: bar.value() == 42, "the progress")
+            service.send("progress 43")
+            wait_until(lambda: bar.value() == 43, "the same bar to go on")
+            service.send("state 6")
             service.send("sync fail")
             link = window.find("link", "Versuchen Sie es erneut", ["focusable", "showing"])
             desktop.screen.press("Tab")

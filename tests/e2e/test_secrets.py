@@ -166,7 +166,7 @@ class SecretsTest(unittest.TestCase):
         for root_only in (True, False):
             with self.subTest(root_only), real_account() as user, Desktop(window_manager=True, account=user) as desktop:
                 if root_only:  # as it is unless something else is said
-                    (desktop.folder / "xdg/fv2-agent/agent.conf").unlink()
+                    desktop.settings.unlink()
                 service = desktop.start([program(desktop, "fv2-demo-service")])
                 service.send("state 3")
                 service.expect("^state 3")

@@ -163,7 +163,8 @@ TEST_F(Model, LetsThePasswordWindowComeBackWhenThePolicySaysUnlessItIsNoLongerWa
         EXPECT_EQ(refresh(answer, Startup), "open " + kind + "; ");
         model->doAlert(window, 0, state == 3 ? fv2Alert::PostponeEncWarning : fv2Alert::PostponeDecWarning);
         EXPECT_EQ(settled(), "alert on " + kind + ": ALERT_TITLE_PASSWORD_WARNING %1|ALERT_WARNING_PASSWORD_POSTPONE_" +
-                                 (state == 3 ? "ENC" : "DEC") + " %1|BUTTON_OK %1|BUTTON_CANCEL %1|");
+                                 (state == 3 ? "ENC" : "DEC") + " %1|BUTTON_OK %1|BUTTON_CANCEL %1|" +
+                                 (comesBack == 0min ? "" : "ALERT_ASKED_AGAIN in " + std::to_string(comesBack / 1min)));
         interface.chooseFirstButton();
         EXPECT_EQ(settled(), "postpone " + kind);
         interface.open = fv2Window::None;
@@ -340,6 +341,17 @@ TEST_F(Model, AsksEveryMinuteWhileNoNotificationCanBeExpectedAndOtherwiseNowAndT
     EXPECT_EQ(asksIn(1ms), 1);
     refresh(statusAnswer(0), Moved);
     EXPECT_EQ(asksIn(9min), 0) << "reached, so its notifications come";
+    EXPECT_EQ(asksIn(1min), 1);
+    refresh(statusAnswer(5), Moved);
+    EXPECT_EQ(asksIn(59s), 0) << "progress that nobody watches";
+    EXPECT_EQ(asksIn(1s), 1);
+    model->setWatched(true);
+    EXPECT_EQ(asksIn(25ms), 1) << "watched from here on";
+    EXPECT_EQ(asksIn(4999ms), 0);
+    EXPECT_EQ(asksIn(1ms), 1);
+    model->setWatched(false);
+    refresh(statusAnswer(6), Moved);
+    EXPECT_EQ(asksIn(9min), 0) << "the work is done";
     EXPECT_EQ(asksIn(1min), 1);
     for (const bool leaves : {false, true}) {
         std::filesystem::create_directory(path);

@@ -106,6 +106,10 @@ struct FakeInterface : FV2ApplicationDelegate, FV2WindowRegistry {
         windows(state);
     }
     void proxySyncSucceeded() override { calls += "menu; "; }
+    void userSyncFailed() override { notes += "sync failed; "; }
+    void passwordWindowKeptShut(fv2Window kind) override {
+        notes += "kept shut " + std::to_string(static_cast<int>(kind)) + "; ";
+    }
     void menuShowMainWindow() override { calls += "show main window; "; }
     bool isOpen(fv2Window kind) const override { return kind == open; }
     void openWindow(fv2Window kind, bool userInitiated) override {
@@ -119,6 +123,7 @@ struct FakeInterface : FV2ApplicationDelegate, FV2WindowRegistry {
                  content.informativeText + "|";
         for (const std::string& button : content.buttons)
             calls += button + "|";
+        calls += content.note;
         chooseFirstButton = std::move(onFirstButton);
     }
     void confirmPostponement(fv2Window kind) override { calls += "postpone " + std::to_string(static_cast<int>(kind)); }
@@ -126,6 +131,7 @@ struct FakeInterface : FV2ApplicationDelegate, FV2WindowRegistry {
     fv2Window open = fv2Window::None;
     bool silence = false; //!< nothing may open by itself
     std::string calls;
+    std::string notes; //!< for notifications
     std::vector<std::string> icons;
     std::function<void(const FV2AppState&)> windows = [](const FV2AppState&) {}; //!< real ones, which follow the state
     std::function<void()> chooseFirstButton;
@@ -161,7 +167,8 @@ struct Model : testing::Test {
                 .bindAgainAfter = std::chrono::milliseconds(20),
                 .doNotDisturb = [this] { return interface.silence; },
                 .whenQuietIsKnown = [this](auto job) { quietIsKnown ? job() : whenQuietIsKnown.push_back(job); },
-                .passwords = &passwords},
+                .passwords = &passwords,
+                .timeFromNow = [](std::int64_t minutes) { return "in " + std::to_string(minutes); }},
             501);
         made->setAppDelegate(interface);
         made->setWndDelegate(&interface);

@@ -62,6 +62,10 @@ TEST_F(PamPassword, TellsInTheLogWhyItWasNotAccepted) {
         {"auth required pam_debug.so auth=user_unknown", "account unknown"},
         {"auth required pam_debug.so auth=authinfo_unavail", "set-up: PAM not available (module error 9)"},
         {"auth required pam_no_such_module.so", "set-up: PAM not available (module error 28)"},
+        {"auth include no-such-stack\naccount include no-such-stack",
+         "set-up: PAM refuses without asking for the password"},
+        {"auth @other-distribution common-auth", "set-up: PAM not available (module error 28)"},
+        {"auth required pam_deny.so\n@include no-such-stack", "set-up: PAM not available (module error 26)"},
     };
     for (const Case& each : table) {
         usePassword("geheim", each.rules);

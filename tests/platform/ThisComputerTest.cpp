@@ -77,6 +77,14 @@ TEST(MediumDate, IsInTheLocaleForTimesWhichTheFirstVariableThatIsSetNames) {
         ::unsetenv(variable);
 }
 
+TEST(TimeFromNow, IsInTheWordsOfALanguageAndInUnitsThatPeopleUse) {
+    EXPECT_EQ(timeFromNow(1, "en"), "in 1 minute");
+    EXPECT_EQ(timeFromNow(60, "en"), "in 60 minutes");
+    EXPECT_EQ(timeFromNow(150, "de"), "in 2,5 Stunden");
+    EXPECT_EQ(timeFromNow(3 * 24 * 60, "de"), "in 3 Tagen");
+    EXPECT_EQ(timeFromNow(22, "pl"), "za 22 minuty");
+}
+
 TEST(AccountName, IsThatOfTheProcessWhateverTheEnvironmentSays) {
     ::setenv("USER", "somebody", 1);
     const passwd* const entry = ::getpwuid(::getuid());

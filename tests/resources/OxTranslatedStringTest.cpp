@@ -19,6 +19,10 @@ std::string warnings;
 // Replaces the C library's: these tests write nothing to the machine's log.
 extern "C" {
 
+int access(const char*, int) { // whether there is a journal
+    return -1;
+}
+
 #if __USE_FORTIFY_LEVEL > 0
 void __syslog_chk(int, int, const char* format, ...) {
 #else

@@ -25,6 +25,8 @@ WITH_PLACEHOLDER = {
     "IDUS_ORM_SM_ENCING_DESC",
     "IDUS_ORM_SM_STARTING_DEC",
     "IDUS_ORM_SM_DECING_DESC",
+    "IDUS_ALERT_ASKED_AGAIN",
+    "IDUS_SUPPORT_CONTACT",
 }
 
 
@@ -37,6 +39,9 @@ def used_identifiers(src):
         for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
             for name in USED.findall(line):
                 used.setdefault(name, f"{path.relative_to(src.parent)}:{number}")
+    for path in sorted((src.parent / "packaging").rglob("*.in")):
+        for name in re.findall(r"@(IDUS_\w+)@", path.read_text(encoding="utf-8")):
+            used.setdefault(name, str(path.relative_to(src.parent)))
     return used
 
 

@@ -194,7 +194,7 @@ class Desktop:
             folder.mkdir(mode=0o700)
         (self.home / "logs").mkdir()
         # The services that are played here run as the user.
-        settings = self.folder / "xdg/fv2-agent/agent.conf"
+        settings = self.settings = self.folder / "installed/etc/fv2-agent/agent.conf"
         settings.parent.mkdir(parents=True)
         settings.write_text("[credentials]\nrootOnly=false\n", encoding="utf-8")
         if self.account:
@@ -207,7 +207,6 @@ class Desktop:
             "HOME": str(self.home),
             "TMPDIR": str(self.folder),
             "XDG_RUNTIME_DIR": str(runtime),
-            "XDG_CONFIG_DIRS": f"{self.folder}/xdg:/etc/xdg",
             "XDG_CONFIG_HOME": str(self.home / ".config"),
             "XDG_CACHE_HOME": str(self.home / ".cache"),
             "XDG_DATA_HOME": str(self.home / ".local/share"),

@@ -153,3 +153,30 @@ def banners(desktop, session, shown):
                                                  encoding="utf-8")
     subprocess.run(["glib-compile-schemas", "--strict", str(schemas)], check=True, timeout=20)
     return {"GSETTINGS_BACKEND": "keyfile", "GSETTINGS_SCHEMA_DIR": str(schemas), "XDG_CURRENT_DESKTOP": session}
+
+
+class NotificationServer(Notifications):
+    """One that shows notifications too, and numbers them from 1; as the real ones it keeps a replaced one's number."""
+
+    def __init__(self, desktop, inhibited=False, capabilities=("body", "body-markup", "actions")):
+        super().__init__(desktop, inhibited)
+        self._desktop = desktop
+        code = "ret = " + repr(list(capabilities))
+        self._tell("AddMethod", self.INTERFACE, "GetCapabilities", "", "as", code)
+        self._tell("AddMethod", self.INTERFACE, "Notify", "susssasa{sv}i", "u", "ret = args[1] or 1")
+        self._tell("AddMethod", self.INTERFACE, "CloseNotification", "u", "", "")
+
+    def _calls(self, method):
+        target = self._bus.get_object(self._own_name, self.PATH, introspect=False)
+        return [arguments for _, name, arguments in target.GetCalls(dbus_interface=MOCK) if name == method]
+
+    def shown(self):
+        """The number that each one replaces, and its title."""
+        return [(int(call[1]), str(call[3])) for call in self._calls("Notify")]
+
+    def closed(self):
+        return [int(call[0]) for call in self._calls("CloseNotification")]
+
+    def choose(self, action, number=1):
+        values = dbus.Array([dbus.UInt32(number), action], signature="v")
+        self._tell("EmitSignal", self.INTERFACE, "ActionInvoked", "us", values)

@@ -91,6 +91,10 @@ class Element:
         bits = int(low) | int(high) << 32
         return {name for number, name in enumerate(STATES) if bits >> number & 1}
 
+    def value(self):
+        """How far a progress bar is."""
+        return float(self._object.Get("org.a11y.atspi.Value", "CurrentValue", dbus_interface=PROPERTIES))
+
     def children(self):
         answer = self._object.GetChildren(dbus_interface=ACCESSIBLE)
         return [Element(self._bus, str(owner), str(path)) for owner, path in answer]

@@ -8,6 +8,7 @@
 #include "model/ports/FV2ServiceClient.h"
 #include "model/ports/FV2TimerService.h"
 #include "model/ports/FV2UserAndPasswordModel.h"
+#include "resources/FV2SupportContact.h"
 #include "resources/OxTranslatedString.h"
 
 #include <chrono>
@@ -34,6 +35,9 @@ struct FV2ModelPorts {
     std::function<void(std::function<void()>)> whenQuietIsKnown = [](const std::function<void()>& job) { job(); };
     //! None in an agent without a password window.
     const FV2UserAndPasswordModel* passwords = nullptr;
+    //! So many minutes from now in the user's language, as "in 60 minutes"; empty where nobody can say it.
+    std::function<std::string(std::int64_t minutes)> timeFromNow = [](std::int64_t) { return std::string(); };
+    FV2SupportContact support = {};
 };
 
 } // namespace fv2

@@ -15,6 +15,7 @@ struct FV2AlertContent {
     std::string messageText;
     std::string informativeText;
     std::vector<std::string> buttons;
+    std::string note = {}; //!< below the text, what is so here and now; may be empty
 
     friend bool operator==(const FV2AlertContent&, const FV2AlertContent&) = default;
 };

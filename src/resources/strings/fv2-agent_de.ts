@@ -351,5 +351,55 @@
         <source>Opens what there is to know about this program and this computer.</source>
         <translation>Öffnet die Angaben zu diesem Programm und diesem Computer.</translation>
     </message>
+
+    <!-- Desktop notifications, and what stands beside texts: the support, and when a prompt comes back, as "in 60 minutes" -->
+    <message id="IDUS_ALERT_ASKED_AGAIN">
+        <source>We will ask again %1.</source>
+        <translation>Wir fragen %1 erneut.</translation>
+    </message>
+    <message id="IDUS_SUPPORT_CONTACT">
+        <source>Support: %1</source>
+        <translation>Support: %1</translation>
+    </message>
+    <message id="IDUS_NOTICE_ENCRYPTED">
+        <source>Your disk is encrypted</source>
+        <translation>Ihre Festplatte ist verschlüsselt</translation>
+    </message>
+    <message id="IDUS_NOTICE_ENCRYPTED_DESC">
+        <source>Encryption has finished. Your data is now fully protected.</source>
+        <translation>Die Verschlüsselung ist abgeschlossen. Ihre Daten sind jetzt vollständig geschützt.</translation>
+    </message>
+    <message id="IDUS_NOTICE_DECRYPTED">
+        <source>Your disk is decrypted</source>
+        <translation>Ihre Festplatte ist entschlüsselt</translation>
+    </message>
+    <message id="IDUS_NOTICE_DECRYPTED_DESC">
+        <source>Decryption has finished. Your data is no longer protected by encryption.</source>
+        <translation>Die Entschlüsselung ist abgeschlossen. Ihre Daten sind nicht mehr durch Verschlüsselung geschützt.</translation>
+    </message>
+    <message id="IDUS_NOTICE_NO_TRAY">
+        <source>Disk encryption is looked after here</source>
+        <translation>Die Festplattenverschlüsselung wird hier überwacht</translation>
+    </message>
+    <message id="IDUS_NOTICE_NO_TRAY_DESC">
+        <source>This desktop has no place for the status icon. To see the state of your disk, open “Disk Encryption Agent” from your applications.</source>
+        <translation>Dieser Desktop hat keinen Platz für das Statussymbol. Den Zustand Ihrer Festplatte sehen Sie, wenn Sie „Disk Encryption Agent“ in Ihren Anwendungen öffnen.</translation>
+    </message>
+    <message id="IDUS_DESKTOP_GENERIC_NAME">
+        <source>Disk encryption status</source>
+        <translation>Zustand der Festplattenverschlüsselung</translation>
+    </message>
+    <message id="IDUS_DESKTOP_COMMENT">
+        <source>Shows the state of this computer's disk encryption</source>
+        <translation>Zeigt den Zustand der Festplattenverschlüsselung dieses Computers</translation>
+    </message>
+    <message id="IDUS_DESKTOP_KEYWORDS">
+        <source>encryption, disk, security, password, tray</source>
+        <translation>Verschlüsselung, Festplatte, Sicherheit, Passwort, Kennwort</translation>
+    </message>
+    <message id="IDUS_METAINFO_DESCRIPTION">
+        <source>The agent sits in the tray of each login session and shows whether the disk of this computer is encrypted. It says what is wrong and what to do, asks for the account password when the encryption service needs it, and starts a synchronisation with the management server.</source>
+        <translation>Der Agent sitzt im Infobereich jeder Anmeldesitzung und zeigt, ob die Festplatte dieses Computers verschlüsselt ist. Er sagt, was nicht stimmt und was zu tun ist, fragt nach dem Kennwort des Kontos, wenn der Verschlüsselungsdienst es braucht, und startet einen Abgleich mit dem Verwaltungsserver.</translation>
+    </message>
 </context>
 </TS>

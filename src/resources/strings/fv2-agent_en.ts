@@ -351,5 +351,55 @@
         <source>Opens what there is to know about this program and this computer.</source>
         <translation>Opens what there is to know about this program and this computer.</translation>
     </message>
+
+    <!-- Desktop notifications, and what stands beside texts: the support, and when a prompt comes back, as "in 60 minutes" -->
+    <message id="IDUS_ALERT_ASKED_AGAIN">
+        <source>We will ask again %1.</source>
+        <translation>We will ask again %1.</translation>
+    </message>
+    <message id="IDUS_SUPPORT_CONTACT">
+        <source>Support: %1</source>
+        <translation>Support: %1</translation>
+    </message>
+    <message id="IDUS_NOTICE_ENCRYPTED">
+        <source>Your disk is encrypted</source>
+        <translation>Your disk is encrypted</translation>
+    </message>
+    <message id="IDUS_NOTICE_ENCRYPTED_DESC">
+        <source>Encryption has finished. Your data is now fully protected.</source>
+        <translation>Encryption has finished. Your data is now fully protected.</translation>
+    </message>
+    <message id="IDUS_NOTICE_DECRYPTED">
+        <source>Your disk is decrypted</source>
+        <translation>Your disk is decrypted</translation>
+    </message>
+    <message id="IDUS_NOTICE_DECRYPTED_DESC">
+        <source>Decryption has finished. Your data is no longer protected by encryption.</source>
+        <translation>Decryption has finished. Your data is no longer protected by encryption.</translation>
+    </message>
+    <message id="IDUS_NOTICE_NO_TRAY">
+        <source>Disk encryption is looked after here</source>
+        <translation>Disk encryption is looked after here</translation>
+    </message>
+    <message id="IDUS_NOTICE_NO_TRAY_DESC">
+        <source>This desktop has no place for the status icon. To see the state of your disk, open “Disk Encryption Agent” from your applications.</source>
+        <translation>This desktop has no place for the status icon. To see the state of your disk, open “Disk Encryption Agent” from your applications.</translation>
+    </message>
+    <message id="IDUS_DESKTOP_GENERIC_NAME">
+        <source>Disk encryption status</source>
+        <translation>Disk encryption status</translation>
+    </message>
+    <message id="IDUS_DESKTOP_COMMENT">
+        <source>Shows the state of this computer's disk encryption</source>
+        <translation>Shows the state of this computer's disk encryption</translation>
+    </message>
+    <message id="IDUS_DESKTOP_KEYWORDS">
+        <source>encryption, disk, security, password, tray</source>
+        <translation>encryption, disk, security, password, tray</translation>
+    </message>
+    <message id="IDUS_METAINFO_DESCRIPTION">
+        <source>The agent sits in the tray of each login session and shows whether the disk of this computer is encrypted. It says what is wrong and what to do, asks for the account password when the encryption service needs it, and starts a synchronisation with the management server.</source>
+        <translation>The agent sits in the tray of each login session and shows whether the disk of this computer is encrypted. It says what is wrong and what to do, asks for the account password when the encryption service needs it, and starts a synchronisation with the management server.</translation>
+    </message>
 </context>
 </TS>

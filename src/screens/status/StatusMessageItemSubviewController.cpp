@@ -29,6 +29,7 @@ StatusMessageItemSubviewController::StatusMessageItemSubviewController(FV2AppSta
     outlets.setupUi(itemView());
     statusMessageTitle = outlets.statusMessageTitle;
     statusTextAndLinkContainer = outlets.statusTextAndLinkContainer;
+    m_progressBar = outlets.progressBar;
     viewDidLoad(message);
     initsubview();
 }
@@ -42,10 +43,35 @@ void StatusMessageItemSubviewController::viewDidLoad(const FV2StatusMesssageList
     statusMessageTitle->setText(title);
     statusTextAndLinkContainer->setUp(appModel, message.command);
     textView()->setHtmlCode(QString::fromStdString(message.Text));
+    m_progressBar->setVisible(message.percent.has_value());
+    m_progressBar->setAccessibleName(title);
+    m_progressBar->setValue(message.percent.value_or(0));
+    if (message.sendsToAdministrator)
+        addSupport();
     setTitleFont();
     connect(itemView(), &StatusMessageItemSubview::fontChanged, this,
             &StatusMessageItemSubviewController::setTitleFont);
     connect(itemView(), &StatusMessageItemSubview::laidOut, this, &StatusMessageItemSubviewController::setBackground);
+}
+
+void StatusMessageItemSubviewController::addSupport() {
+    const FV2SupportContact::Line line = appConfigModel.productModel().support.markup();
+    if (line.text.empty())
+        return;
+    m_support = new StatusMessageSupport(line, itemView());
+    itemView()->layout()->addWidget(m_support);
+}
+
+std::vector<NxTextAndLinksView*> StatusMessageItemSubviewController::textViews() const {
+    std::vector<NxTextAndLinksView*> all{textView()};
+    if (m_support)
+        all.push_back(m_support);
+    return all;
+}
+
+void StatusMessageItemSubviewController::showProgress(const FV2StatusMesssageListItem& message) {
+    textView()->setHtmlCode(QString::fromStdString(message.Text));
+    m_progressBar->setValue(message.percent.value_or(0));
 }
 
 //! The text has the desktop's font, the title a bold one that is a point larger.
@@ -68,9 +94,13 @@ void StatusMessageItemSubviewController::refreshColours(const FV2AppConfigModel&
     const QColor background = toQColor(config.colours().*lookOf(itemView()->statusType).messageColour);
     const QColor text = readableOn(background, kContrastOfText);
     statusMessageTitle->setTextColor(text);
-    textView()->setTextColor(text);
-    textView()->setLinkColor(linkColourOn(background, text, config));
-    textView()->setFocusMarkColor(focusMarkOn(background, itemView()->palette(), text));
+    const QColor link = linkColourOn(background, text, config);
+    m_progressBar->setColours(link, text);
+    for (NxTextAndLinksView* const each : textViews()) {
+        each->setTextColor(text);
+        each->setLinkColor(link);
+        each->setFocusMarkColor(focusMarkOn(background, itemView()->palette(), text));
+    }
 }
 
 } // namespace fv2

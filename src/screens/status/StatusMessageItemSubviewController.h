@@ -4,14 +4,19 @@
 
 #include "screens/status/StatusMessageItemSubview.h"
 #include "screens/status/StatusMessageItemTextAndLinkContainer.h"
+#include "screens/status/StatusMessageProgressBar.h"
+#include "screens/status/StatusMessageSupport.h"
 #include "shell/FV2ViewController.h"
 #include "toolkit/NxTextField.h"
 
 #include <QPointer>
 
+#include <vector>
+
 namespace fv2 {
 
-//! Fills one row with a status message, once. Main thread only; StatusMessagesTableDelegate owns it.
+//! Fills one row with a status message; later only its progress changes. Main thread only; StatusMessagesTableDelegate
+//! owns it.
 class StatusMessageItemSubviewController final : public FV2ViewController {
     Q_OBJECT
 public:
@@ -20,17 +25,25 @@ public:
 
     [[nodiscard]] StatusMessageItemSubview* itemView() const { return qobject_cast<StatusMessageItemSubview*>(view()); }
     [[nodiscard]] StatusMessageItemTextAndLink* textView() const { return statusTextAndLinkContainer->textView(); }
+    //! The texts with links, from top to bottom.
+    [[nodiscard]] std::vector<NxTextAndLinksView*> textViews() const;
+
+    //! Of a message that had a percentage before: shows its text and its percentage.
+    void showProgress(const FV2StatusMesssageListItem& message);
 
 protected:
     void refreshColours(const FV2AppConfigModel& config) override;
 
 private:
     void viewDidLoad(const FV2StatusMesssageListItem& message);
+    void addSupport();
     void setTitleFont();
     void setBackground();
 
     QPointer<NxTextField> statusMessageTitle;
     QPointer<StatusMessageItemTextAndLinkContainer> statusTextAndLinkContainer;
+    QPointer<StatusMessageProgressBar> m_progressBar;
+    QPointer<StatusMessageSupport> m_support; //!< none where nobody is sent to the administrator, or none is named
 };
 
 } // namespace fv2

@@ -21,7 +21,7 @@ StatusMessagesTableDelegate::StatusMessagesTableDelegate(FV2AppStateModel& model
 void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& tableView) {
     logTrace("StatusMessagesTableDelegate.updateFromModel");
     const Messages& messages = appModel.state().statusMessageList;
-    if (!firstTime && messages == m_shown)
+    if (!firstTime && (messages == m_shown || showProgress(messages)))
         return;
     const auto focused = focus(tableView);
     if (focused) // no other focus meanwhile: screen readers would read it out
@@ -30,9 +30,9 @@ void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& table
     for (const FV2StatusMesssageListItem& message : messages) {
         logTrace("StatusMessagesTableDelegate -> Creating status message item ", statusMessageItemViews.size());
         auto item = std::make_unique<StatusMessageItemSubviewController>(appModel, appConfigModel, message);
-        StatusMessageItemTextAndLink* const text = item->textView();
-        QObject::connect(text, &NxTextAndLinksView::linkFocused, &tableView,
-                         [&tableView, text](const QRect& place) { tableView.scrollTo(*text, place); });
+        for (NxTextAndLinksView* const text : item->textViews())
+            QObject::connect(text, &NxTextAndLinksView::linkFocused, &tableView,
+                             [&tableView, text](const QRect& place) { tableView.scrollTo(*text, place); });
         statusMessageItemViews.push_back(std::move(item));
     }
     firstTime = false;
@@ -43,6 +43,24 @@ void StatusMessagesTableDelegate::updateFromModel(StatusMessagesTableView& table
         giveFocusBack(*focused, tableView);
 }
 
+//! The rows stay, and with them what a screen reader reads.
+bool StatusMessagesTableDelegate::showProgress(const Messages& messages) {
+    const auto isSameButProgress = [](FV2StatusMesssageListItem shown, const FV2StatusMesssageListItem& now) {
+        if (shown.percent && now.percent) {
+            shown.percent = now.percent;
+            shown.Text = now.Text;
+        }
+        return shown == now;
+    };
+    if (!std::ranges::equal(m_shown, messages, isSameButProgress))
+        return false;
+    for (std::size_t row = 0; row < messages.size(); ++row)
+        if (messages[row].percent)
+            statusMessageItemViews[row]->showProgress(messages[row]);
+    m_shown = messages;
+    return true;
+}
+
 //! New views come last in their window's order of Tab, behind all that follows the table. Qt only moves views, and
 //! only behind views, that Tab stops at; the table is none while it has nothing to scroll.
 void StatusMessagesTableDelegate::chainRowsForTab(StatusMessagesTableView& tableView) const {
@@ -50,11 +68,12 @@ void StatusMessagesTableDelegate::chainRowsForTab(StatusMessagesTableView& table
     tableView.setFocusPolicy(Qt::TabFocus);
     QWidget* before = &tableView;
     for (const auto& item : statusMessageItemViews) {
-        StatusMessageItemTextAndLink* const text = item->textView();
-        if (text->focusPolicy() == Qt::NoFocus)
-            continue;
-        QWidget::setTabOrder(before, text);
-        before = text;
+        for (NxTextAndLinksView* const text : item->textViews()) {
+            if (text->focusPolicy() == Qt::NoFocus)
+                continue;
+            QWidget::setTabOrder(before, text);
+            before = text;
+        }
     }
     tableView.setFocusPolicy(policy);
 }

@@ -37,6 +37,8 @@ private:
         std::size_t link;
     };
 
+    //! Whether nothing but progress differs from what is shown; then shows it.
+    bool showProgress(const Messages& messages);
     [[nodiscard]] StatusMessageItemSubview* itemView(int row) const;
     [[nodiscard]] std::optional<Focus> focus(const StatusMessagesTableView& tableView) const;
     void chainRowsForTab(StatusMessagesTableView& tableView) const;
