@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
+#include "base/Deadline.h"
+#include "base/UniqueFd.h"
 #include "logging/LogEscape.h"
 #include "logging/SystemReport.h"
 #include "support/Faults.h"
@@ -16,6 +18,8 @@
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/un.h>
 #include <syslog.h>
 #include <tuple>
 
@@ -24,13 +28,21 @@ using namespace std::string_view_literals;
 namespace {
 std::string ident;
 std::pair<int, std::array<char, 100>> sent;
+sockaddr_un journal{AF_UNIX, {}}; // none unless it has a path
 } // namespace
 
 // Replaces the C library's: these tests write nothing to the machine's log.
 extern "C" {
 
 int access(const char*, int) { // whether there is a journal
-    return -1;
+    return journal.sun_path[0] == '\0' ? -1 : 0;
+}
+
+ssize_t sendmsg(int socket, const msghdr* message, int flags) {
+    msghdr toOurs = *message;
+    toOurs.msg_name = &journal;
+    toOurs.msg_namelen = sizeof journal;
+    return ::syscall(SYS_sendmsg, socket, &toOurs, flags);
 }
 
 void openlog(const char* name, int, int) {
@@ -172,6 +184,33 @@ TEST(FV2Logging, KeepsTheLinesOfManyThreadsApartAndNeverStallsOnAnOutputThatNobo
             EXPECT_GE(linesIn(home.text()), 401) << "the file has every line";
             EXPECT_NE(home.text().find("\n9) "), std::string::npos) << "a number for each thread";
         }
+}
+
+TEST(SystemLog, GivesTheJournalWholeEntriesAndHardlyWaitsForOneThatDoesNotRead) {
+    const TemporaryFolder folder;
+    (folder / "journal").copy(journal.sun_path, sizeof journal.sun_path - 1);
+    const UniqueFd reader(::socket(AF_UNIX, SOCK_DGRAM | SOCK_NONBLOCK, 0));
+    ASSERT_EQ(::bind(reader.get(), reinterpret_cast<sockaddr*>(&journal), sizeof journal), 0);
+    std::array<char, 200> entry{};
+    const auto next = [&] {
+        const ssize_t size = ::recv(reader.get(), entry.data(), entry.size(), 0);
+        return std::string(entry.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    };
+    systemLog(fv2SystemLogType::error, "100% \U0001F512", "0123");
+    EXPECT_EQ(next(), "MESSAGE=100% \U0001F512\nPRIORITY=3\nSYSLOG_IDENTIFIER=fv2-agent\nMESSAGE_ID=0123\n");
+    sent.first = 0;
+    const Deadline late(std::chrono::seconds(2));
+    for (int line = 0; line < 5000; ++line)
+        systemLog(fv2SystemLogType::debug, "");
+    for (int line = 0; line < 5; ++line)
+        systemLog(fv2SystemLogType::error, "");
+    EXPECT_FALSE(late.passed());
+    while (!next().empty()) {
+    }
+    systemLog(fv2SystemLogType::error, "read again");
+    EXPECT_EQ(next(), "MESSAGE=read again\nPRIORITY=3\nSYSLOG_IDENTIFIER=fv2-agent\n");
+    EXPECT_EQ(sent.first, 0) << "nothing was left to syslog";
+    journal.sun_path[0] = '\0';
 }
 
 TEST(ReportOnce, TellsEachCauseOnceAndAFloodOfThemNotForEver) {
