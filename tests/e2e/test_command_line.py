@@ -106,11 +106,12 @@ class CommandLineTest(unittest.TestCase):
         agent.signal(signal.SIGCONT)
         self.assertEqual(agent.wait(2), 0)
         service.expect("^unsubscribed uid")
-        start_agent(desktop).expect("updateFromModel syncSource == Startup")
+        agent = start_agent(desktop)
+        agent.expect("updateFromModel syncSource == Startup")
         service.send("fault silent")  # nobody hears the farewell, which takes half a second then
         service.expect("^fault silent")
         self.expect(["--quit"], 0, "", "")
-        self.assertFalse(listens())
+        self.assertEqual(agent.wait(0.2), 0)
 
     def test_a_status_is_as_the_schema_says_in_every_state(self):
         desktop = self.desktop(panel=None)
