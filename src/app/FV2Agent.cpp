@@ -36,13 +36,6 @@ std::filesystem::path besideProgram(const char* folder) {
     return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()) / folder;
 }
 
-QStringList wantedLanguages(const std::string& ofAdministrator) {
-    QStringList languages = FV2QtStrings::preferredLanguages();
-    if (!ofAdministrator.empty())
-        languages.prepend(QString::fromStdString(ofAdministrator));
-    return languages;
-}
-
 //! Does what brings a window to the front, which a Wayland compositor allows for the token.
 void withActivationToken(const QString& token, const std::function<void()>& deed) {
     // Read by Qt when it next asks the compositor.
@@ -58,7 +51,7 @@ FV2Agent::FV2Agent(FV2Application& application, FV2UnixSignals& signals, FV2Sett
     : m_application(application)
     , m_settings(std::move(settings))
     , m_support{m_settings.supportName, m_settings.supportPhone, m_settings.supportUrl}
-    , m_strings(wantedLanguages(m_settings.uiLanguage))
+    , m_strings(FV2QtStrings::preferredLanguages(m_settings.uiLanguage))
     , m_trayItem(m_images, m_strings)
     , m_menu(m_strings)
     , m_passwords(besideProgram("pam.d"))

@@ -6,6 +6,7 @@
 #include "model/FV2StatesTable.h"
 #include "platform/FV2InstanceLock.h"
 #include "platform/FV2QtStrings.h"
+#include "platform/FV2Settings.h"
 
 #include <nlohmann/json.hpp>
 
@@ -69,7 +70,7 @@ ordered_json messagesOf(const FV2AppState& identified, const FV2AppState& transl
 } // namespace
 
 std::string statusJson(std::string_view reply) {
-    const FV2QtStrings strings(FV2QtStrings::preferredLanguages());
+    const FV2QtStrings strings(FV2QtStrings::preferredLanguages(examineSettings().settings.uiLanguage));
     const auto [state, number] = interpretedStatus(reply, identifierTexts(), isoTime);
     const InterpretedStatus translated = interpretedStatus(reply, strings, isoTime);
     const bool isValid = number != kNoValidAnswer;

@@ -5,13 +5,14 @@
 #include "commands/ServiceStatus.h"
 #include "model/FV2StatusLook.h"
 #include "platform/FV2QtStrings.h"
+#include "platform/FV2Settings.h"
 #include "platform/FV2ThisUser.h"
 #include "resources/FV2TagScanner.h"
 
 namespace fv2 {
 
 std::string statusText(std::string_view reply) {
-    const FV2QtStrings strings(FV2QtStrings::preferredLanguages());
+    const FV2QtStrings strings(FV2QtStrings::preferredLanguages(examineSettings().settings.uiLanguage));
     const FV2AppState state = interpretedStatus(reply, strings, mediumDate).state;
     std::string text(nameOf(state.overallState));
     text += ": " + translatedText(lookOf(state.overallState).title, strings) + "\n";

@@ -29,8 +29,11 @@ QString firstLanguageWithTable(const QStringList& wanted, const QString& folder)
 
 } // namespace
 
-QStringList FV2QtStrings::preferredLanguages() {
-    return QLocale::system().uiLanguages();
+QStringList FV2QtStrings::preferredLanguages(const std::string& ofAdministrator) {
+    QStringList languages = QLocale::system().uiLanguages();
+    if (!ofAdministrator.empty())
+        languages.prepend(QString::fromStdString(ofAdministrator));
+    return languages;
 }
 
 FV2QtStrings::FV2QtStrings(const QStringList& languages, const QString& folder)

@@ -12,8 +12,9 @@ namespace fv2 {
 //! The application's own string table: the first of the wanted languages that we have, English where a text is missing.
 class FV2QtStrings final : public OxStringBundle {
 public:
-    //! The languages in the order in which the desktop's user prefers them, as BCP 47 tags.
-    [[nodiscard]] static QStringList preferredLanguages();
+    //! The administrator's choice, if there is one, then the languages in the order in which the desktop's user prefers
+    //! them, as BCP 47 tags.
+    [[nodiscard]] static QStringList preferredLanguages(const std::string& ofAdministrator);
 
     //! Loads "<folder>/fv2-agent_<language>.qm".
     explicit FV2QtStrings(const QStringList& languages, const QString& folder = QStringLiteral(":/strings"));

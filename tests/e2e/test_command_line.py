@@ -3,6 +3,7 @@
 """The options that answer on the command line, without a display, alone and beside a running copy."""
 
 import json
+import shutil
 import signal
 import stat
 import subprocess
@@ -43,8 +44,8 @@ class CommandLineTest(unittest.TestCase):
         del self.env["DISPLAY"]
         return desktop
 
-    def answer(self, options, **env):
-        return subprocess.run([BUILD / "fv2-agent", *options], env={**self.env, **env}, capture_output=True, text=True,
+    def answer(self, options, program=BUILD / "fv2-agent", **env):
+        return subprocess.run([program, *options], env={**self.env, **env}, capture_output=True, text=True,
                               timeout=20)
 
     def expect(self, options, status, output, error, **env):
@@ -59,12 +60,18 @@ class CommandLineTest(unittest.TestCase):
         return answer.returncode, json.loads(answer.stdout)
 
     def test_each_option_without_a_copy_and_without_a_display(self):
-        self.desktop(panel=None)
+        desktop = self.desktop(panel=None)
         for options, alone, _ in TABLE:
             self.expect(options, *alone)
         for options in MISUSED:
             self.expect(options, 2, "", r"\Afv2-agent: .+\n\Z")
         self.assertFalse(listens(), "a copy was started")
+        copy = shutil.copy(BUILD / "fv2-agent", desktop.settings.parents[2])  # reads the settings beside itself
+        desktop.settings.write_text("[ui]\nlanguage=de\n")
+        self.expect(["--status"], 3, "\n  Letzte Synchronisierung: ", "", program=copy)
+        desktop.settings.write_text("[ui]\nlanguage=de\n[help]\nhost=h/i\ncolour=red\n")
+        mistakes = "".join(f"{desktop.settings}:{line}: .+\n" for line in (4, 5))
+        self.expect(["--check-config"], 1, rf"\A{mistakes}\Z", "", program=copy)
 
     def test_each_option_beside_a_running_copy_opens_no_window(self):
         desktop = self.desktop()
@@ -99,10 +106,12 @@ class CommandLineTest(unittest.TestCase):
         agent.signal(signal.SIGCONT)
         self.assertEqual(agent.wait(2), 0)
         service.expect("^unsubscribed uid")
-        service.send("fault silent")  # nobody hears the next one's farewell, which takes half a second then
-        start_agent(desktop)
+        agent = start_agent(desktop)
+        agent.expect("updateFromModel syncSource == Startup")
+        service.send("fault silent")  # nobody hears the farewell, which takes half a second then
+        service.expect("^fault silent")
         self.expect(["--quit"], 0, "", "")
-        self.assertFalse(listens())
+        self.assertEqual(agent.wait(0.2), 0)
 
     def test_a_status_is_as_the_schema_says_in_every_state(self):
         desktop = self.desktop(panel=None)
@@ -149,11 +158,12 @@ class CommandLineTest(unittest.TestCase):
         for taken in (target, link, desktop.folder / "missing/report"):
             self.expect(["--diagnose", str(taken)], 1, "", str(taken))
         self.assertEqual(target.read_text(), "mine")
-        self.expect(["--diagnose", str(report)], 0, "read it before you send it", "")
+        copy, home = shutil.copy(BUILD / "fv2-agent", desktop.settings.parents[2]), str(desktop.folder)
+        self.expect(["--diagnose", str(report)], 0, "read it before you send it", "", program=copy, HOME=home)
         self.assertEqual(stat.S_IMODE(report.stat().st_mode), 0o600)
         text = report.read_text(encoding="utf-8")
         for part in ("identifier = 8A7C…\n", '"version": "5.1.0"', "orm_ui.sock: socket, owner root",
-                     "\nrules = /etc/pam", "credentials.rootOnly"):
+                     "\nrules = /etc/pam", "(~/installed/etc/"):
             self.assertIn(part, text)
-        for secret in ("hidden", str(desktop.home), subprocess.check_output(["uname", "-n"], text=True).strip()):
+        for secret in ("hidden", home, subprocess.check_output(["uname", "-n"], text=True).strip()):
             self.assertNotIn(secret, text)
