@@ -8,6 +8,11 @@
 
 #include <thread>
 
+extern "C" { // of the leak checker, where there is one
+[[gnu::weak]] void __lsan_disable();
+[[gnu::weak]] void __lsan_enable();
+}
+
 namespace fv2::test {
 namespace {
 
@@ -71,7 +76,13 @@ TEST_F(PamPassword, TellsInTheLogWhyItWasNotAccepted) {
         usePassword("geheim", each.rules);
         if (std::string_view(each.rules).starts_with("auth"))
             useRules(each.rules);
+        // PAM loses what it has read of rules before one that it can't read.
+        const bool leaks = __lsan_disable && std::string_view(each.rules).find("no-such-stack") != std::string::npos;
+        if (leaks)
+            __lsan_disable();
         EXPECT_EQ(refusal("geheim"), each.refusal);
+        if (leaks)
+            __lsan_enable();
     }
 }
 
