@@ -138,6 +138,7 @@ void FV2DesktopNotifications::follow(const QString& owner) {
         if (!m_owner.isEmpty())
             bus.disconnect(m_owner, kPath, kService, name, this, signal.slot);
         if (!owner.isEmpty())
+            // NOLINTNEXTLINE(readability-suspicious-call-argument): the owner of the name is the service
             bus.connect(owner, kPath, kService, name, this, signal.slot);
     }
     m_owner = owner;

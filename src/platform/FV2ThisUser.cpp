@@ -67,7 +67,7 @@ std::string timeFromNow(std::int64_t minutes, const std::string& language) {
     // The numeric style: words such as "tomorrow" would be true for a part of a day only.
     format.formatNumeric(tenths / 10, unit, text, error);
     std::string out;
-    if (U_SUCCESS(error))
+    if (U_SUCCESS(error) != 0)
         text.toUTF8String(out);
     return out;
 }

@@ -64,7 +64,7 @@ void StatusMessageItemSubviewController::addSupport() {
 
 std::vector<NxTextAndLinksView*> StatusMessageItemSubviewController::textViews() const {
     std::vector<NxTextAndLinksView*> all{textView()};
-    if (m_support)
+    if (m_support != nullptr)
         all.push_back(m_support);
     return all;
 }
