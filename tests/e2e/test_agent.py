@@ -14,13 +14,53 @@ import unittest
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-from agent import (AGENT_SOCKET, BUILD, STATE_COLOURS, UNDERSTOOD, end, listens, notify, start_agent, start_service)
+import dbus
+
+from accounts import listed_account
+from agent import (AGENT_SOCKET, BUILD, STATE_COLOURS, UNDERSTOOD, end, listens, notify, program, start_agent,
+                   start_service)
 from desktop import Desktop
+from password_dialog import PasswordDialog
 from tray import ITEM, WATCHER, tray_items
 from waiting import wait_until
 
 BLUE_SQUARE = '<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"><path fill="#00f" d="M0 0h9v9H0z"/></svg>'
 FIRST_PAINT = "FV2Window first paint"
+
+
+class SessionKindTest(unittest.TestCase):
+    def test_an_encryption_from_the_start_to_the_end_under_x11_and_wayland(self):
+        for wayland in (False, True):
+            with self.subTest(wayland=wayland), listed_account() as user, Desktop(
+                    window_manager=not wayland, wayland=wayland, accessible=True, account=user) as desktop:
+                service = start_service(desktop)
+                agent = start_agent(desktop, "--background")
+                item, windows = desktop.tray_item(), PasswordDialog(desktop, agent).elements()
+                wait_until(lambda: item.icon_colour() == "yellow", "the item")
+                self.assertEqual(windows.children(), [])
+                self.activate(desktop)
+                main = windows.find(name=item.title(), states=["active"])
+                main.find("filler", "Please read the messages", ["showing"])
+                status, about = main.find("list").children()
+                about.do("Toggle")
+                main.find("filler", "About this program", ["showing"])
+                status.do("Toggle")
+                service.send("state 3")
+                main.find("link", "Enter your password", ["showing"]).do("Press")
+                windows.find("text", "Password:", ["focused"])
+                desktop.screen.keyboard.type(user.password)
+                desktop.screen.press("Return")
+                service.expect("^credentials of .*: accepted")
+                wait_until(lambda: not windows.find_all(name="Enter password"), "the dialog to go")
+                quitting = desktop.start([program(desktop, "fv2-agent"), "--quit"])
+                self.assertEqual((quitting.wait(), agent.wait(1)), (0, 0))
+                self.assertEqual(tray_items(desktop.bus), [])
+
+    @staticmethod
+    def activate(desktop):
+        """What the desktop does when its entry of the agent is chosen."""
+        agent = desktop.bus.get_object("org.fv2agent.Agent", "/org/fv2agent/Agent", introspect=False)
+        agent.Activate(dbus.Dictionary({}, signature="sv"), dbus_interface="org.freedesktop.Application")
 
 
 class TrayTest(unittest.TestCase):

@@ -13,7 +13,6 @@ from desktop import Desktop
 from mocks import LoginSession
 from password_dialog import PasswordDialog
 from waiting import wait_until
-from wayland import WaylandSession
 
 #: Of a service that wants the password in a state, prepares in a second, works through two others.
 DIRECTIONS = {"encrypt": (3, 4, 5, 6), "decrypt": (7, 8, 9, 10)}
@@ -71,13 +70,13 @@ class PasswordTest(unittest.TestCase):
 
     def test_a_prompt_that_nobody_asked_for_takes_no_key_before_the_user_has_moved_into_it(self):
         for wayland in (False, True):
-            with self.subTest(wayland=wayland), Desktop(window_manager=not wayland, accessible=True) as desktop:
+            with self.subTest(wayland=wayland), Desktop(window_manager=not wayland, wayland=wayland,
+                                                               accessible=True) as desktop:
                 service = start_service(desktop, "state 1")
                 keyboard, press = desktop.screen.keyboard, desktop.screen.press
                 if wayland:
-                    session = WaylandSession(desktop)
-                    elsewhere = session.other_program()
-                agent = start_agent(desktop, **(session.env if wayland else {}))
+                    elsewhere = desktop.wayland.other_program()
+                agent = start_agent(desktop)
                 agent.expect("updateFromModel syncSource == Startup")
                 service.send("state 3")
                 dialog = PasswordDialog(desktop, agent)

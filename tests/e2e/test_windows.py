@@ -13,7 +13,7 @@ from desktop import PANEL_HEIGHT, Desktop
 from mocks import Portal
 from password_dialog import PasswordDialog
 from waiting import wait_until
-from wayland import BACKGROUND, WaylandSession
+from wayland import BACKGROUND
 
 OPEN, HIDE, SYNCHRONISE = "Open window", "Hide window", "Synchronize now"
 PASSWORD_LINK = "Enter your password"
@@ -160,10 +160,10 @@ class WaylandTest(unittest.TestCase):
     """The agent as a Wayland client. Where its windows are, and what lies above, only a screen reader can ask."""
 
     def test_windows_come_back_in_colours_of_their_own_and_the_dialog_can_be_put_off(self):
-        with Desktop(accessible=True) as desktop:
+        with Desktop(wayland=True, accessible=True) as desktop:
             start_service(desktop, "state 3")
-            portal, session = Portal(desktop, 1), WaylandSession(desktop)
-            agent = start_agent(desktop, "--show-window", **session.env)
+            portal = Portal(desktop, 1)
+            agent = start_agent(desktop, "--show-window")
             reader, item = PasswordDialog(desktop, agent).elements(), desktop.tray_item()
             self.assertEqual(item.title(), "Disk Encryption Agent")
 
@@ -187,7 +187,7 @@ class WaylandTest(unittest.TestCase):
                 portal.set_color_scheme(scheme)
                 wait_until(lambda: (sum(frame()) < 300) == is_dark, "the frame")
             for choose in (lambda: item.choose(OPEN), item.click):
-                session.other_program()  # nobody tells whether the window is seen
+                desktop.wayland.other_program()  # nobody tells whether the window is seen
                 active()
                 choose()
                 active(item.title())
@@ -195,7 +195,7 @@ class WaylandTest(unittest.TestCase):
             active("Enter password")
             desktop.screen.press("ctrl+w")
             active("Enter your password later?")
-            session.other_program()
+            desktop.wayland.other_program()
             active()
             item.choose(OPEN)
             active("Enter your password later?")
@@ -203,6 +203,6 @@ class WaylandTest(unittest.TestCase):
             active(item.title())
             agent.stop()
             # Through the X server of the session it is as little able to place a menu.
-            agent = start_agent(desktop, **session.env, QT_QPA_PLATFORM="xcb")
+            agent = start_agent(desktop, QT_QPA_PLATFORM="xcb")
             desktop.tray_item().click()
             agent.expect("StatusBarMenu Open Application Window")

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """A private desktop for demo and end-to-end tests: X server, session bus, a real panel with its tray, a home folder.
 
-On demand there are a window manager, what screen readers need, and a system bus.
+On demand there are a window manager or a Wayland compositor, what screen readers need, and a system bus.
 
 Nothing of the user's own session is used or touched, and nothing but an empty lock file is left when the `with` block
 ends. Only a killed test process leaves its folders in the temporary one.
@@ -29,7 +29,8 @@ import dbus.bus
 from programs import Program
 from tray import WATCHER, main_colour, wait_for_item
 from waiting import wait_until
-from windows import Screen
+from wayland import WaylandSession
+from windows import Geometry, Screen
 
 PANEL_HEIGHT = 32
 
@@ -97,26 +98,27 @@ WINDOW_MANAGER_CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
 class Desktop:
     """One desktop; see the head of this file. panel is "light", "dark" or None for a session without any tray.
 
-    window_manager: windows have frames and one of them the keyboard. accessible: programs started in it speak to screen
-    readers. system_bus: there is one, empty, and system_bus is connected to it. account: whose desktop it is; ours
-    without one."""
+    window_manager: windows have frames and one of them the keyboard. wayland: what is started in it belongs to a Wayland
+    session, see `wayland`; the panel does not. accessible: programs started in it speak to screen readers. system_bus:
+    there is one, empty, and system_bus is connected to it. account: whose desktop it is; ours without one."""
 
     SIZE = (1280, 800)
     PANEL = (1280, PANEL_HEIGHT, 0, 0)
     TRAY = (200, PANEL_HEIGHT, 1080, 0)
 
-    def __init__(self, panel="light", env=None, window_manager=False, accessible=False,
+    def __init__(self, panel="light", env=None, window_manager=False, wayland=False, accessible=False,
                  system_bus=False, account=None):
         self.account = account
         self.uid = account.uid if account else os.getuid()
         self._panel = panel
         self._window_manager = window_manager
+        self._wayland = wayland
         self._accessible = accessible
         self._system_bus = system_bus
         self._extra = dict(env or {})
         self._closing = contextlib.ExitStack()
         self.folder = self.home = self.env = self.server = self.screen = None
-        self.bus = self.system_bus = self.panel = None
+        self.bus = self.system_bus = self.panel = self.wayland = None
 
     def __enter__(self):
         try:
@@ -133,6 +135,10 @@ class Desktop:
                 self.start_panel()
             if self._accessible:
                 self._start_accessibility()
+            if self._wayland:
+                below_panel = Geometry(0, PANEL_HEIGHT, self.SIZE[0], self.SIZE[1] - PANEL_HEIGHT)
+                self.wayland = WaylandSession(self, below_panel)
+                self.env.update(self.wayland.env())
         except BaseException:
             self._closing.close()
             raise

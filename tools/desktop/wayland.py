@@ -1,12 +1,11 @@
 # SPDX-FileCopyrightText: 2026 The fv2-agent authors
 # SPDX-License-Identifier: Apache-2.0
-"""A Wayland session in a window on a Desktop's screen: a compositor with real keys, and another program to type into.
+"""The Wayland session of a Desktop(wayland=True): a compositor with real keys in a window of the desktop's screen.
 
-    with Desktop() as desktop:
-        session = WaylandSession(desktop)
-        typed = session.other_program()
-        agent = session.start([build / "fv2-agent"])
-        session.screen.keyboard.type("to whoever has the keyboard")
+    with Desktop(wayland=True) as desktop:
+        typed = desktop.wayland.other_program()
+        agent = desktop.start([build / "fv2-agent"])
+        desktop.screen.keyboard.type("to whoever has the keyboard")
 """
 
 import contextlib
@@ -15,9 +14,7 @@ import itertools
 from Xlib import X
 from Xlib.error import XError
 
-from desktop import PANEL_HEIGHT, Desktop
 from waiting import wait_until
-from windows import Geometry
 
 #: The colour beside all windows.
 BACKGROUND = (0x33, 0x66, 0x99)
@@ -48,40 +45,34 @@ class WaylandSession:
 
     SOCKET = "wayland-fv2"
 
-    def __init__(self, desktop):
+    def __init__(self, desktop, place):
         self._desktop = desktop
+        self._screen = desktop.screen
         self._numbers = itertools.count(1)
-        self.screen = desktop.screen
-        self.place = Geometry(0, PANEL_HEIGHT, Desktop.SIZE[0], Desktop.SIZE[1] - PANEL_HEIGHT)
-        self.env = {"WAYLAND_DISPLAY": self.SOCKET, "XDG_SESSION_TYPE": "wayland"}
         config = desktop.folder / "weston.ini"
         config.write_text(COMPOSITOR_CONFIG, encoding="utf-8")
         self.program = desktop.start(["weston", "--backend=x11-backend.so", "--use-pixman", f"--socket={self.SOCKET}",
-                                      f"--config={config}", f"--width={self.place.width}",
-                                      f"--height={self.place.height}"])
+                                      f"--config={config}", f"--width={place.width}", f"--height={place.height}"])
         window = wait_until(self._window, "the compositor's window", 30)
-        window.configure(x=self.place.x, y=self.place.y)
+        window.configure(x=place.x, y=place.y)
         window.set_input_focus(X.RevertToParent, X.CurrentTime)
-        self.screen.display.sync()
+        self._screen.display.sync()
         socket = desktop.folder / "run" / self.SOCKET
         wait_until(lambda: self.program.running() and socket.exists(), "the compositor's socket", 30)
 
-    def start(self, command, env=None, **options):
-        """Starts a program of this session; see Desktop.start."""
-        return self._desktop.start(command, {**self.env, **(env or {})}, **options)
+    def env(self):
+        """What makes a program one of this session."""
+        return {"WAYLAND_DISPLAY": self.SOCKET, "XDG_SESSION_TYPE": "wayland"}
 
     def other_program(self):
         """Starts a terminal, which takes the keyboard. What is typed into it can be read from what is returned."""
         recorder = Recorder(self._desktop.folder / f"recorder-{next(self._numbers)}")
-        self.start(["weston-terminal", f"--shell={recorder.script}"], {"SHELL": "/bin/sh"})
+        self._desktop.start(["weston-terminal", f"--shell={recorder.script}"], {"SHELL": "/bin/sh"})
         wait_until(recorder.ready.exists, "the terminal", 30)
         return recorder
 
-    def picture(self, file):
-        self._desktop.picture(file, (self.place.width, self.place.height, self.place.x, self.place.y))
-
     def _window(self):
-        for window in self.screen.root.query_tree().children:
+        for window in self._screen.root.query_tree().children:
             with contextlib.suppress(XError):
                 if (window.get_wm_class() or ("",))[0].startswith("weston"):
                     return window
