@@ -36,6 +36,10 @@ const Signal kSignals[] = {
     {"NotificationClosed", SLOT(onNotificationClosed(uint, uint))},
 };
 
+void logLost(const QDBusMessage& answer) {
+    log(FV2LoggingLevel::error, {"No notifications:", answer.errorName().toStdString()});
+}
+
 } // namespace
 
 void FV2DesktopNotifications::show(FV2Notification notification, Events events) {
@@ -96,7 +100,7 @@ void FV2DesktopNotifications::call(const QString& method, const QVariantList& ar
 
 void FV2DesktopNotifications::onCapabilities(const QDBusMessage& answer) {
     if (answer.type() != QDBusMessage::ReplyMessage) {
-        log(FV2LoggingLevel::error, {"No notifications:", answer.errorName().toStdString()});
+        logLost(answer);
         return lose();
     }
     m_capabilities = answer.arguments().value(0).toStringList();
@@ -107,9 +111,10 @@ void FV2DesktopNotifications::onNotified(const QDBusMessage& answer) {
     m_id = answer.type() == QDBusMessage::ReplyMessage ? answer.arguments().value(0).toUInt() : 0;
     if (!m_wanted || m_isNew)
         return;
-    if (m_id == 0)
+    if (m_id == 0) {
+        logLost(answer);
         lose();
-    else if (m_events.shown)
+    } else if (m_events.shown)
         m_events.shown();
 }
 
