@@ -82,7 +82,7 @@ std::optional<fv2Announcement> FV2Announcements::look(const Situation& now, Time
                                                       const std::function<bool()>& isQuiet) {
     addWork(now);
     addSync(now);
-    addLight(now, time);
+    followLight(now, time);
     const fv2Announcement password = passwordFor(now.action);
     // It may be kept shut again when a postponement is over.
     if (password == fv2Announcement::None || now.isPostponed)
@@ -96,24 +96,43 @@ std::optional<fv2Announcement> FV2Announcements::look(const Situation& now, Time
     const bool isOver = m_shown != fv2Announcement::None && (now.isWatched || !holds(m_shown, now));
     if (isOver)
         m_shown = fv2Announcement::None;
-    const bool isDue = m_waiting != fv2Announcement::None && m_waiting >= m_shown &&
-                       (!isLight(m_waiting) || time - m_worseSince >= kWorseFor);
-    if (isDue && !isQuiet())
-        return m_shown = std::exchange(m_waiting, fv2Announcement::None);
+    const fv2Announcement what = std::max(m_waiting, lightToTell(time));
+    if (what != fv2Announcement::None && what >= m_shown && !isQuiet()) {
+        if (isLight(what)) {
+            m_light = now.light;
+            m_lightChanged.reset();
+        } else
+            m_waiting = fv2Announcement::None;
+        return m_shown = what;
+    }
     return isOver ? std::optional(fv2Announcement::None) : std::nullopt;
 }
 
 std::optional<FV2Announcements::Time> FV2Announcements::nextLook() const {
-    return isLight(m_waiting) ? std::optional(m_worseSince + kWorseFor) : std::nullopt;
+    return m_lightChanged ? std::optional(*m_lightChanged + kWorseFor) : std::nullopt;
 }
 
-//! What calls for a password is told by the password window.
-void FV2Announcements::addLight(const Situation& now, Time time) {
-    const auto before = std::exchange(m_light, now.light);
-    if (!before || now.light <= *before || passwordFor(now.action) != fv2Announcement::None)
-        return;
-    m_worseSince = time;
-    add(now.light == fv2StatusStateType::Red ? fv2Announcement::Red : fv2Announcement::Yellow);
+//! What calls for a password is told by the password window. What the user knows changes no faster for the better
+//! than for the worse, so a light that goes to and fro is told once, and one that is never the same for long is told.
+void FV2Announcements::followLight(const Situation& now, Time time) {
+    const bool isBetterForLong = m_lightChanged && m_lightNow < *m_light && time - *m_lightChanged >= kWorseFor;
+    if (isBetterForLong) {
+        m_light = m_lightNow;
+        m_lightChanged.reset();
+    }
+    const bool isKnown = !m_light || now.isWatched || passwordFor(now.action) != fv2Announcement::None;
+    if (isKnown || now.light == *m_light) {
+        m_light = now.light;
+        m_lightChanged.reset();
+    } else if (!m_lightChanged || (now.light > *m_light) != (m_lightNow > *m_light))
+        m_lightChanged = time;
+    m_lightNow = now.light;
+}
+
+fv2Announcement FV2Announcements::lightToTell(Time time) const {
+    if (!m_lightChanged || m_lightNow < *m_light || time - *m_lightChanged < kWorseFor)
+        return fv2Announcement::None;
+    return m_lightNow == fv2StatusStateType::Red ? fv2Announcement::Red : fv2Announcement::Yellow;
 }
 
 //! The agent tries again by itself, so a failure that follows a failure is news only to a user who has asked for it.

@@ -30,7 +30,7 @@ class FV2Announcements {
 public:
     using Time = std::chrono::steady_clock::time_point;
 
-    //! How long a light must have been worse: a service that restarts is away for a moment.
+    //! How long a light must have been worse, or better: a service that restarts is away for a moment.
     static constexpr std::chrono::seconds kWorseFor{10};
 
     //! What was seen of the state.
@@ -69,7 +69,8 @@ private:
 
     void add(fv2Announcement what);
     void addPassword(fv2Announcement what);
-    void addLight(const Situation& now, Time time);
+    void followLight(const Situation& now, Time time);
+    [[nodiscard]] fv2Announcement lightToTell(Time time) const;
     void addSync(const Situation& now);
     void addWork(const Situation& now);
     [[nodiscard]] bool holds(fv2Announcement what, const Situation& now) const;
@@ -77,8 +78,9 @@ private:
     fv2Announcement m_shown = fv2Announcement::None;
     fv2Announcement m_waiting = fv2Announcement::None;
     fv2Announcement m_knownPassword = fv2Announcement::None; //!< that it is wanted has been told or shown
-    std::optional<fv2StatusStateType> m_light;
-    Time m_worseSince;
+    std::optional<fv2StatusStateType> m_light;               //!< that the user knows
+    fv2StatusStateType m_lightNow = fv2StatusStateType::Green;
+    std::optional<Time> m_lightChanged; //!< since when it has been worse, or better, than the known one
     Work m_work = Work::None;
     bool m_syncFailed = false;
     bool m_requestFailed = false;

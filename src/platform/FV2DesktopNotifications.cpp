@@ -36,12 +36,17 @@ const Signal kSignals[] = {
     {"NotificationClosed", SLOT(onNotificationClosed(uint, uint))},
 };
 
+void logLost(const QDBusMessage& answer) {
+    log(FV2LoggingLevel::error, {"No notifications:", answer.errorName().toStdString()});
+}
+
 } // namespace
 
 void FV2DesktopNotifications::show(FV2Notification notification, Events events) {
     m_wanted = std::move(notification);
     m_events = std::move(events);
     m_isNew = true;
+    m_awaitsSuccessor = m_isRepeated = false;
     if (!m_watcher) {
         m_watcher = std::make_unique<QDBusServiceWatcher>(kService, QDBusConnection::sessionBus(),
                                                           QDBusServiceWatcher::WatchForOwnerChange);
@@ -50,6 +55,9 @@ void FV2DesktopNotifications::show(FV2Notification notification, Events events) 
                     // One that we have had started ourselves appears while it is being asked.
                     if (!before.isEmpty() && after != m_owner)
                         forgetService();
+                    if (!after.isEmpty() && m_wanted && std::exchange(m_awaitsSuccessor, false))
+                        m_isNew = true;
+                    proceed();
                 });
     }
     proceed();
@@ -92,9 +100,8 @@ void FV2DesktopNotifications::call(const QString& method, const QVariantList& ar
 
 void FV2DesktopNotifications::onCapabilities(const QDBusMessage& answer) {
     if (answer.type() != QDBusMessage::ReplyMessage) {
-        log(FV2LoggingLevel::error, {"No notifications:", answer.errorName().toStdString()});
-        m_isNew = false; // lost; the next one asks again
-        return;
+        logLost(answer);
+        return lose();
     }
     m_capabilities = answer.arguments().value(0).toStringList();
     follow(answer.service());
@@ -102,7 +109,12 @@ void FV2DesktopNotifications::onCapabilities(const QDBusMessage& answer) {
 
 void FV2DesktopNotifications::onNotified(const QDBusMessage& answer) {
     m_id = answer.type() == QDBusMessage::ReplyMessage ? answer.arguments().value(0).toUInt() : 0;
-    if (m_id != 0 && m_wanted && !m_isNew && m_events.shown)
+    if (!m_wanted || m_isNew)
+        return;
+    if (m_id == 0) {
+        logLost(answer);
+        lose();
+    } else if (m_events.shown)
         m_events.shown();
 }
 
@@ -149,13 +161,27 @@ void FV2DesktopNotifications::forgetService() {
     follow(QString());
     m_capabilities.reset();
     m_token.clear();
-    if (std::exchange(m_id, 0) != 0 && m_events.closed)
-        m_events.closed();
+    m_id = 0;
+    if (!m_wanted)
+        return;
+    m_isNew = false;
+    if (std::exchange(m_isRepeated, true))
+        lose();
+    else
+        m_awaitsSuccessor = true;
+}
+
+//! The next one is tried again.
+void FV2DesktopNotifications::lose() {
+    m_wanted.reset();
+    m_isNew = false;
+    if (const auto closed = std::exchange(m_events, {}).closed)
+        closed();
 }
 
 void FV2DesktopNotifications::onActionInvoked(unsigned id, const QString& action) {
-    // A number that is not ours, or of what has been replaced or withdrawn already.
-    if (id == 0 || id != m_id || !m_wanted || m_isNew)
+    // A number that is not ours, or of what has been, or is just being, replaced or withdrawn.
+    if (id == 0 || id != m_id || !m_wanted || m_isNew || m_isAsking)
         return;
     const std::string token = std::exchange(m_token, QString()).toStdString();
     if (const auto chosen = m_events.chosen)
@@ -172,11 +198,9 @@ void FV2DesktopNotifications::onNotificationClosed(unsigned id, unsigned /*reaso
         return;
     m_id = 0;
     m_token.clear();
-    const auto closed = m_isNew ? nullptr : std::exchange(m_events, {}).closed;
-    if (!m_isNew)
-        m_wanted.reset();
-    if (closed)
-        closed();
+    // Else it was what is just being replaced.
+    if (!m_isNew && !m_isAsking)
+        lose();
 }
 
 } // namespace fv2

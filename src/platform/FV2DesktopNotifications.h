@@ -15,8 +15,8 @@
 namespace fv2 {
 
 //! The desktop's service for notifications. Nothing is asked or followed before the first one, then what the service
-//! can do; where there is none, notifications are lost. A service that answers late gets only the newest one. Main
-//! thread only.
+//! can do; where there is none, notifications are lost. A service that answers late gets only the newest one. What was
+//! shown when the service ended is shown by its successor, once. Main thread only.
 class FV2DesktopNotifications : public QObject, public FV2Notifier {
     Q_OBJECT
 public:
@@ -34,6 +34,7 @@ private:
     [[nodiscard]] QVariantList notifyArguments() const;
     void follow(const QString& owner);
     void forgetService();
+    void lose();
 
 private Q_SLOTS:
     void onActionInvoked(unsigned id, const QString& action);
@@ -45,8 +46,10 @@ private:
     Events m_events;                         //!< of the one that is wanted
     bool m_isNew = false;                    //!< it has not been sent
     bool m_isAsking = false;
-    unsigned m_id = 0; //!< of what is shown; none is 0
-    QString m_owner;   //!< unique name of the service that knows the id
+    bool m_awaitsSuccessor = false; //!< its service has ended
+    bool m_isRepeated = false;      //!< a service has ended with it; the next one that does might end of it
+    unsigned m_id = 0;              //!< of what is shown; none is 0
+    QString m_owner;                //!< unique name of the service that knows the id
     std::optional<QStringList> m_capabilities;
     QString m_token;
     std::unique_ptr<QDBusServiceWatcher> m_watcher;

@@ -54,7 +54,11 @@ void FV2Announcer::look() {
                                },
                            .chosen = [this, what](const std::string& action,
                                                   const std::string& token) { onChosen(*what, action, token); },
-                           .closed = [this] { m_announcements.closed(); }});
+                           .closed =
+                               [this] {
+                                   m_announcements.closed();
+                                   look(); // for what waits
+                               }});
 }
 
 void FV2Announcer::passwordWindowKeptShut(fv2Window kind) {
