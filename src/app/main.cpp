@@ -71,10 +71,10 @@ int main(int argc, char* argv[]) {
     fv2::FV2DuplicateInstance duplicate(fv2::FV2UnixSignals::raised(),
                                         inBackground ? fv2::FV2HandOver::Silent : fv2::FV2HandOver::ShowsWindow);
     if (duplicate.handleDuplicateInstance()) {
-        if (!inBackground)
+        if (!inBackground && !duplicate.isElsewhere())
             passOnActivation(argc, argv, duplicate.isUnreachable());
         fv2::log(fv2::FV2LoggingLevel::release, {"exitApplication called"});
-        return 0;
+        return duplicate.isElsewhere() && !inBackground ? 1 : 0;
     }
     fv2::FV2Logging::deleteLogFile();
 

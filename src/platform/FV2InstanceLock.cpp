@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/FV2InstanceLock.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -53,6 +54,21 @@ FV2InstanceLock::Attempt FV2InstanceLock::tryTake() {
     }
     m_file = std::move(file);
     return Attempt::Taken;
+}
+
+void FV2InstanceLock::leaveNote(const std::string& text) const {
+    if (::ftruncate(m_file.get(), 0) == 0)
+        static_cast<void>(!::pwrite(m_file.get(), text.data(), text.size(), 0));
+}
+
+std::string FV2InstanceLock::note() const {
+    const UniqueFd file(::open(m_path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat status {};
+    std::array<char, 512> text{};
+    if (!file || ::fstat(file.get(), &status) != 0 || status.st_uid != ::getuid())
+        return {};
+    const ssize_t size = ::pread(file.get(), text.data(), text.size(), 0);
+    return size <= 0 ? std::string() : std::string(text.data(), static_cast<std::size_t>(size));
 }
 
 bool FV2InstanceLock::isHeldByOther() const {

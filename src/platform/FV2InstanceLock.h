@@ -23,6 +23,11 @@ public:
     //! Never waits. Impossible when the file can't be had at all: a stranger's, a link, no folder.
     [[nodiscard]] Attempt tryTake();
 
+    //! By its holder: a short text for whoever finds the lock held. Lost where the lock is a folder.
+    void leaveNote(const std::string& text) const;
+    //! What the holder has left, 512 bytes at most; nothing where nobody can tell.
+    [[nodiscard]] std::string note() const;
+
     //! Looks without taking it: a process that starts at the same instant tries again. False where nobody can tell.
     [[nodiscard]] bool isHeldByOther() const;
 

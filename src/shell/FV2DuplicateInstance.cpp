@@ -6,6 +6,7 @@
 #include "comms/FV2AppSocketComms.h"
 #include "comms/FV2Requests.h"
 #include "logging/FV2Logging.h"
+#include "platform/FV2SessionDisplays.h"
 
 #include <atomic>
 #include <iostream>
@@ -38,10 +39,13 @@ bool FV2DuplicateInstance::handleDuplicateInstance() {
 bool FV2DuplicateInstance::findAndHandOver() {
     const Deadline deadline(m_patience);
     while (m_lock.tryTake() == FV2InstanceLock::Attempt::HeldByOther) {
+        lookElsewhere();
         if (handOver())
             return true;
         if (deadline.passed()) {
             m_isUnreachable = true;
+            if (m_isElsewhere)
+                return true;
             std::cerr << "fv2-agent: another copy runs and does not answer on its socket"
                       << (isUnreachable() ? "; asking it over the session bus\n" : "\n");
             return true;
@@ -49,7 +53,18 @@ bool FV2DuplicateInstance::findAndHandOver() {
         if (m_stop->waitFor(-1, 0, Deadline(kPause)) == fv2Wait::Stopped)
             return true;
     }
+    m_lock.leaveNote(sessionDisplays());
     return handOver();
+}
+
+//! Once; from then on nothing is asked of that copy.
+void FV2DuplicateInstance::lookElsewhere() {
+    if (m_isElsewhere || !isOtherSession(m_lock.note(), sessionDisplays()))
+        return;
+    m_isElsewhere = true;
+    constexpr std::string_view kText = "the agent runs in another session of this user, which has its window";
+    log(FV2LoggingLevel::error, {kText});
+    std::cerr << "fv2-agent: " << kText << '\n';
 }
 
 //! On a thread of its own, left behind if the system blocks it: nothing may keep the agent from starting.
@@ -59,12 +74,12 @@ bool FV2DuplicateInstance::handOver() const {
         std::atomic<bool> connected = false;
     };
     const auto attempt = std::make_shared<Attempt>();
-    const auto job = [attempt, stop = m_stop, way = m_way] {
+    const auto job = [attempt, stop = m_stop, shows = m_way == FV2HandOver::ShowsWindow && !m_isElsewhere] {
         FV2AppSocketComms comms(stop, kHandOver);
         attempt->connected = comms.createConnection();
         if (attempt->connected) {
             logTrace("handleDuplicateInstance -> canConnect TRUE");
-            if (way == FV2HandOver::ShowsWindow) {
+            if (shows) {
                 static_cast<void>(comms.sendAndReceive(showUiRequest()));
                 logTrace("handleDuplicateInstance -> done sendAndReceive");
             }

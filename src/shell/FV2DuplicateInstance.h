@@ -30,16 +30,24 @@ public:
     [[nodiscard]] bool handleDuplicateInstance();
 
     //! The other copy runs, but it has not been told that the user wants to see it, who does.
-    [[nodiscard]] bool isUnreachable() const { return m_isUnreachable && m_way == FV2HandOver::ShowsWindow; }
+    [[nodiscard]] bool isUnreachable() const {
+        return m_isUnreachable && !m_isElsewhere && m_way == FV2HandOver::ShowsWindow;
+    }
+
+    //! The other copy runs in another session of the user, where its window would be seen by nobody who asked for it;
+    //! which has been said on standard error.
+    [[nodiscard]] bool isElsewhere() const { return m_isElsewhere; }
 
 private:
     [[nodiscard]] bool findAndHandOver();
+    void lookElsewhere();
     [[nodiscard]] bool handOver() const;
 
     std::shared_ptr<const StopSignal> m_stop;
     FV2HandOver m_way;
     std::chrono::milliseconds m_patience;
     bool m_isUnreachable = false;
+    bool m_isElsewhere = false;
     FV2InstanceLock m_lock;
 };
 

@@ -164,6 +164,18 @@ class OneCopyTest(unittest.TestCase):
             self.assertEqual(log.stat().st_ino, inode)
             self.assertTrue(log.read_bytes().startswith(before))
 
+    def test_a_copy_in_another_session_of_the_user_says_where_the_window_is_and_opens_none(self):
+        with Desktop(panel=None) as desktop:
+            first = start_agent(desktop, "--background")
+            for option, status in (("--background", 0), ("--show-window", 1)):
+                there = desktop.start([BUILD / "fv2-agent", option], {"DISPLAY": ":4711"})
+                self.assertEqual(there.wait(), status, option)
+                self.assertTrue(any("runs in another session of this user" in line for line in there.lines), option)
+            here = desktop.start([BUILD / "fv2-agent", "--show-window"], {"DISPLAY": desktop.env["DISPLAY"] + ".0"})
+            self.assertEqual(here.wait(), 0)
+            first.expect(FIRST_PAINT)
+            self.assertEqual(sum("StatusBarMenu Open" in line for line in first.lines), 1)
+
     def test_of_two_copies_started_in_the_same_instant_one_stays(self):
         with Desktop(panel=None) as desktop:
             for round_number in range(50):
