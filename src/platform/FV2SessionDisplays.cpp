@@ -8,7 +8,7 @@ namespace fv2 {
 
 namespace {
 
-std::string_view fromEnvironment(const char* name) {
+std::string_view displayIn(const char* name) {
     const char* const value = std::getenv(name);
     return value == nullptr ? std::string_view() : value;
 }
@@ -31,8 +31,8 @@ Displays split(std::string_view text) {
 } // namespace
 
 std::string sessionDisplays() {
-    return std::string(fromEnvironment("WAYLAND_DISPLAY")) + '\n' +
-           std::string(withoutScreen(fromEnvironment("DISPLAY")));
+    return std::string(displayIn("WAYLAND_DISPLAY")) + '\n' +
+           std::string(withoutScreen(displayIn("DISPLAY")));
 }
 
 bool isOtherSession(std::string_view one, std::string_view other) {
