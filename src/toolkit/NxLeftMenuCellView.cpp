@@ -15,8 +15,8 @@ namespace fv2 {
 
 namespace {
 
-constexpr int kLeftMargin = 16;
-constexpr int kRightMargin = 12;
+constexpr int kLeftMargin = 18;
+constexpr int kRightMargin = 16;
 constexpr int kGap = 10;
 constexpr int kIconSize = 20;
 // Even, like the bubble's width, so that a centred one is on whole pixels at 150 % too.

@@ -37,6 +37,11 @@ public:
     void setRevealed(bool revealed);
     [[nodiscard]] bool isRevealed() const { return m_revealed; }
 
+    //! Puts a button into the field, at its end; it is the field's then. Once.
+    void setButton(QWidget* button);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
 Q_SIGNALS:
     void secretChanged();
     void revealedChanged(bool revealed);
@@ -64,6 +69,7 @@ private:
     [[nodiscard]] int placeAt(double x) const;
     void keepCaretInSight();
     void paintRevealed();
+    void paintFrame();
 
     SecretText m_secret{kMostBytes};
     QTimer m_revealEnd{this};

@@ -4,6 +4,7 @@
 
 #include "logging/FV2Logging.h"
 #include "platform/FV2Browser.h"
+#include "screens/LastSynchronisation.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
 #include "ui_AboutSubview.h"
@@ -16,15 +17,6 @@ namespace {
 
 QString shown(const std::string& text) {
     return QString::fromStdString(text);
-}
-
-QString lastSync(const FV2AppState& state) {
-    if (!state.syncORMEnabled)
-        return translated(QStringLiteral("IDUS_UNKNOWN"));
-    if (!state.syncORMActive)
-        return shown(state.lastORMSync);
-    return state.syncORMBlocked ? translated(QStringLiteral("IDUS_MGUI_LAST_SYNC_BLOCKED"))
-                                : translated(QStringLiteral("IDUS_MGUI_LAST_SYNC_ACTIVE"));
 }
 
 } // namespace
@@ -43,6 +35,7 @@ AboutSubviewController::AboutSubviewController(FV2AppStateModel& model, FV2AppCo
     fieldUUID = outlets.fieldUUID;
     fieldLastORMSync = outlets.fieldLastORMSync;
     buttonProxySync = outlets.buttonProxySync;
+    outlets.body->setAutoFillBackground(false);
     buttonInstalledComponents = outlets.buttonInstalledComponents;
     connect(buttonProxySync, &QPushButton::clicked, this, &AboutSubviewController::ProxySyncButton);
     connect(outlets.buttonHelp, &QPushButton::clicked, this, &AboutSubviewController::onHelp);
@@ -66,7 +59,7 @@ void AboutSubviewController::updateFromModel() {
     fieldMachine->setLine(translated(QStringLiteral("IDUS_MGUI_MACHINE")), shown(appConfigModel.machine()));
     fieldUUID->setLine(QStringLiteral("Workstation ID:"), shown(state.uuid));
     buttonInstalledComponents->hide();
-    fieldLastORMSync->setLine(translated(QStringLiteral("IDUS_MGUI_LAST_SYNC")), lastSync(state));
+    fieldLastORMSync->setLine(translated(QStringLiteral("IDUS_MGUI_LAST_SYNC")), lastSynchronisation(state));
     enableProxySync(state.syncORMEnabled && !state.syncORMActive);
     alignLabels();
     logTrace("AboutSubviewController updateFromModel out");

@@ -9,6 +9,13 @@
 
 namespace fv2 {
 
+namespace {
+
+constexpr double kRowInset = 8; //!< between the menu's edges and a row's area
+constexpr double kRowRadius = 6;
+
+} // namespace
+
 LeftMenuRowDelegate::LeftMenuRowDelegate(int rowHeight, QObject* parent)
     : QStyledItemDelegate(parent)
     , m_rowHeight(rowHeight) {
@@ -21,12 +28,20 @@ void LeftMenuRowDelegate::setColours(const QColor& highlight, const QColor& focu
 
 void LeftMenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                 const QModelIndex& /*index*/) const {
-    if (option.state.testFlag(QStyle::State_Selected))
-        painter->fillRect(option.rect, m_highlight);
-    if (option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
-        painter->setPen(QPen(m_focus, 1));
-        painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+    const QRectF area = QRectF(option.rect).adjusted(kRowInset, 0, -kRowInset, 0);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    if (option.state.testFlag(QStyle::State_Selected)) {
+        painter->setBrush(m_highlight);
+        painter->drawRoundedRect(area, kRowRadius, kRowRadius);
     }
+    if (option.state.testFlag(QStyle::State_HasFocus) && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+        painter->setPen(QPen(m_focus, 2));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(area.adjusted(1, 1, -1, -1), kRowRadius - 1, kRowRadius - 1);
+    }
+    painter->restore();
 }
 
 bool LeftMenuRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,

@@ -3,7 +3,9 @@
 #include "screens/main/TaglineViewController.h"
 
 #include "logging/FV2Logging.h"
+#include "resources/FV2TagScanner.h"
 #include "toolkit/NxQtColor.h"
+#include "toolkit/ReadableColour.h"
 #include "ui_TaglineView.h"
 
 namespace fv2 {
@@ -15,12 +17,22 @@ TaglineViewController::TaglineViewController(FV2AppStateModel& model, FV2AppConf
     outlets.setupUi(view());
     backgroundView = outlets.backgroundView;
     taglineImageView = outlets.taglineImageView;
+    m_text = outlets.taglineText;
+    m_text->setElided(true);
+    const std::string support = configModel.productModel().support.markup().text;
+    if (support.empty())
+        m_text->setStringValue(QStringLiteral("IDUS_MGUI_TAGLINE"));
+    else
+        m_text->setText(QString::fromStdString(scanTags(support).text));
     initsubview();
 }
 
 void TaglineViewController::refreshColours(const FV2AppConfigModel& config) {
-    backgroundView->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
-    taglineImageView->setTintColor(toQColor(config.taglineTint()));
+    const QColor background = toQColor(config.colours().colourSectionBackground);
+    const QColor tint = toQColor(config.taglineTint());
+    backgroundView->setBackgroundColor(background);
+    taglineImageView->setTintColor(contrastOf(tint, background) >= kContrastOfLargeText ? tint : quietOn(background));
+    m_text->setTextColor(quietOn(background));
 }
 
 } // namespace fv2
