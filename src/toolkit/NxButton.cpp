@@ -70,7 +70,7 @@ NxButton::Colours NxButton::colours() const {
     const QColor window = palette().color(QPalette::Window);
     Colours colours{palette().color(QPalette::Button), {}, palette().color(QPalette::ButtonText)};
     if (m_prominent && isEnabled()) {
-        colours.fill = palette().color(QPalette::Highlight);
+        colours.fill = fillOf(palette());
         colours.text = readableOn(colours.fill, kContrastOfText);
     }
     if (isDown())

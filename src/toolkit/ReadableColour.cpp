@@ -24,6 +24,16 @@ QColor faintOn(const QColor& background) {
     return mixed(readableOn(background, kContrastOfText), background, 0.48);
 }
 
+QColor fillOf(const QPalette& palette) {
+    constexpr double kStep = 0.02;
+    constexpr double kMost = 0.3;
+    const QColor highlight = palette.color(QPalette::Highlight);
+    for (double part = 0; part <= kMost; part += kStep)
+        if (const QColor darker = mixed(highlight, Qt::black, part); contrastOf(Qt::white, darker) >= kContrastOfText)
+            return darker;
+    return highlight;
+}
+
 QColor focusMarkOn(const QColor& background, const QPalette& palette, const QColor& text) {
     const QColor highlight = palette.color(QPalette::Highlight);
     return contrastOf(highlight, background) >= kContrastOfLargeText ? highlight : text;

@@ -25,6 +25,10 @@ inline constexpr double kContrastOfText = 4.5;
 //! Large signs that only decorate: quieter still.
 [[nodiscard]] QColor faintOn(const QColor& background);
 
+//! The palette's highlight as an area with white text in it: darkened a little where the text needs it. One that would
+//! have to become another colour stays as it is, and takes black text.
+[[nodiscard]] QColor fillOf(const QPalette& palette);
+
 //! Of the mark around what has the keyboard: the palette's highlight where it can be told from the background,
 //! otherwise the text's.
 [[nodiscard]] QColor focusMarkOn(const QColor& background, const QPalette& palette, const QColor& text);

@@ -249,7 +249,7 @@
     </message>
     <message id="IDUS_MGUI_STATUS_TITLE_RED">
         <source>Your attention is needed</source>
-        <translation>Ihre Aufmerksamkeit ist erforderlich</translation>
+        <translation>Ihre Aufmerksamkeit ist gefragt</translation>
     </message>
     <message id="IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS">
         <source>Protection status</source>

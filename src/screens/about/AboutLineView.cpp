@@ -15,6 +15,7 @@ namespace {
 //! What a line edit keeps free on both sides of its text.
 constexpr int kInsideLineEdit = 2;
 constexpr int kBesideLabel = 8;
+constexpr int kBelowLabel = 2;
 
 } // namespace
 
@@ -58,7 +59,9 @@ void AboutLineView::setCopyable(bool copyable) {
 void AboutLineView::fitCopyableValue() {
     const int room = width() - m_label->width() - kBesideLabel;
     const int needed = m_copyableValue->fontMetrics().horizontalAdvance(m_copyableValue->text()) + 2 * kInsideLineEdit;
-    m_row->setDirection(needed > room && m_label->width() > 0 ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    const bool isBelow = needed > room && m_label->width() > 0;
+    m_row->setDirection(isBelow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    m_row->setSpacing(isBelow ? kBelowLabel : kBesideLabel);
     m_copyableValue->setFixedHeight(m_label->sizeHint().height());
 }
 

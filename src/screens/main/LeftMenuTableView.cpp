@@ -13,6 +13,7 @@ LeftMenuTableView::LeftMenuTableView(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabKeyNavigation(false);
     setUniformItemSizes(true);
+    setResizeMode(QListView::Adjust); // rows may be laid out before the menu has its size
     connect(this, &QListWidget::itemSelectionChanged, this, &LeftMenuTableView::followSelection);
 }
 

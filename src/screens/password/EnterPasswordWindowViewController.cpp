@@ -211,6 +211,7 @@ void EnterPasswordWindowViewController::updateHint() {
         return;
     m_hint->setText(text);
     m_hintSign->setImageName(hint.sign());
+    m_hintSign->setVisible(!hint.sign().isEmpty());
     m_hint->setAccessibleName(text);
     secureTextPasswordField->setAccessibleDescription(text);
 }
