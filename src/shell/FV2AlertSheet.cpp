@@ -2,14 +2,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2AlertSheet.h"
 
+#include "platform/FV2WindowFrame.h"
 #include "toolkit/NxButton.h"
 #include "toolkit/NxImageView.h"
+#include "toolkit/NxQtColor.h"
 #include "toolkit/NxTextField.h"
 #include "toolkit/TitleFont.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -98,6 +101,8 @@ void FV2AlertSheet::beginModal(bool takesKeyboard) {
     const int width = std::max(kWidth, layout()->totalMinimumSize().width());
     resize(width, std::max(layout()->totalHeightForWidth(width), layout()->totalMinimumSize().height()));
     moveToCentre();
+    winId(); // makes the handle
+    askForFrame(*windowHandle(), isDark(palette()));
     open();
 }
 

@@ -96,7 +96,8 @@ void NxButton::paintEvent(QPaintEvent* /*event*/) {
         const QColor mark = m_prominent ? shown.text : focusMarkOn(shown.fill, palette(), shown.text);
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(mark, m_prominent ? 1.5 : kFocusRing));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), kButtonRadius - 1, kButtonRadius - 1);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), kButtonRadius - 1,
+                                kButtonRadius - 1);
     }
     painter.setPen(shown.text);
     painter.setFont(shownFont());

@@ -3,11 +3,8 @@
 #include "toolkit/NxSecureTextField.h"
 
 #include "base/Utf8.h"
-#include "toolkit/ControlSizes.h"
-#include "toolkit/ReadableColour.h"
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStringEncoder>
@@ -29,13 +26,6 @@ constexpr QChar kDot(0x25cf);
 constexpr QChar kUnseen(0x25a1);
 //! QLineEdit's margin beside its text.
 constexpr int kInnerMargin = 2;
-
-// Device-independent pixels.
-constexpr int kBesideText = 6;
-constexpr int kBesideButton = 4;
-constexpr double kFieldRadius = 4;
-
-constexpr double kFrameTextPart = 0.5; //!< of the text's colour in the border's
 
 //! A QString that is overwritten when it is destroyed, unless it is shared.
 class PassingText {
@@ -97,13 +87,8 @@ bool isTyped(const QKeyEvent& event) {
 } // namespace
 
 NxSecureTextField::NxSecureTextField(QWidget* parent)
-    : QLineEdit(parent) {
+    : NxFramedField(parent) {
     setEchoMode(Password);
-    setFrame(false); // it has one of its own
-    QPalette ownArea;
-    ownArea.setColor(QPalette::Base, Qt::transparent);
-    setPalette(ownArea);
-    setButton(nullptr);
     setDragEnabled(false);
     setAcceptDrops(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
@@ -314,49 +299,15 @@ void NxSecureTextField::keepCaretInSight() {
 }
 
 void NxSecureTextField::paintEvent(QPaintEvent* event) {
-    paintFrame();
     if (m_revealed)
         paintRevealed();
     else
-        QLineEdit::paintEvent(event);
-}
-
-//! Styles draw the frame of a dark field so faintly that it is hard to find.
-void NxSecureTextField::paintFrame() {
-    const QPalette outer = parentWidget() == nullptr ? palette() : parentWidget()->palette();
-    const QColor area = outer.color(QPalette::Base);
-    const QColor quiet = mixed(area, outer.color(QPalette::Active, QPalette::Text), kFrameTextPart);
-    const double width = hasFocus() ? 2 : 1;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(area);
-    painter.setPen(QPen(hasFocus() ? focusMarkOn(area, outer, outer.color(QPalette::Text)) : quiet, width));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2), kFieldRadius, kFieldRadius);
-}
-
-void NxSecureTextField::setButton(QWidget* button) {
-    if (button != nullptr) {
-        auto* const row = new QHBoxLayout(this);
-        row->setContentsMargins(kBesideText, 0, kBesideButton, 0);
-        row->addStretch();
-        row->addWidget(button);
-    }
-    const int end = button == nullptr ? kBesideText : button->sizeHint().width() + 2 * kBesideButton;
-    if (layoutDirection() == Qt::RightToLeft)
-        setTextMargins(end, 0, kBesideText, 0);
-    else
-        setTextMargins(kBesideText, 0, end, 0);
-}
-
-QSize NxSecureTextField::sizeHint() const {
-    return {QLineEdit::sizeHint().width(), controlHeight(fontMetrics())};
+        NxFramedField::paintEvent(event);
 }
 
 void NxSecureTextField::paintRevealed() {
+    paintFrame();
     QPainter painter(this);
-    QStyleOptionFrame panel;
-    initStyleOption(&panel);
-    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, &painter, this);
     const QRect place = textPlace();
     painter.setClipRect(place);
     painter.setPen(palette().color(QPalette::Text));

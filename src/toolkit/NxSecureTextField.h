@@ -3,9 +3,9 @@
 #pragma once
 
 #include "base/SecretText.h"
+#include "toolkit/NxFramedField.h"
 
 #include <QClipboard>
-#include <QLineEdit>
 #include <QTimer>
 
 #include <chrono>
@@ -18,7 +18,7 @@ namespace fv2 {
 
 //! A field for a password. What Qt edits, paints and tells others about is one dot for each Unicode character; the
 //! characters themselves are kept as UTF-8 in a SecretText. Nothing can be copied, dragged or undone. Main thread only.
-class NxSecureTextField final : public QLineEdit {
+class NxSecureTextField final : public NxFramedField {
     Q_OBJECT
 public:
     static constexpr std::size_t kMostBytes = 512;
@@ -36,11 +36,6 @@ public:
     //! text. Does nothing without focus or text.
     void setRevealed(bool revealed);
     [[nodiscard]] bool isRevealed() const { return m_revealed; }
-
-    //! Puts a button into the field, at its end; it is the field's then. Once.
-    void setButton(QWidget* button);
-
-    [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:
     void secretChanged();
@@ -69,7 +64,6 @@ private:
     [[nodiscard]] int placeAt(double x) const;
     void keepCaretInSight();
     void paintRevealed();
-    void paintFrame();
 
     SecretText m_secret{kMostBytes};
     QTimer m_revealEnd{this};

@@ -11,7 +11,7 @@ from waiting import wait_until
 
 #: One language is enough: what is not translated shows in any but English.
 STATES = ((1, "1, Status: Warnung. ", "Bitte beachten Sie die Meldungen"),
-          (3, "2, Status: Problem. ", "Ihre Aufmerksamkeit ist erforderlich"), (6, "", "Keine Probleme gemeldet"))
+          (3, "2, Status: Problem. ", "Ihre Aufmerksamkeit ist gefragt"), (6, "", "Keine Probleme gemeldet"))
 MESSAGES = "Öffnet die Meldungen zum Schutz Ihrer Daten; die Zahl sagt, wie viele es sind."
 
 

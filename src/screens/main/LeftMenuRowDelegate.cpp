@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/main/LeftMenuRowDelegate.h"
 
+#include "toolkit/NxLeftMenuCellView.h"
+
 #include <QAbstractItemView>
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
+
+#include <algorithm>
 
 namespace fv2 {
 
@@ -44,17 +46,11 @@ void LeftMenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
     painter->restore();
 }
 
-bool LeftMenuRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                                    const QModelIndex& index) {
-    if (event->type() != QEvent::ToolTip)
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QWidget* const cell = view->indexWidget(index);
-    QToolTip::showText(event->globalPos(), cell == nullptr ? QString() : cell->toolTip(), view);
-    return true;
-}
-
-QSize LeftMenuRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const {
-    return {option.rect.width(), m_rowHeight};
+QSize LeftMenuRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
+    const auto* const cell =
+        view == nullptr ? nullptr : qobject_cast<const NxLeftMenuCellView*>(view->indexWidget(index));
+    return {option.rect.width(), std::max(m_rowHeight, cell == nullptr ? 0 : cell->wantedHeight())};
 }
 
 } // namespace fv2

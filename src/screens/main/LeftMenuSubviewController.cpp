@@ -74,6 +74,8 @@ void LeftMenuSubviewController::addRow(const MainWindowPage& page) {
     cell->counterImage().hide();
     cell->counterNumberField().hide();
     tableView->setItemWidget(row, cell);
+    connect(cell, &NxLeftMenuCellView::wantedHeightChanged, m_rows,
+            [this, row] { Q_EMIT m_rows->sizeHintChanged(tableView->indexFromItem(row)); });
 }
 
 NxLeftMenuCellView* LeftMenuSubviewController::cellAt(int row) const {

@@ -10,6 +10,17 @@
 
 namespace fv2 {
 
+namespace {
+
+//! What there is room for: the quickest way to the contact. The messages have all of it.
+FV2SupportContact nextTo(const FV2SupportContact& contact) {
+    if (!contact.phone.empty())
+        return {.phone = contact.phone};
+    return contact.url.empty() ? contact : FV2SupportContact{.url = contact.url};
+}
+
+} // namespace
+
 TaglineViewController::TaglineViewController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
     : FV2ViewController(model, configModel, new FV2View) {
     logTrace("TaglineViewController.init");
@@ -19,7 +30,7 @@ TaglineViewController::TaglineViewController(FV2AppStateModel& model, FV2AppConf
     taglineImageView = outlets.taglineImageView;
     m_text = outlets.taglineText;
     m_text->setElided(true);
-    const std::string support = configModel.productModel().support.markup().text;
+    const std::string support = nextTo(configModel.productModel().support).markup().text;
     if (support.empty())
         m_text->setStringValue(QStringLiteral("IDUS_MGUI_TAGLINE"));
     else

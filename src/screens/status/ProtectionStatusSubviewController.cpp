@@ -22,6 +22,8 @@ ProtectionStatusSubviewController::ProtectionStatusSubviewController(FV2AppState
     statusLineText = outlets.statusLineText;
     statusMessagesTableView = outlets.statusMessagesTableView;
     m_nothingToDo = outlets.nothingToDo;
+    m_nothingToDo->setAutoFillBackground(false);
+    m_nothingToDoScrollView = outlets.nothingToDoScrollView;
     statusMessagesTableView->setAccessibleName(translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS")));
     tableViewDelegate = std::make_unique<StatusMessagesTableDelegate>(model, configModel, *statusMessagesTableView);
     initsubview();
@@ -35,7 +37,7 @@ void ProtectionStatusSubviewController::updateFromModel() {
     view()->setAccessibleName(statusLineText->text());
     m_nothingToDo->show(appModel.state());
     const bool hasMessages = !appModel.state().statusMessageList.empty();
-    m_nothingToDo->setVisible(!hasMessages);
+    m_nothingToDoScrollView->setVisible(!hasMessages);
     statusMessagesTableView->setVisible(hasMessages);
     refreshColours(appConfigModel);
     tableViewDelegate->updateFromModel(*statusMessagesTableView);

@@ -31,6 +31,7 @@ private:
     QPointer<NxImageView> statusLineIcon;
     QPointer<NxTextField> statusLineText;
     QPointer<NothingToDoView> m_nothingToDo;
+    QPointer<NxScrollView> m_nothingToDoScrollView;
     QPointer<StatusMessagesTableView> statusMessagesTableView;
     std::unique_ptr<StatusMessagesTableDelegate> tableViewDelegate;
 };
