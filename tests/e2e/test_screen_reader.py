@@ -49,7 +49,7 @@ class ScreenReaderTest(unittest.TestCase):
             service.send("progress 43")
             wait_until(lambda: bar.value() == 43, "the same bar to go on")
             window.find("label", "43\N{NO-BREAK SPACE}%", ["showing"])
-            window.find("image", "Warnung", ["showing"])
+            window.find(name="Warnung", states=["showing"])
             service.send("state 6")
             window.find("label", "Ihre Festplatte ist verschlüsselt", ["showing"])
             service.send("sync fail")

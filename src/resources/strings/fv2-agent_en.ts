@@ -285,6 +285,10 @@
         <source>Version: </source>
         <translation>Version: </translation>
     </message>
+    <message id="IDUS_MGUI_AGENT_VERSION">
+        <source>Agent version: </source>
+        <translation>Agent version: </translation>
+    </message>
     <message id="IDUS_MGUI_COMPUTER_NAME">
         <source>Computer name: </source>
         <translation>Computer name: </translation>

@@ -9,6 +9,8 @@
 #include "toolkit/NxTranslated.h"
 #include "ui_AboutSubview.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace fv2 {
@@ -27,6 +29,7 @@ AboutSubviewController::AboutSubviewController(FV2AppStateModel& model, FV2AppCo
     outlets.setupUi(view());
     fieldProductName = outlets.fieldProductName;
     fieldProductVersion = outlets.fieldProductVersion;
+    m_fieldAgentVersion = outlets.fieldAgentVersion;
     viewHeaderSeperator = outlets.viewHeaderSeperator;
     viewSeperator = outlets.viewSeperator;
     fieldComputerName = outlets.fieldComputerName;
@@ -43,9 +46,9 @@ AboutSubviewController::AboutSubviewController(FV2AppStateModel& model, FV2AppCo
     initsubview();
 }
 
-std::array<QPointer<AboutLineView>, 7> AboutSubviewController::lines() const {
-    return {fieldProductName, fieldProductVersion, fieldComputerName, fieldOperatingSystem,
-            fieldMachine,     fieldUUID,           fieldLastORMSync};
+std::array<QPointer<AboutLineView>, 8> AboutSubviewController::lines() const {
+    return {fieldProductName,     fieldProductVersion, m_fieldAgentVersion, fieldComputerName,
+            fieldOperatingSystem, fieldMachine,        fieldUUID,           fieldLastORMSync};
 }
 
 void AboutSubviewController::updateFromModel() {
@@ -54,6 +57,8 @@ void AboutSubviewController::updateFromModel() {
     fieldProductName->setLine(translated(QStringLiteral("IDUS_MGUI_PRODUCT_NAME")),
                               translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     fieldProductVersion->setLine(translated(QStringLiteral("IDUS_MGUI_PRODUCT_VERSION")), shown(state.version));
+    m_fieldAgentVersion->setLine(translated(QStringLiteral("IDUS_MGUI_AGENT_VERSION")),
+                                 QCoreApplication::applicationVersion());
     fieldComputerName->setLine(translated(QStringLiteral("IDUS_MGUI_COMPUTER_NAME")), shown(state.computerName));
     fieldOperatingSystem->setLine(translated(QStringLiteral("IDUS_MGUI_OPERATING_SYSTEM")), shown(appConfigModel.os()));
     fieldMachine->setLine(translated(QStringLiteral("IDUS_MGUI_MACHINE")), shown(appConfigModel.machine()));
