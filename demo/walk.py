@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """Shows the agent at work without anybody at the screen: a private desktop with a real panel, the demo service, the agent.
 
-Walks through the story of story.py, password included: one that this desktop alone knows. Checks over D-Bus and in the
+With a dark panel all of the desktop is dark. Walks through the story of story.py, password included: one that this desktop alone knows. Checks over D-Bus and in the
 picture of the panel that the tray item follows, and saves a picture of every step. Ends with 0 if everything was as it
 should be, otherwise says what was not."""
 
@@ -21,12 +21,15 @@ sys.path.insert(0, str(ROOT / "tools/desktop"))
 
 from accounts import installed, listed_account  # noqa: E402
 from desktop import PANEL_HEIGHT, Desktop  # noqa: E402
+from mocks import Portal  # noqa: E402
 from story import STEPS, Player, scenario_by_hand  # noqa: E402
 from tray import tray_items  # noqa: E402
 from waiting import NotInTime, wait_until  # noqa: E402
 
 #: Nobody should have to wait longer to learn that something hangs; seconds.
 LONGEST_WALK = 110
+#: What the settings portal says of the appearance.
+PREFERS_DARK = 1
 
 
 class SmallDesktop(Desktop):
@@ -54,6 +57,8 @@ def start(desktop, build):
 def walk(build, pictures, panel):
     with listed_account() as account, SmallDesktop(panel=panel, window_manager=True, accessible=True,
                                                    account=account) as desktop:
+        if panel == "dark":
+            Portal(desktop, PREFERS_DARK)
         service, agent = start(desktop, build)
         player = Player(desktop, service, agent)
         item = player.item

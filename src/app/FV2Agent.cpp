@@ -128,7 +128,7 @@ void FV2Agent::followDesktop(FV2UnixSignals& signals) {
     QObject::connect(&m_appearance, &FV2Appearance::changed, &m_delegate, [this] { onAppearanceChanged(); });
     QObject::connect(&m_wndDelegate, &FV2WindowDelegate::firstWindow, &m_delegate, [this] {
         m_strings.installForWindows();
-        QApplication::setWindowIcon(m_images.imageNamed(QStringLiteral("orm_menu_icon")));
+        QApplication::setWindowIcon(m_images.imageNamed(QStringLiteral("application_icon")));
         m_hasWindows = true;
         m_appearance.dressApplication(windowPalette);
         m_appearance.askPortal();
@@ -171,7 +171,6 @@ void FV2Agent::onAppearanceChanged() {
     if (m_hasWindows)
         m_appearance.dressApplication(windowPalette);
     NxAppearance::setCurrent(m_appearance.isDark() ? NxAppearance::dark : NxAppearance::aqua);
-    m_trayItem.setDark(m_appearance.isDark());
     m_wndDelegate.refreshAppearance();
     renewFrames();
 }

@@ -17,7 +17,7 @@ std::string statusText(std::string_view reply) {
     std::string text(nameOf(state.overallState));
     text += ": " + translatedText(lookOf(state.overallState).title, strings) + "\n";
     for (const FV2StatusMesssageListItem& message : state.statusMessageList)
-        text += "  " + message.Title + ": " + scanTags(message.Text).text + "\n";
+        text += "  " + message.Title + ": " + textWithoutLinks(message.Text) + "\n";
     text += "  " + translatedText("IDUS_MGUI_LAST_SYNC", strings) +
             (state.syncORMActive ? translatedText("IDUS_MGUI_LAST_SYNC_ACTIVE", strings) : state.lastORMSync) + "\n";
     return text;

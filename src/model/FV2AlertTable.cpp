@@ -19,7 +19,7 @@ const FV2AlertRow* alertRow(fv2Alert alert) {
 FV2AlertContent alertContent(const FV2AlertRow& row, std::uint64_t errorCode, const OxStringBundle& strings,
                              const FV2AlertNotes& notes) {
     const auto plainText = [&strings](std::string_view identifier) {
-        return scanTags(translatedText(identifier, strings)).text;
+        return textWithoutLinks(translatedText(identifier, strings));
     };
     FV2AlertContent content{.messageText = plainText(row.title),
                             .informativeText = plainText(row.text),

@@ -26,7 +26,7 @@ void FV2RedReport::update(const FV2AppState& state, std::chrono::steady_clock::t
     std::string reason;
     for (const FV2StatusMesssageListItem& message : state.statusMessageList)
         if (message.statusType == fv2StatusStateType::Red)
-            reason += (reason.empty() ? "" : "; ") + message.Title + ": " + scanTags(message.Text).text;
+            reason += (reason.empty() ? "" : "; ") + message.Title + ": " + textWithoutLinks(message.Text);
     if (reason.empty() || state.overallState != fv2StatusStateType::Red) {
         m_told.clear();
         return;

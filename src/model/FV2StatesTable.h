@@ -12,6 +12,8 @@ namespace fv2 {
 
 //! Stands in for the service's state when there is no valid answer.
 inline constexpr std::int64_t kNoValidAnswer = -1;
+//! All is done; a state without a message.
+inline constexpr std::int64_t kEncryptedState = 6;
 
 //! One message that a service state shows. Title and text are identifiers; the text of a row with a percentage has one
 //! place for it.

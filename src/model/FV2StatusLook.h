@@ -4,6 +4,7 @@
 
 #include "model/FV2Types.h"
 #include "resources/FV2WindowColours.h"
+#include "resources/NxDesign.h"
 
 #include <array>
 
@@ -20,7 +21,8 @@ struct FV2StatusLook {
     const char* statusLineIcon;
     Colour statusLineColour;
     Colour messageColour;     //!< behind a status message of this light
-    const char* menuIcon;     //!< of the left menu's first row
+    const char* menuIcon;     //!< of the left menu's first row, and the sign of such a message
+    NxDesignColor signColour; //!< of that sign
     const char* numberBubble; //!< behind the number beside it
     bool isNumberDark;
 };
@@ -35,6 +37,7 @@ inline constexpr std::array<FV2StatusLook, 3> kStatusLooks{{
      .statusLineColour = &FV2WindowColours::colourStatusLineBackgroundGreen,
      .messageColour = &FV2WindowColours::colourStatusMessageBackgroundGreen,
      .menuIcon = "home_template",
+     .signColour = NxDesignColor::Green,
      .numberBubble = "green_notification_bubble",
      .isNumberDark = false},
     {.light = fv2StatusStateType::Yellow,
@@ -45,6 +48,7 @@ inline constexpr std::array<FV2StatusLook, 3> kStatusLooks{{
      .statusLineColour = &FV2WindowColours::colourStatusLineBackgroundYellow,
      .messageColour = &FV2WindowColours::colourStatusMessageBackgroundYellow,
      .menuIcon = "warning_template",
+     .signColour = NxDesignColor::Yellow,
      .numberBubble = "yellow_notification_bubble",
      .isNumberDark = true},
     {.light = fv2StatusStateType::Red,
@@ -55,6 +59,7 @@ inline constexpr std::array<FV2StatusLook, 3> kStatusLooks{{
      .statusLineColour = &FV2WindowColours::colourStatusLineBackgroundRed,
      .messageColour = &FV2WindowColours::colourStatusMessageBackgroundRed,
      .menuIcon = "error_template",
+     .signColour = NxDesignColor::Red,
      .numberBubble = "red_notification_bubble",
      .isNumberDark = false},
 }};

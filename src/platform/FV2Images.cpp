@@ -9,7 +9,9 @@
 #include <QStandardPaths>
 #include <QSvgRenderer>
 
+#include <map>
 #include <memory>
+#include <utility>
 
 namespace fv2 {
 
@@ -17,15 +19,28 @@ namespace {
 
 constexpr std::array<int, 8> kPanelSizes{16, 22, 24, 32, 48, 64, 96, 128};
 
-//! Draws when asked, so that large sizes take no memory until somebody wants them.
+//! What a picture can be drawn for, and how such a file's name ends.
+constexpr std::pair<int, const char*> kGrids[] = {{16, ""}, {22, "_22"}, {24, "_24"}};
+
+//! One picture, drawn for one or more sizes. Draws when asked, so that large sizes take no memory until somebody wants
+//! them.
 class Drawing final : public QIconEngine {
 public:
-    Drawing(const QString& path, QString themeName)
-        : m_image(std::make_shared<QSvgRenderer>(path))
+    using Grids = std::map<int, std::shared_ptr<QSvgRenderer>>; //!< by the size that each is drawn for
+
+    Drawing(Grids grids, QString themeName)
+        : m_grids(std::move(grids))
         , m_themeName(std::move(themeName)) {}
 
     void paint(QPainter* painter, const QRect& place, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-        m_image->render(painter, place);
+        if (m_grids.size() == 1) {
+            m_grids.begin()->second->render(painter, place);
+            return;
+        }
+        const auto [grid, size] = sharpest(std::min(place.width(), place.height()));
+        QRect drawn(0, 0, size, size);
+        drawn.moveCenter(place.center());
+        grid->render(painter, drawn);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         QPixmap pixmap(size);
@@ -44,7 +59,20 @@ public:
     QIconEngine* clone() const override { return new Drawing(*this); }
 
 private:
-    std::shared_ptr<QSvgRenderer> m_image;
+    //! The grid whose multiple leaves the least room unused, and that multiple; a smaller place than any gets a smaller
+    //! drawing.
+    [[nodiscard]] std::pair<QSvgRenderer*, int> sharpest(int room) const {
+        std::pair<QSvgRenderer*, int> best{m_grids.begin()->second.get(), room};
+        int least = m_grids.begin()->first;
+        for (const auto& [size, grid] : m_grids)
+            if (const int whole = room / size * size; whole >= least) {
+                best = {grid.get(), whole};
+                least = whole;
+            }
+        return best;
+    }
+
+    Grids m_grids;
     QString m_themeName;
 };
 
@@ -59,13 +87,16 @@ QString themeName(QString file) {
 
 } // namespace
 
-QIcon FV2Images::imageNamed(const QString& name, bool dark) {
-    const QString file = dark ? name + QStringLiteral("_dark") : name;
-    const auto known = m_read.constFind(file);
+QIcon FV2Images::imageNamed(const QString& name) {
+    const auto known = m_read.constFind(name);
     if (known != m_read.constEnd())
         return *known;
-    const QString path = QStringLiteral(":/images/") + file + QStringLiteral(".svg");
-    return *m_read.insert(file, QFile::exists(path) ? QIcon(new Drawing(path, themeName(file))) : QIcon());
+    Drawing::Grids grids;
+    for (const auto& [size, suffix] : kGrids)
+        if (const QString path = QStringLiteral(":/images/") + name + QLatin1String(suffix) + QStringLiteral(".svg");
+            QFile::exists(path))
+            grids[size] = std::make_shared<QSvgRenderer>(path);
+    return *m_read.insert(name, grids.empty() ? QIcon() : QIcon(new Drawing(std::move(grids), themeName(name))));
 }
 
 } // namespace fv2

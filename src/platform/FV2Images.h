@@ -12,10 +12,11 @@ namespace fv2 {
 //! thread only.
 class FV2Images {
 public:
-    //! Sharp at any size, and says so of those that panels and docks use (16 to 128 px); a null icon for an unknown
-    //! name. The dark variant, "<name>_dark.svg", is outlined for dark panels. Has a name of the icon theme where the
-    //! agent's icons are installed, so that a theme can have its own.
-    [[nodiscard]] QIcon imageNamed(const QString& name, bool dark = false);
+    //! Says that it has what panels and docks use, 16 to 128 px; a null icon for an unknown name. A picture that is
+    //! also there as "<name>_22.svg" and "<name>_24.svg" is drawn on whole pixels: the largest multiple of 16, 22 or 24
+    //! px that fits, in the middle. Has a name of the icon theme where the agent's icons are installed, so that a theme
+    //! can have its own.
+    [[nodiscard]] QIcon imageNamed(const QString& name);
 
 private:
     QHash<QString, QIcon> m_read;

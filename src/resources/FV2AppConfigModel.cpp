@@ -3,7 +3,6 @@
 #include "resources/FV2AppConfigModel.h"
 
 #include "resources/NxColor.h"
-#include "resources/NxDesign.h"
 
 namespace fv2 {
 
@@ -26,6 +25,12 @@ constexpr FV2AppConfigModel::ImageEntry kImages[] = {
     {"warning_white_32x32", ":/images/warning_white_32x32.svg"},
     {"threat_white_32x32", ":/images/threat_white_32x32.svg"},
     {"tagline", ":/images/tagline.svg"},
+    {"application_icon", ":/images/application_icon.svg"},
+    {"threat_48x48", ":/images/threat_48x48.svg"},
+    {"drive_template", ":/images/drive_template.svg"},
+    {"caps_lock_template", ":/images/caps_lock_template.svg"},
+    {"reveal_template", ":/images/reveal_template.svg"},
+    {"conceal_template", ":/images/conceal_template.svg"},
 };
 
 } // namespace
@@ -47,8 +52,8 @@ NxRgba FV2AppConfigModel::taglineTint() const {
     return NxColor::color(NxColor::taglineTintColor, m_productModel.edition).value_or(colour("placeholder"));
 }
 
-NxRgba FV2AppConfigModel::linkColour() const {
-    return NxDesign::sharedDesign().getDesignColor(NxDesignColor::Link, m_isDarkMode ? 0 : 1);
+NxRgba FV2AppConfigModel::designColour(NxDesignColor kind) const {
+    return NxDesign::sharedDesign().getDesignColor(kind, m_isDarkMode ? 0 : 1);
 }
 
 void FV2AppConfigModel::refreshAppearance() {

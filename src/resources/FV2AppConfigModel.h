@@ -5,6 +5,7 @@
 #include "resources/FV2SupportContact.h"
 #include "resources/FV2WindowColours.h"
 #include "resources/FV2WindowSizes.h"
+#include "resources/NxDesign.h"
 
 #include <functional>
 #include <span>
@@ -49,7 +50,7 @@ public:
     //! NxColor's, for the product's edition.
     [[nodiscard]] NxRgba taglineTint() const;
     //! NxDesign's, for the surfaces of the appearance at the last refresh.
-    [[nodiscard]] NxRgba linkColour() const;
+    [[nodiscard]] NxRgba designColour(NxDesignColor kind) const;
 
     [[nodiscard]] const std::string& os() const { return m_os; }
     [[nodiscard]] const std::string& machine() const { return m_machine; }

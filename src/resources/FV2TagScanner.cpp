@@ -218,4 +218,11 @@ FV2ScannedText scanTags(std::string_view markup, std::size_t capacity) {
     return Scan(markup.substr(0, markup.find('\0')), capacity).run();
 }
 
+std::string textWithoutLinks(std::string_view markup) {
+    const std::size_t line = markup.rfind('\n');
+    if (line != std::string_view::npos && markup.substr(line + 1).starts_with("<A") && markup.ends_with("</A>"))
+        markup = markup.substr(0, line);
+    return scanTags(markup).text;
+}
+
 } // namespace fv2

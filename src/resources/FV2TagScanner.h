@@ -40,4 +40,8 @@ inline constexpr std::size_t kTagScannerCapacity = 65535;
 //! Only bytes count: the text may be cut inside a character, or hold what is no UTF-8 at all.
 [[nodiscard]] FV2ScannedText scanTags(std::string_view markup, std::size_t capacity = kTagScannerCapacity);
 
+//! The text of a mark-up where no link can be followed: without tags, and without a last line that is nothing but a
+//! link.
+[[nodiscard]] std::string textWithoutLinks(std::string_view markup);
+
 } // namespace fv2

@@ -2,19 +2,31 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2AlertSheet.h"
 
+#include "platform/FV2WindowFrame.h"
 #include "toolkit/NxButton.h"
 #include "toolkit/NxImageView.h"
+#include "toolkit/NxQtColor.h"
 #include "toolkit/NxTextField.h"
+#include "toolkit/TitleFont.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
 
 namespace fv2 {
 
 namespace {
 
+// Device-independent pixels.
+constexpr int kWidth = 410;
 constexpr int kMargin = 20;
+constexpr int kAboveButtons = 28;
+constexpr int kBetweenTexts = 8;
 constexpr int kIconSize = 48;
+constexpr int kRows = 6; //!< of texts and what is between them
 
 NxTextField* wrappedText(const std::string& text) {
     auto* const field = new NxTextField;
@@ -39,7 +51,7 @@ FV2AlertSheet::FV2AlertSheet(QWidget* window, FV2Alert alert)
     auto* const grid = new QGridLayout(this);
     grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     grid->setHorizontalSpacing(kMargin);
-    grid->setVerticalSpacing(kMargin / 2);
+    grid->setVerticalSpacing(0);
     grid->setColumnStretch(1, 1);
     addTexts(*grid);
     addButtons(*grid);
@@ -51,15 +63,19 @@ void FV2AlertSheet::addTexts(QGridLayout& grid) {
     icon->setImageName(QStringLiteral("threat_48x48"));
     icon->setFixedSize(kIconSize, kIconSize);
     auto* const title = wrappedText(content().messageText);
-    QFont bold = title->font();
-    bold.setBold(true);
-    title->setFont(bold);
-    grid.addWidget(icon, 0, 0, 2, 1, Qt::AlignTop);
+    title->setFont(titleFont(font()));
+    grid.addWidget(icon, 0, 0, kRows, 1, Qt::AlignTop);
     grid.addWidget(title, 0, 1);
-    grid.addWidget(wrappedText(content().informativeText), 1, 1, Qt::AlignTop);
-    if (!content().note.empty())
-        grid.addWidget(wrappedText(content().note), 2, 1, Qt::AlignTop);
-    grid.setRowStretch(1, 1);
+    int row = 1;
+    for (const std::string& text : {content().informativeText, content().note}) {
+        if (text.empty())
+            continue;
+        grid.setRowMinimumHeight(row, kBetweenTexts);
+        grid.addWidget(wrappedText(text), row + 1, 1);
+        row += 2;
+    }
+    grid.setRowMinimumHeight(row, kAboveButtons);
+    grid.setRowStretch(row, 1);
 }
 
 void FV2AlertSheet::addButtons(QGridLayout& grid) {
@@ -70,18 +86,36 @@ void FV2AlertSheet::addButtons(QGridLayout& grid) {
         box->addButton(button, position == 0 ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole);
         button->setAutoDefault(true);
         button->setDefault(position == 0);
+        button->setProminent(position == 0);
         if (position == 0)
             button->setFocus();
     }
     connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    grid.addWidget(box, 3, 0, 1, 2);
+    grid.addWidget(box, kRows, 0, 1, 2);
 }
 
 void FV2AlertSheet::beginModal(bool takesKeyboard) {
     setAttribute(Qt::WA_ShowWithoutActivating, !takesKeyboard);
-    adjustSize(); // before there is a window: one that takes its size while it is shown may be left with another
+    // Before there is a window: one that takes its size while it is shown may be left with another.
+    const int width = std::max(kWidth, layout()->totalMinimumSize().width());
+    resize(width, std::max(layout()->totalHeightForWidth(width), layout()->totalMinimumSize().height()));
+    moveToCentre();
+    winId(); // makes the handle
+    askForFrame(*windowHandle(), isDark(palette()));
     open();
+}
+
+//! Of the window's content: Qt guesses the frames, and not well.
+void FV2AlertSheet::moveToCentre() {
+    const QWidget& window = *parentWidget();
+    QRect content(QPoint(), size());
+    content.moveCenter(window.geometry().center());
+    const QPoint frame = window.geometry().topLeft() - window.frameGeometry().topLeft();
+    const QRect free = window.screen()->availableGeometry();
+    const QPoint place = content.topLeft() - frame;
+    move(std::clamp(place.x(), free.left(), std::max(free.left(), free.right() - width())),
+         std::clamp(place.y(), free.top(), std::max(free.top(), free.bottom() - height())));
 }
 
 } // namespace fv2

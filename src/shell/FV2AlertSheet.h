@@ -36,6 +36,7 @@ public:
 private:
     void addTexts(QGridLayout& grid);
     void addButtons(QGridLayout& grid);
+    void moveToCentre();
 
     const FV2Alert m_alert;
 };

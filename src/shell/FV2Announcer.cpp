@@ -78,7 +78,7 @@ void FV2Announcer::setTrayMissing(bool missing) {
 
 //! Texts are plain here: nothing in a notification but its buttons can be used.
 std::string FV2Announcer::text(std::string_view identifier) const {
-    return scanTags(translatedText(identifier, m_parts.strings)).text;
+    return textWithoutLinks(translatedText(identifier, m_parts.strings));
 }
 
 FV2Notification FV2Announcer::notification(fv2Announcement what) const {
@@ -123,7 +123,7 @@ FV2Notification FV2Announcer::fromMessage(fv2StatusStateType light) const {
     });
     if (found == messages.end())
         return {};
-    FV2Notification made{.title = found->Title, .text = scanTags(found->Text).text};
+    FV2Notification made{.title = found->Title, .text = textWithoutLinks(found->Text)};
     if (const std::string support = m_parts.support.plainText(m_parts.strings);
         found->sendsToAdministrator && !support.empty())
         made.text += '\n' + support;

@@ -11,8 +11,8 @@ namespace fv2 {
 
 void FV2TrayItem::show(std::string_view imageName, fv2StatusStateType overallState, std::optional<int> percent) {
     const QString image = QString::fromUtf8(imageName.data(), static_cast<qsizetype>(imageName.size()));
-    if (std::exchange(m_imageName, image) != image)
-        refreshIcon();
+    if (std::exchange(m_imageName, image) != image && m_icon)
+        m_icon->setIcon(m_images.imageNamed(m_imageName));
     QString toolTip = translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME"), m_strings) + QStringLiteral(": ") +
                       translated(QString::fromUtf8(lookOf(overallState).title), m_strings);
     if (percent)
@@ -27,18 +27,8 @@ void FV2TrayItem::setMenu(QMenu& menu, std::function<void()> clicked) {
     m_clicked = std::move(clicked);
 }
 
-void FV2TrayItem::setDark(bool dark) {
-    if (std::exchange(m_dark, dark) != dark)
-        refreshIcon();
-}
-
-void FV2TrayItem::refreshIcon() {
-    if (m_icon)
-        m_icon->setIcon(m_images.imageNamed(m_imageName, m_dark));
-}
-
 void FV2TrayItem::showInTray() {
-    m_icon.emplace(m_images.imageNamed(m_imageName, m_dark));
+    m_icon.emplace(m_images.imageNamed(m_imageName));
     m_icon->setToolTip(m_toolTip);
     m_icon->setContextMenu(m_menu);
     QObject::connect(&*m_icon, &QSystemTrayIcon::activated, &*m_icon, [this](QSystemTrayIcon::ActivationReason reason) {

@@ -29,22 +29,16 @@ public:
     //! already does nothing: the tray's host would redraw for it.
     void show(std::string_view imageName, fv2StatusStateType overallState, std::optional<int> percent = {});
 
-    //! Takes the variant of the icons that is made for dark or for light desktops.
-    void setDark(bool dark);
-
     //! To be called once a tray can be used: makes the item with what was set last.
     void showInTray();
 
 private:
-    void refreshIcon();
-
     FV2Images& m_images;
     const OxStringBundle& m_strings;
     QMenu* m_menu = nullptr;
     std::function<void()> m_clicked;
     QString m_imageName;
     QString m_toolTip;
-    bool m_dark = false;
     std::optional<QSystemTrayIcon> m_icon;
 };
 

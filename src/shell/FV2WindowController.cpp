@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shell/FV2WindowController.h"
 
+#include "platform/FV2WindowFrame.h"
 #include "shell/FV2Palette.h"
+
+#include <QWindow>
 
 #include <array>
 #include <cstdio>
@@ -36,6 +39,8 @@ void FV2WindowController::showWindow(bool userInitiated) {
 
 void FV2WindowController::setAppearance(bool dark) {
     m_window->setPalette(windowPalette(dark));
+    m_window->winId(); // makes the handle
+    askForFrame(*m_window->windowHandle(), dark);
 }
 
 void FV2WindowController::windowWillClose() {

@@ -6,14 +6,14 @@
 
 namespace fv2 {
 
-//! A button that shows its text as it is, "&" included, and shows plainly that it has the focus. Main thread only.
+//! A button that shows its text as it is, "&" included. It looks the same under every style, in the palette's colours:
+//! filled if it does what its window is for, and with a ring of 2 px while it has the keyboard. Main thread only.
 class NxButton : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(QString title READ title WRITE setTitle)
 
 public:
-    explicit NxButton(QWidget* parent = nullptr)
-        : QPushButton(parent) {}
+    explicit NxButton(QWidget* parent = nullptr);
 
     //! Shows the application's text of an identifier.
     void setTitle(const QString& identifier);
@@ -23,16 +23,27 @@ public:
     //! Shows the text as it is.
     void setText(const QString& text);
 
-    //! With some air around the text.
-    [[nodiscard]] QSize sizeHint() const override { return QPushButton::sizeHint() + QSize(12, 4); }
+    //! It does what its window is for; one of a window at the most.
+    void setProminent(bool prominent);
+    [[nodiscard]] bool isProminent() const { return m_prominent; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    struct Colours {
+        QColor fill, border, text;
+    };
+
     void showText(const QString& text);
+    [[nodiscard]] QFont shownFont() const;
+    [[nodiscard]] Colours colours() const;
 
     QString m_title;
+    bool m_prominent = false;
 };
 
 } // namespace fv2

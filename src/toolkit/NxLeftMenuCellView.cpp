@@ -9,36 +9,21 @@
 #include <QFontInfo>
 #include <QStyle>
 
-#include <array>
+#include <algorithm>
+#include <utility>
 
 namespace fv2 {
 
 namespace {
 
-constexpr int kLeftMargin = 16;
-constexpr int kRightMargin = 12;
+constexpr int kLeftMargin = 18;
+constexpr int kRightMargin = 16;
 constexpr int kGap = 10;
 constexpr int kIconSize = 20;
 // Even, like the bubble's width, so that a centred one is on whole pixels at 150 % too.
 constexpr int kBubbleHeight = 20;
 constexpr int kNarrowestBubble = 26;
 constexpr double kNumberScale = 0.9;
-
-//! How the text is tried until it fits: parts of the usual size of letters, and lines.
-struct Setting {
-    double scale;
-    int lines;
-};
-constexpr std::array kSettings{Setting{1, 1},    Setting{0.95, 1}, Setting{0.9, 1},  Setting{1, 2},
-                               Setting{0.95, 2}, Setting{0.9, 2},  Setting{0.85, 2}, Setting{0.8, 2}};
-
-int widestWord(const QString& text, const QFont& font) {
-    int widest = 0;
-    const QFontMetrics letters(font);
-    for (const QString& word : text.split(u' '))
-        widest = std::max(widest, letters.horizontalAdvance(word));
-    return widest;
-}
 
 } // namespace
 
@@ -50,11 +35,11 @@ NxLeftMenuCellView::NxLeftMenuCellView(QWidget* parent)
     , m_counterNumberField(new NxTextField(this)) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    m_textField->setWordWrap(true);
     m_counterImage->setStretchesMiddle(true);
     m_counterNumberField->setAlignment(Qt::AlignCenter);
     m_counterImage->hide();
     m_counterNumberField->hide();
-    m_textField->installEventFilter(this);
     m_counterImage->installEventFilter(this);
     connect(m_textField, &NxTextField::textChanged, this, &NxLeftMenuCellView::arrange);
     connect(m_counterNumberField, &NxTextField::textChanged, this, &NxLeftMenuCellView::arrange);
@@ -74,7 +59,7 @@ void NxLeftMenuCellView::changeEvent(QEvent* event) {
 bool NxLeftMenuCellView::eventFilter(QObject* watched, QEvent* event) {
     const bool bubbleCameOrWent =
         watched == m_counterImage && (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent);
-    if (bubbleCameOrWent || (watched == m_textField && event->type() == QEvent::FontChange))
+    if (bubbleCameOrWent)
         arrange();
     return QWidget::eventFilter(watched, event);
 }
@@ -100,35 +85,10 @@ void NxLeftMenuCellView::arrange() {
 
     const int textLeft = kLeftMargin + kIconSize + kGap;
     const int textRight = m_counterImage->isHidden() ? width() - kRightMargin : bubbleLeft - kGap;
-    fitText(visual({textLeft, 0, std::max(0, textRight - textLeft), height()}));
-}
-
-void NxLeftMenuCellView::fitText(const QRect& room) {
-    const double usual = QFontInfo(font()).pointSizeF();
-    const auto scaled = [&](double scale) {
-        QFont changed = m_textField->font();
-        changed.setPointSizeF(usual * scale);
-        return changed;
-    };
-    m_textField->setElided(false);
-    m_textField->setWordWrap(true);
-    const auto fitsAt = [&](const Setting& setting) {
-        int lines = 0;
-        const QSize size = m_textField->sizeOfText(room.width(), scaled(setting.scale), &lines);
-        return lines <= setting.lines && size.height() <= room.height();
-    };
-    // Prefer smaller letters to a broken word, and a broken word to a cut text.
-    const auto fitsInWholeWordsAt = [&](const Setting& setting) {
-        return widestWord(m_textField->text(), scaled(setting.scale)) <= room.width() && fitsAt(setting);
-    };
-    const auto* fitting = std::find_if(kSettings.begin(), kSettings.end(), fitsInWholeWordsAt);
-    if (fitting == kSettings.end())
-        fitting = std::find_if(kSettings.begin(), kSettings.end(), fitsAt);
-    const bool fits = fitting != kSettings.end();
-    m_textField->setFont(scaled(fits ? fitting->scale : 1));
-    m_textField->setGeometry(room);
-    m_textField->setElided(!fits);
-    setToolTip(m_textField->toolTip());
+    m_textField->setGeometry(visual({textLeft, 0, std::max(0, textRight - textLeft), height()}));
+    if (const int wanted = m_textField->heightForWidth(m_textField->width());
+        std::exchange(m_wantedHeight, wanted) != wanted)
+        Q_EMIT wantedHeightChanged();
 }
 
 } // namespace fv2

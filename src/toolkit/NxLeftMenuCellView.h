@@ -12,9 +12,8 @@ class NxTextField;
 //! Between a number and the rim of its bubble, in pixels, both sides together.
 inline constexpr int kRoomBesideNumber = 12;
 
-//! A row of the left menu: icon, text, and a bubble with a number at the end. A text too long for one line gets two
-//! smaller ones; one too long for these is cut with "…" and is then the cell's tooltip. The mouse passes through it to
-//! the row beneath, which has to show that tooltip. Main thread only.
+//! A row of the left menu: icon, text, and a bubble with a number at the end. A long text gets more
+//! lines, and the cell wants to be higher then. The mouse passes through it to the row beneath. Main thread only.
 class NxLeftMenuCellView : public QWidget {
     Q_OBJECT
 public:
@@ -26,8 +25,14 @@ public:
     //! Stands over the bubble's middle. Bubble and number are hidden until someone shows both.
     [[nodiscard]] NxTextField& counterNumberField() const { return *m_counterNumberField; }
 
+    //! That of the text in the width that it has, in pixels.
+    [[nodiscard]] int wantedHeight() const { return m_wantedHeight; }
+
     [[nodiscard]] QSize sizeHint() const override { return {210, 32}; }
     [[nodiscard]] QSize minimumSizeHint() const override { return {100, 32}; }
+
+Q_SIGNALS:
+    void wantedHeightChanged();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -37,12 +42,12 @@ protected:
 private:
     void arrange();
     [[nodiscard]] int bubbleWidth() const;
-    void fitText(const QRect& room);
 
     NxTextField* m_textField;
     NxImageView* m_imageView;
     NxImageView* m_counterImage;
     NxTextField* m_counterNumberField;
+    int m_wantedHeight = 0;
 };
 
 } // namespace fv2

@@ -87,7 +87,7 @@ bool isTyped(const QKeyEvent& event) {
 } // namespace
 
 NxSecureTextField::NxSecureTextField(QWidget* parent)
-    : QLineEdit(parent) {
+    : NxFramedField(parent) {
     setEchoMode(Password);
     setDragEnabled(false);
     setAcceptDrops(false);
@@ -302,22 +302,12 @@ void NxSecureTextField::paintEvent(QPaintEvent* event) {
     if (m_revealed)
         paintRevealed();
     else
-        QLineEdit::paintEvent(event);
-    if (hasFocus())
-        return;
-    // Styles draw the frame of a dark field so faintly that it is hard to find.
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.setOpacity(isEnabled() ? 1 : 0.5);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+        NxFramedField::paintEvent(event);
 }
 
 void NxSecureTextField::paintRevealed() {
+    paintFrame();
     QPainter painter(this);
-    QStyleOptionFrame panel;
-    initStyleOption(&panel);
-    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &panel, &painter, this);
     const QRect place = textPlace();
     painter.setClipRect(place);
     painter.setPen(palette().color(QPalette::Text));

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "base/SecretText.h"
+#include "toolkit/NxFramedField.h"
 
 #include <QClipboard>
-#include <QLineEdit>
 #include <QTimer>
 
 #include <chrono>
@@ -18,7 +18,7 @@ namespace fv2 {
 
 //! A field for a password. What Qt edits, paints and tells others about is one dot for each Unicode character; the
 //! characters themselves are kept as UTF-8 in a SecretText. Nothing can be copied, dragged or undone. Main thread only.
-class NxSecureTextField final : public QLineEdit {
+class NxSecureTextField final : public NxFramedField {
     Q_OBJECT
 public:
     static constexpr std::size_t kMostBytes = 512;

@@ -17,13 +17,6 @@
 
 namespace fv2 {
 
-namespace {
-
-//! Of the font's own; leaves room for the focus mark between two lines.
-constexpr double kLineHeight = 1.2;
-
-} // namespace
-
 //! Forming letters costs far more than breaking lines, and layouts ask for the same few widths again and again.
 struct NxTextAndLinksView::Laid {
     Laid(const QString& text, const QFont& font, const QPaintDevice* device)
@@ -95,6 +88,8 @@ QColor NxTextAndLinksView::focusMarkColor() const {
 
 void NxTextAndLinksView::textDidChange() {
     m_links = m_text.links();
+    for (const NxAttributedString::LinkRange& link : m_links)
+        m_text.change(link.start, link.end, [](NxAttributedString::Attributes& attributes) { attributes.bold = true; });
     m_focusedLink = 0;
     forgetLayout();
     setFocusPolicy(m_links.empty() ? Qt::NoFocus : Qt::TabFocus);

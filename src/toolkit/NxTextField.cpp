@@ -113,9 +113,9 @@ QSizeF NxTextField::layOut(QTextLayout& layout, double width) const {
     option.setWrapMode(wraps() ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::ManualWrap);
     layout.setTextOption(option);
     layout.setFormats(m_styles);
-    const double points = QFontInfo(layout.font()).pointSizeF();
-    return layOutLines(layout, width, overhangOf(layout),
-                       m_styles.isEmpty() ? 0 : (points + kStyledLineGap) * logicalDpiY() / 72);
+    const double usual = kLineHeight * QFontMetrics(layout.font()).height();
+    const double styled = (QFontInfo(layout.font()).pointSizeF() + kStyledLineGap) * logicalDpiY() / 72;
+    return layOutLines(layout, width, overhangOf(layout), m_styles.isEmpty() ? usual : std::max(usual, styled));
 }
 
 QSize NxTextField::sizeOfText(int width, const QFont& font, int* lines) const {

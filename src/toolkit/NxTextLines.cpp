@@ -19,7 +19,8 @@ QSizeF layOutLines(QTextLayout& layout, double width, double overhang, double le
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        const double height = std::max(line.height(), leastLineHeight);
+        const bool isFirst = layout.lineCount() == 1;
+        const double height = isFirst ? line.height() : std::max(line.height(), leastLineHeight);
         line.setPosition({0, size.height() + height - line.height()});
         size = {std::max(size.width(), line.naturalTextWidth()), size.height() + height};
     }

@@ -13,6 +13,8 @@ namespace fv2 {
 //! A text that may be wrapped is as wide as so many letters if there is room for them, and never narrower than so few.
 inline constexpr int kComfortableLetters = 60;
 inline constexpr int kFewestLetters = 6;
+//! From one line to the next, in heights of the font.
+inline constexpr double kLineHeight = 1.2;
 //! For so many widths a text remembers how high it was.
 inline constexpr std::size_t kRememberedWidths = 8;
 
@@ -20,7 +22,7 @@ inline constexpr std::size_t kRememberedWidths = 8;
 [[nodiscard]] double overhangOf(const QTextLayout& layout);
 
 //! Lays out all lines of a text below one another, no wider than given and below the overhang, and tells the size that
-//! they take. Main thread only.
-QSizeF layOutLines(QTextLayout& layout, double width, double overhang, double leastLineHeight = 0);
+//! they take. From the second one on they are at least so high. Main thread only.
+QSizeF layOutLines(QTextLayout& layout, double width, double overhang, double leastLineHeight);
 
 } // namespace fv2

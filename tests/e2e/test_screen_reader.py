@@ -11,7 +11,7 @@ from waiting import wait_until
 
 #: One language is enough: what is not translated shows in any but English.
 STATES = ((1, "1, Status: Warnung. ", "Bitte beachten Sie die Meldungen"),
-          (3, "2, Status: Problem. ", "Ihre Aufmerksamkeit ist erforderlich"), (6, "", "Keine Probleme gemeldet"))
+          (3, "2, Status: Problem. ", "Ihre Aufmerksamkeit ist gefragt"), (6, "", "Keine Probleme gemeldet"))
 MESSAGES = "Öffnet die Meldungen zum Schutz Ihrer Daten; die Zahl sagt, wie viele es sind."
 
 
@@ -48,7 +48,10 @@ class ScreenReaderTest(unittest.TestCase):
             wait_until(lambda: bar.value() == 42, "the progress")
             service.send("progress 43")
             wait_until(lambda: bar.value() == 43, "the same bar to go on")
+            window.find("label", "43\N{NO-BREAK SPACE}%", ["showing"])
+            window.find(name="Warnung", states=["showing"])
             service.send("state 6")
+            window.find("label", "Ihre Festplatte ist verschlüsselt", ["showing"])
             service.send("sync fail")
             link = window.find("link", "Versuchen Sie es erneut", ["focusable", "showing"])
             desktop.screen.press("Tab")

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The fv2-agent authors
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/Screens.h"
+#include "screens/main/LeftMenuRowDelegate.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -154,6 +155,21 @@ TEST_F(MainWindowTest, ColoursFollowSelectionAndAppearance) {
     window().closeWindow();
     open();
     EXPECT_EQ(shownAt(QStringLiteral("backgroundView")), QColor(34, 36, 39)) << "a new window is dark from the start";
+}
+
+//! Screen readers ask where its rows are before the menu has its size, while it still scrolls.
+TEST_F(MainWindowTest, FillsTheMenusWidthWithRowsThatWereLaidOutEarly) {
+    QWidget parent;
+    LeftMenuTableView table(&parent);
+    table.setItemDelegate(new LeftMenuRowDelegate(32, &table));
+    table.addItems({"one", "two"});
+    table.setItemWidget(table.item(0), new NxLeftMenuCellView(&table));
+    parent.show();
+    table.resize(210, 20);
+    EXPECT_FALSE(table.visualItemRect(table.item(1)).isNull());
+    table.resize(210, 400);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(table.itemWidget(table.item(0))->width(), 210);
 }
 
 } // namespace

@@ -114,7 +114,7 @@ TEST(TextField, ShowsTheStylesOfAnApplicationsTextOfHtml) {
     field.setStringValue(QStringLiteral("IDUS_HTML"));
     EXPECT_EQ(field.text(), plain.text());
     EXPECT_GT(field.sizeHint().width(), plain.sizeHint().width());
-    EXPECT_GT(field.sizeHint().height(), plain.sizeHint().height()) << "lines of styled texts are wider apart";
+    EXPECT_GE(field.sizeHint().height(), plain.sizeHint().height());
     field.resize(field.sizeHint());
     const QImage shown = field.grab().toImage();
     for (int place = 0; place < shown.width() * shown.height(); ++place) {
@@ -153,10 +153,8 @@ TEST(LeftMenuCell, KeepsEveryTextReadableBesideTheBubble) {
         for (const char* text : {"Status", "Verschlüsselungsstatus", "Status der Verschlüsselung",
                                  "Status der Verschlüsselung dieses Rechners und aller seiner Laufwerke"}) {
             field.setText(QString::fromUtf8(text));
-            const bool isCut = !cell.toolTip().isEmpty();
-            EXPECT_EQ(isCut, field.text().size() > 40) << text << number;
-            EXPECT_LT(field.geometry().right(), *number != '\0' ? cell.counterImage().geometry().left() : 198);
-            EXPECT_TRUE(isCut || field.sizeOfText(field.width(), field.font()).height() <= 32) << text << number;
+            EXPECT_LT(field.geometry().right(), *number != '\0' ? cell.counterImage().geometry().left() : 194);
+            EXPECT_EQ(cell.wantedHeight(), field.heightForWidth(field.width())) << text << number;
         }
     }
     EXPECT_GE(cell.counterImage().width(), 12 + cell.counterNumberField().sizeHint().width());

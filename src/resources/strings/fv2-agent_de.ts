@@ -32,40 +32,44 @@
         <translation>Zum Verschlüsseln wird Ihr Passwort benötigt</translation>
     </message>
     <message id="IDUS_ORM_SM_WANT_ENC_DESC">
-        <source>This disk is to be encrypted to protect your data. &lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt; to start. You can keep working meanwhile.</source>
-        <translation>Diese Festplatte soll zum Schutz Ihrer Daten verschlüsselt werden. &lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Geben Sie Ihr Passwort ein&lt;/A&gt;, um zu beginnen. Sie können währenddessen weiterarbeiten.</translation>
+        <source>This disk is to be encrypted to protect your data. You can keep working meanwhile.
+&lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt;</source>
+        <translation>Diese Festplatte soll zum Schutz Ihrer Daten verschlüsselt werden. Sie können währenddessen weiterarbeiten.
+&lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Geben Sie Ihr Passwort ein&lt;/A&gt;</translation>
     </message>
     <message id="IDUS_ORM_SM_STARTING_ENC">
-        <source>Encryption starts as soon as the preparation is done (%1). You can keep working.</source>
-        <translation>Die Verschlüsselung beginnt, sobald die Vorbereitung abgeschlossen ist (%1). Sie können weiterarbeiten.</translation>
+        <source>Encryption starts as soon as the preparation is done. You can keep working.</source>
+        <translation>Die Verschlüsselung beginnt, sobald die Vorbereitung abgeschlossen ist. Sie können weiterarbeiten.</translation>
     </message>
     <message id="IDUS_ORM_SM_ENCING">
         <source>Your disk is being encrypted</source>
         <translation>Ihre Festplatte wird verschlüsselt</translation>
     </message>
     <message id="IDUS_ORM_SM_ENCING_DESC">
-        <source>Progress: %1. You can keep working. Your data is fully protected once encryption has finished.</source>
-        <translation>Fortschritt: %1. Sie können weiterarbeiten. Ihre Daten sind vollständig geschützt, sobald die Verschlüsselung abgeschlossen ist.</translation>
+        <source>You can keep working. Your data is fully protected once encryption has finished.</source>
+        <translation>Sie können weiterarbeiten. Ihre Daten sind vollständig geschützt, sobald die Verschlüsselung abgeschlossen ist.</translation>
     </message>
     <message id="IDUS_ORM_SM_WANT_DEC">
         <source>Your password is needed for decryption</source>
         <translation>Zum Entschlüsseln wird Ihr Passwort benötigt</translation>
     </message>
     <message id="IDUS_ORM_SM_WANT_DEC_DESC">
-        <source>The encryption of this disk is to be removed. &lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt; to start. Afterwards your data is no longer protected by encryption.</source>
-        <translation>Die Verschlüsselung dieser Festplatte soll aufgehoben werden. &lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Geben Sie Ihr Passwort ein&lt;/A&gt;, um zu beginnen. Danach sind Ihre Daten nicht mehr durch Verschlüsselung geschützt.</translation>
+        <source>The encryption of this disk is to be removed. Afterwards your data is no longer protected by encryption.
+&lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt;</source>
+        <translation>Die Verschlüsselung dieser Festplatte soll aufgehoben werden. Danach sind Ihre Daten nicht mehr durch Verschlüsselung geschützt.
+&lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Geben Sie Ihr Passwort ein&lt;/A&gt;</translation>
     </message>
     <message id="IDUS_ORM_SM_STARTING_DEC">
-        <source>Decryption starts as soon as the preparation is done (%1). You can keep working.</source>
-        <translation>Die Entschlüsselung beginnt, sobald die Vorbereitung abgeschlossen ist (%1). Sie können weiterarbeiten.</translation>
+        <source>Decryption starts as soon as the preparation is done. You can keep working.</source>
+        <translation>Die Entschlüsselung beginnt, sobald die Vorbereitung abgeschlossen ist. Sie können weiterarbeiten.</translation>
     </message>
     <message id="IDUS_ORM_SM_DECING">
         <source>Your disk is being decrypted</source>
         <translation>Ihre Festplatte wird entschlüsselt</translation>
     </message>
     <message id="IDUS_ORM_SM_DECING_DESC">
-        <source>Progress: %1. You can keep working. Once decryption has finished, your data is no longer protected by encryption.</source>
-        <translation>Fortschritt: %1. Sie können weiterarbeiten. Sobald die Entschlüsselung abgeschlossen ist, sind Ihre Daten nicht mehr durch Verschlüsselung geschützt.</translation>
+        <source>You can keep working. Once decryption has finished, your data is no longer protected by encryption.</source>
+        <translation>Sie können weiterarbeiten. Sobald die Entschlüsselung abgeschlossen ist, sind Ihre Daten nicht mehr durch Verschlüsselung geschützt.</translation>
     </message>
     <message id="IDUS_ORM_SM_OTHER_MANAGED">
         <source>Encryption is managed elsewhere</source>
@@ -84,8 +88,10 @@
         <translation>Synchronisierung</translation>
     </message>
     <message id="IDUS_ORM_SM_SYNC_ISSUE">
-        <source>The last synchronization with the management server did not succeed. &lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Try again&lt;/A&gt;. If that does not help, check your network connection or contact your administrator.</source>
-        <translation>Die letzte Synchronisierung mit dem Verwaltungsserver ist fehlgeschlagen. &lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Versuchen Sie es erneut&lt;/A&gt;. Wenn das nicht hilft, prüfen Sie Ihre Netzwerkverbindung oder wenden Sie sich an Ihre Systemadministration.</translation>
+        <source>The last synchronization with the management server did not succeed. If trying again does not help, check your network connection or contact your administrator.
+&lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Try again&lt;/A&gt;</source>
+        <translation>Die letzte Synchronisierung mit dem Verwaltungsserver ist fehlgeschlagen. Wenn ein neuer Versuch nicht hilft, prüfen Sie Ihre Netzwerkverbindung oder wenden Sie sich an Ihre Systemadministration.
+&lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Versuchen Sie es erneut&lt;/A&gt;</translation>
     </message>
     <message id="IDUS_ORM_SM_SYNC_ACTIVE">
         <source>This computer is exchanging its settings with the management server. There is nothing for you to do.</source>
@@ -112,8 +118,10 @@
         <translation>Der Verschlüsselungsdienst antwortet nicht</translation>
     </message>
     <message id="IDUS_ALERT_ERROR_COMMS">
-        <source>The service that looks after the encryption of this computer could not be reached. &lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Try again&lt;/A&gt;. If that does not help, restart the computer or contact your administrator.</source>
-        <translation>Der Dienst, der sich um die Verschlüsselung dieses Computers kümmert, ist nicht erreichbar. &lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Versuchen Sie es erneut&lt;/A&gt;. Wenn das nicht hilft, starten Sie den Computer neu oder wenden Sie sich an Ihre Systemadministration.</translation>
+        <source>The service that looks after the encryption of this computer could not be reached. If trying again does not help, restart the computer or contact your administrator.
+&lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Try again&lt;/A&gt;</source>
+        <translation>Der Dienst, der sich um die Verschlüsselung dieses Computers kümmert, ist nicht erreichbar. Wenn ein neuer Versuch nicht hilft, starten Sie den Computer neu oder wenden Sie sich an Ihre Systemadministration.
+&lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Versuchen Sie es erneut&lt;/A&gt;</translation>
     </message>
     <message id="IDUS_ALERT_ERROR_PROXYSYNC_GENERIC_TITLE">
         <source>Synchronization did not succeed</source>
@@ -128,12 +136,12 @@
         <translation>Passwort später eingeben?</translation>
     </message>
     <message id="IDUS_ALERT_WARNING_PASSWORD_POSTPONE_ENC">
-        <source>Until you enter your password, your disk stays unencrypted and your data unprotected. You can enter it at any time in the main window. Choose OK to do it later, or Cancel to go back.</source>
-        <translation>Bis Sie Ihr Passwort eingeben, bleibt Ihre Festplatte unverschlüsselt und Ihre Daten bleiben ungeschützt. Sie können es jederzeit im Hauptfenster eingeben. Wählen Sie „OK“, um es später zu tun, oder „Abbrechen“, um zurückzukehren.</translation>
+        <source>Until then your disk stays unencrypted and your data unprotected. You can enter it at any time in the main window.</source>
+        <translation>Bis dahin bleibt Ihre Festplatte unverschlüsselt und Ihre Daten bleiben ungeschützt. Sie können es jederzeit im Hauptfenster eingeben.</translation>
     </message>
     <message id="IDUS_ALERT_WARNING_PASSWORD_POSTPONE_DEC">
-        <source>Until you enter your password, your disk stays encrypted. You can enter it at any time in the main window. Choose OK to do it later, or Cancel to go back.</source>
-        <translation>Bis Sie Ihr Passwort eingeben, bleibt Ihre Festplatte verschlüsselt. Sie können es jederzeit im Hauptfenster eingeben. Wählen Sie „OK“, um es später zu tun, oder „Abbrechen“, um zurückzukehren.</translation>
+        <source>Until then your disk stays encrypted. You can enter it at any time in the main window.</source>
+        <translation>Bis dahin bleibt Ihre Festplatte verschlüsselt. Sie können es jederzeit im Hauptfenster eingeben.</translation>
     </message>
     <message id="IDUS_ALERT_TITLE_PASSWORD_FAILURE">
         <source>Your password could not be used</source>
@@ -166,12 +174,12 @@
         <translation>Passwort eingeben</translation>
     </message>
     <message id="IDUS_PASSWORDDIALOG_MESSAGE_ENC">
-        <source>Your disk is to be encrypted to protect your data. Please enter the password that you use to log in to this computer. Encryption then starts, and you can keep working.</source>
-        <translation>Ihre Festplatte soll zum Schutz Ihrer Daten verschlüsselt werden. Bitte geben Sie das Passwort ein, mit dem Sie sich an diesem Computer anmelden. Danach beginnt die Verschlüsselung, und Sie können weiterarbeiten.</translation>
+        <source>Enter the password that you use to log in to this computer. Encryption then starts, and you can keep working.</source>
+        <translation>Geben Sie das Passwort ein, mit dem Sie sich an diesem Computer anmelden. Danach beginnt die Verschlüsselung, und Sie können weiterarbeiten.</translation>
     </message>
     <message id="IDUS_PASSWORDDIALOG_MESSAGE_DEC">
-        <source>The encryption of your disk is to be removed. Please enter the password that you use to log in to this computer. Decryption then starts, and you can keep working.</source>
-        <translation>Die Verschlüsselung Ihrer Festplatte soll aufgehoben werden. Bitte geben Sie das Passwort ein, mit dem Sie sich an diesem Computer anmelden. Danach beginnt die Entschlüsselung, und Sie können weiterarbeiten.</translation>
+        <source>Enter the password that you use to log in to this computer. Decryption then starts, and you can keep working.</source>
+        <translation>Geben Sie das Passwort ein, mit dem Sie sich an diesem Computer anmelden. Danach beginnt die Entschlüsselung, und Sie können weiterarbeiten.</translation>
     </message>
     <message id="IDUS_PASSWORDDIALOG_USERNAME">
         <source>User name:</source>
@@ -241,7 +249,7 @@
     </message>
     <message id="IDUS_MGUI_STATUS_TITLE_RED">
         <source>Your attention is needed</source>
-        <translation>Ihre Aufmerksamkeit ist erforderlich</translation>
+        <translation>Ihre Aufmerksamkeit ist gefragt</translation>
     </message>
     <message id="IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS">
         <source>Protection status</source>
@@ -276,6 +284,10 @@
     <message id="IDUS_MGUI_PRODUCT_VERSION">
         <source>Version: </source>
         <translation>Version: </translation>
+    </message>
+    <message id="IDUS_MGUI_AGENT_VERSION">
+        <source>Agent version: </source>
+        <translation>Version des Agenten: </translation>
     </message>
     <message id="IDUS_MGUI_COMPUTER_NAME">
         <source>Computer name: </source>
@@ -353,6 +365,42 @@
     </message>
 
     <!-- Desktop notifications, and what stands beside texts: the support, and when a prompt comes back, as "in 60 minutes" -->
+    <message id="IDUS_PASSWORDDIALOG_HEADING_ENC">
+        <source>Encrypt this disk</source>
+        <translation>Diese Festplatte verschlüsseln</translation>
+    </message>
+    <message id="IDUS_PASSWORDDIALOG_HEADING_DEC">
+        <source>Decrypt this disk</source>
+        <translation>Diese Festplatte entschlüsseln</translation>
+    </message>
+    <message id="IDUS_BUTTON_START_ENC">
+        <source>Start encryption</source>
+        <translation>Verschlüsselung starten</translation>
+    </message>
+    <message id="IDUS_BUTTON_START_DEC">
+        <source>Start decryption</source>
+        <translation>Entschlüsselung starten</translation>
+    </message>
+    <message id="IDUS_MGUI_NOTHING_TO_DO">
+        <source>There is nothing for you to do</source>
+        <translation>Es gibt für Sie nichts zu tun</translation>
+    </message>
+    <message id="IDUS_MGUI_NOTHING_TO_DO_DESC">
+        <source>A message appears here if your disk or the synchronization needs you.</source>
+        <translation>Hier erscheint eine Meldung, wenn Ihre Festplatte oder die Synchronisierung Sie braucht.</translation>
+    </message>
+    <message id="IDUS_MGUI_CARD_COMPUTER">
+        <source>Computer</source>
+        <translation>Computer</translation>
+    </message>
+    <message id="IDUS_MGUI_CARD_LAST_SYNC">
+        <source>Last synchronization</source>
+        <translation>Letzte Synchronisierung</translation>
+    </message>
+    <message id="IDUS_MGUI_TAGLINE">
+        <source>Managed by your administrator</source>
+        <translation>Von Ihrer Systemadministration verwaltet</translation>
+    </message>
     <message id="IDUS_ALERT_ASKED_AGAIN">
         <source>We will ask again %1.</source>
         <translation>Wir fragen %1 erneut.</translation>

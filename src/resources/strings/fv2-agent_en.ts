@@ -32,40 +32,44 @@
         <translation>Your password is needed for encryption</translation>
     </message>
     <message id="IDUS_ORM_SM_WANT_ENC_DESC">
-        <source>This disk is to be encrypted to protect your data. &lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt; to start. You can keep working meanwhile.</source>
-        <translation>This disk is to be encrypted to protect your data. &lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt; to start. You can keep working meanwhile.</translation>
+        <source>This disk is to be encrypted to protect your data. You can keep working meanwhile.
+&lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt;</source>
+        <translation>This disk is to be encrypted to protect your data. You can keep working meanwhile.
+&lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt;</translation>
     </message>
     <message id="IDUS_ORM_SM_STARTING_ENC">
-        <source>Encryption starts as soon as the preparation is done (%1). You can keep working.</source>
-        <translation>Encryption starts as soon as the preparation is done (%1). You can keep working.</translation>
+        <source>Encryption starts as soon as the preparation is done. You can keep working.</source>
+        <translation>Encryption starts as soon as the preparation is done. You can keep working.</translation>
     </message>
     <message id="IDUS_ORM_SM_ENCING">
         <source>Your disk is being encrypted</source>
         <translation>Your disk is being encrypted</translation>
     </message>
     <message id="IDUS_ORM_SM_ENCING_DESC">
-        <source>Progress: %1. You can keep working. Your data is fully protected once encryption has finished.</source>
-        <translation>Progress: %1. You can keep working. Your data is fully protected once encryption has finished.</translation>
+        <source>You can keep working. Your data is fully protected once encryption has finished.</source>
+        <translation>You can keep working. Your data is fully protected once encryption has finished.</translation>
     </message>
     <message id="IDUS_ORM_SM_WANT_DEC">
         <source>Your password is needed for decryption</source>
         <translation>Your password is needed for decryption</translation>
     </message>
     <message id="IDUS_ORM_SM_WANT_DEC_DESC">
-        <source>The encryption of this disk is to be removed. &lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt; to start. Afterwards your data is no longer protected by encryption.</source>
-        <translation>The encryption of this disk is to be removed. &lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt; to start. Afterwards your data is no longer protected by encryption.</translation>
+        <source>The encryption of this disk is to be removed. Afterwards your data is no longer protected by encryption.
+&lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt;</source>
+        <translation>The encryption of this disk is to be removed. Afterwards your data is no longer protected by encryption.
+&lt;A TYPE="COMMAND" COMMAND="ENTER-PASS" TITLE"&gt;Enter your password&lt;/A&gt;</translation>
     </message>
     <message id="IDUS_ORM_SM_STARTING_DEC">
-        <source>Decryption starts as soon as the preparation is done (%1). You can keep working.</source>
-        <translation>Decryption starts as soon as the preparation is done (%1). You can keep working.</translation>
+        <source>Decryption starts as soon as the preparation is done. You can keep working.</source>
+        <translation>Decryption starts as soon as the preparation is done. You can keep working.</translation>
     </message>
     <message id="IDUS_ORM_SM_DECING">
         <source>Your disk is being decrypted</source>
         <translation>Your disk is being decrypted</translation>
     </message>
     <message id="IDUS_ORM_SM_DECING_DESC">
-        <source>Progress: %1. You can keep working. Once decryption has finished, your data is no longer protected by encryption.</source>
-        <translation>Progress: %1. You can keep working. Once decryption has finished, your data is no longer protected by encryption.</translation>
+        <source>You can keep working. Once decryption has finished, your data is no longer protected by encryption.</source>
+        <translation>You can keep working. Once decryption has finished, your data is no longer protected by encryption.</translation>
     </message>
     <message id="IDUS_ORM_SM_OTHER_MANAGED">
         <source>Encryption is managed elsewhere</source>
@@ -84,8 +88,10 @@
         <translation>Synchronization</translation>
     </message>
     <message id="IDUS_ORM_SM_SYNC_ISSUE">
-        <source>The last synchronization with the management server did not succeed. &lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Try again&lt;/A&gt;. If that does not help, check your network connection or contact your administrator.</source>
-        <translation>The last synchronization with the management server did not succeed. &lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Try again&lt;/A&gt;. If that does not help, check your network connection or contact your administrator.</translation>
+        <source>The last synchronization with the management server did not succeed. If trying again does not help, check your network connection or contact your administrator.
+&lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Try again&lt;/A&gt;</source>
+        <translation>The last synchronization with the management server did not succeed. If trying again does not help, check your network connection or contact your administrator.
+&lt;A TYPE="COMMAND" COMMAND="RETRY-SYNC" TITLE"&gt;Try again&lt;/A&gt;</translation>
     </message>
     <message id="IDUS_ORM_SM_SYNC_ACTIVE">
         <source>This computer is exchanging its settings with the management server. There is nothing for you to do.</source>
@@ -112,8 +118,10 @@
         <translation>The encryption service is not answering</translation>
     </message>
     <message id="IDUS_ALERT_ERROR_COMMS">
-        <source>The service that looks after the encryption of this computer could not be reached. &lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Try again&lt;/A&gt;. If that does not help, restart the computer or contact your administrator.</source>
-        <translation>The service that looks after the encryption of this computer could not be reached. &lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Try again&lt;/A&gt;. If that does not help, restart the computer or contact your administrator.</translation>
+        <source>The service that looks after the encryption of this computer could not be reached. If trying again does not help, restart the computer or contact your administrator.
+&lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Try again&lt;/A&gt;</source>
+        <translation>The service that looks after the encryption of this computer could not be reached. If trying again does not help, restart the computer or contact your administrator.
+&lt;A TYPE="COMMAND" COMMAND="RETRY-COMMS" TITLE"&gt;Try again&lt;/A&gt;</translation>
     </message>
     <message id="IDUS_ALERT_ERROR_PROXYSYNC_GENERIC_TITLE">
         <source>Synchronization did not succeed</source>
@@ -128,12 +136,12 @@
         <translation>Enter your password later?</translation>
     </message>
     <message id="IDUS_ALERT_WARNING_PASSWORD_POSTPONE_ENC">
-        <source>Until you enter your password, your disk stays unencrypted and your data unprotected. You can enter it at any time in the main window. Choose OK to do it later, or Cancel to go back.</source>
-        <translation>Until you enter your password, your disk stays unencrypted and your data unprotected. You can enter it at any time in the main window. Choose OK to do it later, or Cancel to go back.</translation>
+        <source>Until then your disk stays unencrypted and your data unprotected. You can enter it at any time in the main window.</source>
+        <translation>Until then your disk stays unencrypted and your data unprotected. You can enter it at any time in the main window.</translation>
     </message>
     <message id="IDUS_ALERT_WARNING_PASSWORD_POSTPONE_DEC">
-        <source>Until you enter your password, your disk stays encrypted. You can enter it at any time in the main window. Choose OK to do it later, or Cancel to go back.</source>
-        <translation>Until you enter your password, your disk stays encrypted. You can enter it at any time in the main window. Choose OK to do it later, or Cancel to go back.</translation>
+        <source>Until then your disk stays encrypted. You can enter it at any time in the main window.</source>
+        <translation>Until then your disk stays encrypted. You can enter it at any time in the main window.</translation>
     </message>
     <message id="IDUS_ALERT_TITLE_PASSWORD_FAILURE">
         <source>Your password could not be used</source>
@@ -166,12 +174,12 @@
         <translation>Enter password</translation>
     </message>
     <message id="IDUS_PASSWORDDIALOG_MESSAGE_ENC">
-        <source>Your disk is to be encrypted to protect your data. Please enter the password that you use to log in to this computer. Encryption then starts, and you can keep working.</source>
-        <translation>Your disk is to be encrypted to protect your data. Please enter the password that you use to log in to this computer. Encryption then starts, and you can keep working.</translation>
+        <source>Enter the password that you use to log in to this computer. Encryption then starts, and you can keep working.</source>
+        <translation>Enter the password that you use to log in to this computer. Encryption then starts, and you can keep working.</translation>
     </message>
     <message id="IDUS_PASSWORDDIALOG_MESSAGE_DEC">
-        <source>The encryption of your disk is to be removed. Please enter the password that you use to log in to this computer. Decryption then starts, and you can keep working.</source>
-        <translation>The encryption of your disk is to be removed. Please enter the password that you use to log in to this computer. Decryption then starts, and you can keep working.</translation>
+        <source>Enter the password that you use to log in to this computer. Decryption then starts, and you can keep working.</source>
+        <translation>Enter the password that you use to log in to this computer. Decryption then starts, and you can keep working.</translation>
     </message>
     <message id="IDUS_PASSWORDDIALOG_USERNAME">
         <source>User name:</source>
@@ -277,6 +285,10 @@
         <source>Version: </source>
         <translation>Version: </translation>
     </message>
+    <message id="IDUS_MGUI_AGENT_VERSION">
+        <source>Agent version: </source>
+        <translation>Agent version: </translation>
+    </message>
     <message id="IDUS_MGUI_COMPUTER_NAME">
         <source>Computer name: </source>
         <translation>Computer name: </translation>
@@ -353,6 +365,42 @@
     </message>
 
     <!-- Desktop notifications, and what stands beside texts: the support, and when a prompt comes back, as "in 60 minutes" -->
+    <message id="IDUS_PASSWORDDIALOG_HEADING_ENC">
+        <source>Encrypt this disk</source>
+        <translation>Encrypt this disk</translation>
+    </message>
+    <message id="IDUS_PASSWORDDIALOG_HEADING_DEC">
+        <source>Decrypt this disk</source>
+        <translation>Decrypt this disk</translation>
+    </message>
+    <message id="IDUS_BUTTON_START_ENC">
+        <source>Start encryption</source>
+        <translation>Start encryption</translation>
+    </message>
+    <message id="IDUS_BUTTON_START_DEC">
+        <source>Start decryption</source>
+        <translation>Start decryption</translation>
+    </message>
+    <message id="IDUS_MGUI_NOTHING_TO_DO">
+        <source>There is nothing for you to do</source>
+        <translation>There is nothing for you to do</translation>
+    </message>
+    <message id="IDUS_MGUI_NOTHING_TO_DO_DESC">
+        <source>A message appears here if your disk or the synchronization needs you.</source>
+        <translation>A message appears here if your disk or the synchronization needs you.</translation>
+    </message>
+    <message id="IDUS_MGUI_CARD_COMPUTER">
+        <source>Computer</source>
+        <translation>Computer</translation>
+    </message>
+    <message id="IDUS_MGUI_CARD_LAST_SYNC">
+        <source>Last synchronization</source>
+        <translation>Last synchronization</translation>
+    </message>
+    <message id="IDUS_MGUI_TAGLINE">
+        <source>Managed by your administrator</source>
+        <translation>Managed by your administrator</translation>
+    </message>
     <message id="IDUS_ALERT_ASKED_AGAIN">
         <source>We will ask again %1.</source>
         <translation>We will ask again %1.</translation>

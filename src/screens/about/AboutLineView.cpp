@@ -14,13 +14,16 @@ namespace {
 
 //! What a line edit keeps free on both sides of its text.
 constexpr int kInsideLineEdit = 2;
+constexpr int kBesideLabel = 8;
+constexpr int kBelowLabel = 2;
 
 } // namespace
 
 AboutLineView::AboutLineView(QWidget* parent)
     : QWidget(parent)
     , m_label(new NxTextField(this))
-    , m_value(new NxTextField(this)) {
+    , m_value(new NxTextField(this))
+    , m_row(new QBoxLayout(QBoxLayout::LeftToRight, this)) {
     QFont bold = m_label->font();
     bold.setBold(true);
     m_label->setFont(bold);
@@ -28,11 +31,10 @@ AboutLineView::AboutLineView(QWidget* parent)
     m_value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_value->setWordWrap(true);
     m_label->setBuddy(m_value);
-    auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(8);
-    row->addWidget(m_label);
-    row->addWidget(m_value, 1);
+    m_row->setContentsMargins(0, 0, 0, 0);
+    m_row->setSpacing(kBesideLabel);
+    m_row->addWidget(m_label);
+    m_row->addWidget(m_value, 1);
 }
 
 void AboutLineView::setCopyable(bool copyable) {
@@ -49,12 +51,30 @@ void AboutLineView::setCopyable(bool copyable) {
     onPage.setColor(QPalette::Base, Qt::transparent);
     m_copyableValue->setPalette(onPage);
     m_label->setBuddy(m_copyableValue);
-    layout()->addWidget(m_copyableValue);
+    m_row->addWidget(m_copyableValue);
     connect(m_copyableValue, &QWidget::customContextMenuRequested, this, &AboutLineView::showCopyMenu);
 }
 
+//! A value that would be cut beside its label goes below it.
 void AboutLineView::fitCopyableValue() {
+    const int room = width() - m_label->width() - kBesideLabel;
+    const int needed = m_copyableValue->fontMetrics().horizontalAdvance(m_copyableValue->text()) + 2 * kInsideLineEdit;
+    const bool isBelow = needed > room && m_label->width() > 0;
+    m_row->setDirection(isBelow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    m_row->setSpacing(isBelow ? kBelowLabel : kBesideLabel);
     m_copyableValue->setFixedHeight(m_label->sizeHint().height());
+}
+
+void AboutLineView::setLabelWidth(int width) {
+    m_label->setFixedWidth(width);
+    if (isCopyable())
+        fitCopyableValue();
+}
+
+void AboutLineView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (isCopyable())
+        fitCopyableValue();
 }
 
 void AboutLineView::changeEvent(QEvent* event) {
@@ -81,6 +101,7 @@ void AboutLineView::setLine(const QString& label, const QString& value) {
         m_copyableValue->setAccessibleName(label);
         if (value != m_copyableValue->text())
             m_copyableValue->setText(value);
+        fitCopyableValue();
     } else if (value != m_value->text()) {
         m_value->setText(value);
     }

@@ -4,13 +4,14 @@
 
 #include "toolkit/NxTextField.h"
 
+#include <QBoxLayout>
 #include <QLineEdit>
 #include <QWidget>
 
 namespace fv2 {
 
-//! A bold label and its value beside it. The value wraps; one that can be copied stays on one line, can be selected by
-//! mouse and keyboard and has a menu for it. Main thread only.
+//! A bold label and its value beside it. The value wraps; one that can be copied stays on one line, below its label if
+//! there is more room, can be selected by mouse and keyboard and has a menu for it. Main thread only.
 class AboutLineView final : public QWidget {
     Q_OBJECT
     Q_PROPERTY(bool copyable READ isCopyable WRITE setCopyable)
@@ -27,10 +28,11 @@ public:
 
     //! Lines of one page share the width of their labels.
     [[nodiscard]] int labelWidth() const { return m_label->sizeHint().width(); }
-    void setLabelWidth(int width) { m_label->setFixedWidth(width); }
+    void setLabelWidth(int width);
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void fitCopyableValue();
@@ -38,6 +40,7 @@ private:
 
     NxTextField* m_label;
     NxTextField* m_value;
+    QBoxLayout* m_row;
     QLineEdit* m_copyableValue = nullptr; //!< instead of the value
 };
 

@@ -4,9 +4,12 @@
 
 #include "logging/FV2Logging.h"
 #include "platform/FV2Browser.h"
+#include "screens/LastSynchronisation.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
 #include "ui_AboutSubview.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -18,15 +21,6 @@ QString shown(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-QString lastSync(const FV2AppState& state) {
-    if (!state.syncORMEnabled)
-        return translated(QStringLiteral("IDUS_UNKNOWN"));
-    if (!state.syncORMActive)
-        return shown(state.lastORMSync);
-    return state.syncORMBlocked ? translated(QStringLiteral("IDUS_MGUI_LAST_SYNC_BLOCKED"))
-                                : translated(QStringLiteral("IDUS_MGUI_LAST_SYNC_ACTIVE"));
-}
-
 } // namespace
 
 AboutSubviewController::AboutSubviewController(FV2AppStateModel& model, FV2AppConfigModel& configModel)
@@ -35,6 +29,7 @@ AboutSubviewController::AboutSubviewController(FV2AppStateModel& model, FV2AppCo
     outlets.setupUi(view());
     fieldProductName = outlets.fieldProductName;
     fieldProductVersion = outlets.fieldProductVersion;
+    m_fieldAgentVersion = outlets.fieldAgentVersion;
     viewHeaderSeperator = outlets.viewHeaderSeperator;
     viewSeperator = outlets.viewSeperator;
     fieldComputerName = outlets.fieldComputerName;
@@ -43,6 +38,7 @@ AboutSubviewController::AboutSubviewController(FV2AppStateModel& model, FV2AppCo
     fieldUUID = outlets.fieldUUID;
     fieldLastORMSync = outlets.fieldLastORMSync;
     buttonProxySync = outlets.buttonProxySync;
+    outlets.body->setAutoFillBackground(false);
     buttonInstalledComponents = outlets.buttonInstalledComponents;
     connect(buttonProxySync, &QPushButton::clicked, this, &AboutSubviewController::ProxySyncButton);
     connect(outlets.buttonHelp, &QPushButton::clicked, this, &AboutSubviewController::onHelp);
@@ -50,9 +46,9 @@ AboutSubviewController::AboutSubviewController(FV2AppStateModel& model, FV2AppCo
     initsubview();
 }
 
-std::array<QPointer<AboutLineView>, 7> AboutSubviewController::lines() const {
-    return {fieldProductName, fieldProductVersion, fieldComputerName, fieldOperatingSystem,
-            fieldMachine,     fieldUUID,           fieldLastORMSync};
+std::array<QPointer<AboutLineView>, 8> AboutSubviewController::lines() const {
+    return {fieldProductName,     fieldProductVersion, m_fieldAgentVersion, fieldComputerName,
+            fieldOperatingSystem, fieldMachine,        fieldUUID,           fieldLastORMSync};
 }
 
 void AboutSubviewController::updateFromModel() {
@@ -61,12 +57,14 @@ void AboutSubviewController::updateFromModel() {
     fieldProductName->setLine(translated(QStringLiteral("IDUS_MGUI_PRODUCT_NAME")),
                               translated(QStringLiteral("IDUS_PRODUCT_DISPLAY_NAME")));
     fieldProductVersion->setLine(translated(QStringLiteral("IDUS_MGUI_PRODUCT_VERSION")), shown(state.version));
+    m_fieldAgentVersion->setLine(translated(QStringLiteral("IDUS_MGUI_AGENT_VERSION")),
+                                 QCoreApplication::applicationVersion());
     fieldComputerName->setLine(translated(QStringLiteral("IDUS_MGUI_COMPUTER_NAME")), shown(state.computerName));
     fieldOperatingSystem->setLine(translated(QStringLiteral("IDUS_MGUI_OPERATING_SYSTEM")), shown(appConfigModel.os()));
     fieldMachine->setLine(translated(QStringLiteral("IDUS_MGUI_MACHINE")), shown(appConfigModel.machine()));
     fieldUUID->setLine(QStringLiteral("Workstation ID:"), shown(state.uuid));
     buttonInstalledComponents->hide();
-    fieldLastORMSync->setLine(translated(QStringLiteral("IDUS_MGUI_LAST_SYNC")), lastSync(state));
+    fieldLastORMSync->setLine(translated(QStringLiteral("IDUS_MGUI_LAST_SYNC")), lastSynchronisation(state));
     enableProxySync(state.syncORMEnabled && !state.syncORMActive);
     alignLabels();
     logTrace("AboutSubviewController updateFromModel out");

@@ -29,10 +29,11 @@ private:
     void onHelp();
     void alignLabels();
     void enableProxySync(bool enabled);
-    [[nodiscard]] std::array<QPointer<AboutLineView>, 7> lines() const;
+    [[nodiscard]] std::array<QPointer<AboutLineView>, 8> lines() const;
 
     QPointer<AboutLineView> fieldProductName;
     QPointer<AboutLineView> fieldProductVersion;
+    QPointer<AboutLineView> m_fieldAgentVersion; //!< the other one is the service's
     QPointer<NxView> viewHeaderSeperator;
     QPointer<NxView> viewSeperator;
     QPointer<AboutLineView> fieldComputerName;

@@ -17,9 +17,7 @@ public:
     void setColours(const QColor& highlight, const QColor& focus);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    //! A cell lets the mouse pass, so the row shows the tooltip of a text that is cut.
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override;
+    //! The configured height, or more where a cell's text needs it.
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:

@@ -35,6 +35,7 @@ LeftMenuSubviewController::LeftMenuSubviewController(FV2AppStateModel& model, FV
     leftmenuView = outlets.leftmenuView;
     tableView = outlets.tableView;
     rightBorder = outlets.rightBorder;
+    m_productName = outlets.productName;
     viewDidLoad();
     logTrace("LeftMenuSubviewController.init calling initSubview for ", description(*view()));
     initsubview();
@@ -73,6 +74,8 @@ void LeftMenuSubviewController::addRow(const MainWindowPage& page) {
     cell->counterImage().hide();
     cell->counterNumberField().hide();
     tableView->setItemWidget(row, cell);
+    connect(cell, &NxLeftMenuCellView::wantedHeightChanged, m_rows,
+            [this, row] { Q_EMIT m_rows->sizeHintChanged(tableView->indexFromItem(row)); });
 }
 
 NxLeftMenuCellView* LeftMenuSubviewController::cellAt(int row) const {
@@ -99,7 +102,8 @@ void LeftMenuSubviewController::refreshColours(const FV2AppConfigModel& config) 
     view()->setBackgroundColor(background);
     leftmenuView->setBackgroundColor(background);
     rightBorder->setBackgroundColor(background);
-    m_rows->setColours(toQColor(colours.colourLeftMenuHighlight), toQColor(colours.colourLeftMenuTextGrayed));
+    m_rows->setColours(toQColor(colours.colourLeftMenuHighlight), toQColor(colours.colourLeftMenuText));
+    m_productName->setTextColor(toQColor(colours.colourLeftMenuText));
     QPalette changed;
     changed.setColor(QPalette::Base, background);
     tableView->setPalette(changed);

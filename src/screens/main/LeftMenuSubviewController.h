@@ -59,6 +59,7 @@ private:
     QPointer<NxView> leftmenuView;
     QPointer<LeftMenuTableView> tableView;
     QPointer<NxView> rightBorder;
+    QPointer<NxTextField> m_productName;
     LeftMenuRowDelegate* m_rows = nullptr;
     std::vector<const MainWindowPage*> menuItemsArray; //!< the pages with a row
     int lastSelectedRow = -1;

@@ -12,7 +12,7 @@ LeftMenuTableView::LeftMenuTableView(QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabKeyNavigation(false);
-    setUniformItemSizes(true);
+    setResizeMode(QListView::Adjust); // rows may be laid out before the menu has its size
     connect(this, &QListWidget::itemSelectionChanged, this, &LeftMenuTableView::followSelection);
 }
 

@@ -4,12 +4,13 @@
 
 #include "shell/FV2ViewController.h"
 #include "toolkit/NxImageView.h"
+#include "toolkit/NxTextField.h"
 
 #include <QPointer>
 
 namespace fv2 {
 
-//! The strip along the bottom of the content column. Main thread only.
+//! The strip along the bottom of the content column: who looks after this computer. Main thread only.
 class TaglineViewController final : public FV2ViewController {
     Q_OBJECT
 public:
@@ -21,6 +22,7 @@ protected:
 private:
     QPointer<NxView> backgroundView;
     QPointer<NxImageView> taglineImageView;
+    QPointer<NxTextField> m_text;
 };
 
 } // namespace fv2

@@ -18,4 +18,14 @@ QString EnterPasswordHint::text() const {
     return {};
 }
 
+QString EnterPasswordHint::sign() const {
+    if (isChecking)
+        return {};
+    if (waitsForUser)
+        return QStringLiteral("talvik_about_template");
+    if (wasRefused)
+        return QStringLiteral("warning_template");
+    return capsLockIsOn ? QStringLiteral("caps_lock_template") : QString();
+}
+
 } // namespace fv2

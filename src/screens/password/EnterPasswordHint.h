@@ -14,6 +14,8 @@ struct EnterPasswordHint {
     bool capsLockIsOn = false;
 
     [[nodiscard]] QString text() const;
+    //! The picture in front of the text; none in front of what tells of no fault.
+    [[nodiscard]] QString sign() const;
 };
 
 } // namespace fv2

@@ -6,6 +6,7 @@
 #include "screens/password/EnterPasswordHint.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
+#include "toolkit/ReadableColour.h"
 #include "ui_EnterPassword.h"
 
 #include <algorithm>
@@ -38,8 +39,11 @@ EnterPasswordWindowViewController::EnterPasswordWindowViewController(FV2AppState
     message = outlets.message;
     username = outlets.username;
     secureTextPasswordField = outlets.secureTextPasswordField;
-    m_showButton = outlets.showButton;
+    m_labels = {outlets.usernameLabel, outlets.passwordLabel};
+    m_showButton = new NxImageButton;
+    secureTextPasswordField->setButton(m_showButton);
     m_hint = outlets.hint;
+    m_hintSign = outlets.hintSign;
     okButton = new NxButton;
     m_postponeButton = new NxButton;
     outlets.buttons->addButton(okButton, QDialogButtonBox::AcceptRole);
@@ -61,10 +65,7 @@ void EnterPasswordWindowViewController::viewDidLoad() {
         m_refused = true;
         updateHint();
     });
-    connect(field, &NxSecureTextField::revealedChanged, this, [this](bool revealed) {
-        m_showButton->setTitle(revealed ? QStringLiteral("IDUS_BUTTON_HIDE_PASSWORD")
-                                        : QStringLiteral("IDUS_BUTTON_SHOW_PASSWORD"));
-    });
+    connect(field, &NxSecureTextField::revealedChanged, this, &EnterPasswordWindowViewController::showRevealed);
     connect(&m_capsLock, &FV2CapsLock::changed, this, &EnterPasswordWindowViewController::updateHint);
     connect(&m_guard, &EnterPasswordGuard::passed, this, &EnterPasswordWindowViewController::updateControls);
     m_pause->setSingleShot(true);
@@ -75,20 +76,16 @@ void EnterPasswordWindowViewController::viewDidLoad() {
 }
 
 void EnterPasswordWindowViewController::addButtons() {
-    // As wide as either text needs, so that nothing moves.
-    int widest = 0;
-    for (const char* title : {"IDUS_BUTTON_HIDE_PASSWORD", "IDUS_BUTTON_SHOW_PASSWORD"}) {
-        m_showButton->setTitle(QLatin1String(title));
-        widest = std::max(widest, m_showButton->sizeHint().width());
-    }
-    m_showButton->setMinimumWidth(widest);
+    showRevealed(false);
     m_showButton->setAccessibleDescription(translated(QStringLiteral("IDUS_PASSWORDDIALOG_PASSWORD")));
-    okButton->setTitle(QStringLiteral("IDUS_BUTTON_OK"));
+    okButton->setTitle(encrypting ? QStringLiteral("IDUS_BUTTON_START_ENC") : QStringLiteral("IDUS_BUTTON_START_DEC"));
+    okButton->setProminent(true);
     m_postponeButton->setTitle(QStringLiteral("IDUS_BUTTON_POSTPONE"));
-    connect(m_showButton, &NxButton::clicked, this, &EnterPasswordWindowViewController::onShowButton);
+    connect(m_showButton, &NxImageButton::clicked, this, &EnterPasswordWindowViewController::onShowButton);
     connect(okButton, &NxButton::clicked, this, &EnterPasswordWindowViewController::onOKButton);
     connect(m_postponeButton, &NxButton::clicked, this, &EnterPasswordWindowViewController::onPostponeButton);
-    for (NxButton* const button : {m_showButton.data(), okButton.data(), m_postponeButton.data()}) {
+    m_showButton->setFocusPolicy(Qt::TabFocus);
+    for (NxButton* const button : {okButton.data(), m_postponeButton.data()}) {
         button->setAutoDefault(true); // Enter presses the one that has the focus
         button->setFocusPolicy(Qt::TabFocus);
     }
@@ -98,7 +95,11 @@ void EnterPasswordWindowViewController::addButtons() {
 }
 
 void EnterPasswordWindowViewController::refreshColours(const FV2AppConfigModel& config) {
-    view()->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
+    const QColor background = toQColor(config.colours().colourSectionBackground);
+    view()->setBackgroundColor(background);
+    for (const auto& label : m_labels)
+        label->setTextColor(quietOn(background));
+    m_hintSign->setTintColor(toQColor(config.designColour(NxDesignColor::Yellow)));
 }
 
 void EnterPasswordWindowViewController::controlTextDidChange() {
@@ -154,6 +155,12 @@ void EnterPasswordWindowViewController::onMadeKey() {
     updateControls();
 }
 
+void EnterPasswordWindowViewController::showRevealed(bool revealed) {
+    m_showButton->setTitle(revealed ? QStringLiteral("IDUS_BUTTON_HIDE_PASSWORD")
+                                    : QStringLiteral("IDUS_BUTTON_SHOW_PASSWORD"));
+    m_showButton->setImageName(revealed ? QStringLiteral("conceal_template") : QStringLiteral("reveal_template"));
+}
+
 void EnterPasswordWindowViewController::onShowButton() {
     const bool revealed = secureTextPasswordField->isRevealed();
     secureTextPasswordField->setFocus();
@@ -203,6 +210,8 @@ void EnterPasswordWindowViewController::updateHint() {
     if (m_hint->text() == text)
         return;
     m_hint->setText(text);
+    m_hintSign->setImageName(hint.sign());
+    m_hintSign->setVisible(!hint.sign().isEmpty());
     m_hint->setAccessibleName(text);
     secureTextPasswordField->setAccessibleDescription(text);
 }

@@ -6,12 +6,15 @@
 #include "screens/password/EnterPasswordGuard.h"
 #include "shell/FV2ViewController.h"
 #include "toolkit/NxButton.h"
+#include "toolkit/NxImageButton.h"
+#include "toolkit/NxImageView.h"
 #include "toolkit/NxSecureTextField.h"
 #include "toolkit/NxTextField.h"
 
 #include <QPointer>
 #include <QTimer>
 
+#include <array>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -56,6 +59,7 @@ private:
     void controlTextDidChange();
     void emptyField();
     void updateButtons();
+    void showRevealed(bool revealed);
     void onShowButton();
     void onOKButton();
     void onAnswered(const CommandResult& result);
@@ -75,8 +79,10 @@ private:
     QPointer<NxSecureTextField> secureTextPasswordField;
     QPointer<NxButton> okButton;
     QPointer<NxButton> m_postponeButton;
-    QPointer<NxButton> m_showButton;
+    QPointer<NxImageButton> m_showButton;
+    std::array<QPointer<NxTextField>, 2> m_labels;
     QPointer<NxTextField> m_hint;
+    QPointer<NxImageView> m_hintSign;
     Step m_step = Step::Typing;
     bool m_refused = false; //!< the last input was
 };

@@ -24,7 +24,8 @@ EnterPasswordWindowWindowController::EnterPasswordWindowWindowController(FV2AppS
     , titlebarViewController(std::make_unique<FV2WindowTitlebarAccessoryViewController>(model, configModel))
     , viewController(makeController<EnterPasswordWindowViewController>(model, configModel, userName, isEncrypting))
     , encrypting(isEncrypting) {
-    titlebarViewController->attachTo(*this);
+    titlebarViewController->attachTo(*this, encrypting ? QStringLiteral("IDUS_PASSWORDDIALOG_HEADING_ENC")
+                                                       : QStringLiteral("IDUS_PASSWORDDIALOG_HEADING_DEC"));
     connect(viewController.get(), &EnterPasswordWindowViewController::finished, this,
             [this] { window().closeWindow(); });
     connect(&window(), &FV2Window::shownOrHidden, viewController.get(), [this, dialog = viewController.get()] {

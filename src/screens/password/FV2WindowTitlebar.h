@@ -9,21 +9,30 @@
 
 namespace fv2 {
 
-//! A strip at the top of a window by which the window can be dragged.
+class NxTextField;
+
+//! A strip at the top of a window, with what the window is for. The window can be dragged by it.
 class FV2WindowTitlebarView final : public FV2View {
     Q_OBJECT
 public:
-    FV2WindowTitlebarView();
+    //! The heading is an identifier.
+    explicit FV2WindowTitlebarView(const QString& heading);
+
+    void setColours(const QColor& background, const QColor& text);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    NxTextField* m_heading;
 };
 
-//! Updates the strip's colour.
+//! Updates the strip's colours.
 class FV2WindowTitlebarViewController final : public FV2ViewController {
     Q_OBJECT
 public:
-    FV2WindowTitlebarViewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel);
+    FV2WindowTitlebarViewController(FV2AppStateModel& appModel, FV2AppConfigModel& appConfigModel,
+                                    const QString& heading);
 
 protected:
     void refreshColours(const FV2AppConfigModel& config) override;
@@ -37,8 +46,8 @@ public:
         : m_appModel(appModel)
         , m_appConfigModel(appConfigModel) {}
 
-    //! Once. The strip dies with this object or with the window, whichever is first.
-    void attachTo(FV2WindowController& controller);
+    //! Once; the heading is an identifier. The strip dies with this object or with the window, whichever is first.
+    void attachTo(FV2WindowController& controller, const QString& heading);
     [[nodiscard]] FV2WindowTitlebarViewController* subviewController() const { return m_subviewController.get(); }
 
 private:

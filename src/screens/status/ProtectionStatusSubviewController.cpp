@@ -4,9 +4,9 @@
 
 #include "logging/FV2Logging.h"
 #include "model/FV2StatusLook.h"
-#include "screens/status/ReadableColour.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
+#include "toolkit/ReadableColour.h"
 #include "ui_ProtectionStatusSubview.h"
 
 namespace fv2 {
@@ -21,6 +21,9 @@ ProtectionStatusSubviewController::ProtectionStatusSubviewController(FV2AppState
     statusLineIcon = outlets.statusLineIcon;
     statusLineText = outlets.statusLineText;
     statusMessagesTableView = outlets.statusMessagesTableView;
+    m_nothingToDo = outlets.nothingToDo;
+    m_nothingToDo->setAutoFillBackground(false);
+    m_nothingToDoScrollView = outlets.nothingToDoScrollView;
     statusMessagesTableView->setAccessibleName(translated(QStringLiteral("IDUS_MGUI_LEFT_MENU_PROTECTION_STATUS")));
     tableViewDelegate = std::make_unique<StatusMessagesTableDelegate>(model, configModel, *statusMessagesTableView);
     initsubview();
@@ -32,6 +35,10 @@ void ProtectionStatusSubviewController::updateFromModel() {
     statusLineIcon->setImageName(QString::fromUtf8(look.statusLineIcon));
     statusLineText->setStringValue(QString::fromUtf8(look.title));
     view()->setAccessibleName(statusLineText->text());
+    m_nothingToDo->show(appModel.state());
+    const bool hasMessages = !appModel.state().statusMessageList.empty();
+    m_nothingToDoScrollView->setVisible(!hasMessages);
+    statusMessagesTableView->setVisible(hasMessages);
     refreshColours(appConfigModel);
     tableViewDelegate->updateFromModel(*statusMessagesTableView);
     logTrace("ProtectionStatusSubviewController.updateFromModel out");
@@ -41,6 +48,7 @@ void ProtectionStatusSubviewController::refreshColours(const FV2AppConfigModel& 
     view()->setBackgroundColor(toQColor(config.colours().colourSectionBackground));
     const FV2StatusLook& look = lookOf(appModel.state().overallState);
     const QColor background = toQColor(config.colours().*look.statusLineColour);
+    m_nothingToDo->setColours(config);
     const QColor foreground = readableOn(background);
     statusLineView->setBackgroundColor(background);
     statusLineText->setTextColor(foreground);

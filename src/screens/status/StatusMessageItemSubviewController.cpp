@@ -3,19 +3,22 @@
 #include "screens/status/StatusMessageItemSubviewController.h"
 
 #include "model/FV2StatusLook.h"
-#include "screens/status/ReadableColour.h"
 #include "toolkit/NxQtColor.h"
 #include "toolkit/NxTranslated.h"
+#include "toolkit/ReadableColour.h"
 #include "toolkit/SpokenStatus.h"
+#include "toolkit/TitleFont.h"
 #include "ui_StatusMessageItemSubview.h"
 
 namespace fv2 {
 
 namespace {
 
+constexpr double kRowCorners = 8;
+
 //! The design's, where it can be read.
 QColor linkColourOn(const QColor& background, const QColor& text, const FV2AppConfigModel& config) {
-    const QColor link = toQColor(config.linkColour());
+    const QColor link = toQColor(config.designColour(NxDesignColor::Link));
     return contrastOf(link, background) >= kContrastOfText ? link : text;
 }
 
@@ -27,6 +30,8 @@ StatusMessageItemSubviewController::StatusMessageItemSubviewController(FV2AppSta
     : FV2ViewController(model, configModel, new StatusMessageItemSubview) {
     Ui::StatusMessageItemSubview outlets;
     outlets.setupUi(itemView());
+    m_sign = outlets.sign;
+    m_percent = outlets.percent;
     statusMessageTitle = outlets.statusMessageTitle;
     statusTextAndLinkContainer = outlets.statusTextAndLinkContainer;
     m_progressBar = outlets.progressBar;
@@ -37,15 +42,19 @@ StatusMessageItemSubviewController::StatusMessageItemSubviewController(FV2AppSta
 void StatusMessageItemSubviewController::viewDidLoad(const FV2StatusMesssageListItem& message) {
     const QString title = QString::fromStdString(message.Title);
     itemView()->statusType = message.statusType;
+    itemView()->setCornerRadius(kRowCorners);
+    const FV2StatusLook& look = lookOf(message.statusType);
+    const QString spoken = translated(QString::fromUtf8(look.spoken));
     // For those who can't see the colour.
-    itemView()->setAccessibleName(
-        spokenWithStatus(title, translated(QString::fromUtf8(lookOf(message.statusType).spoken))));
+    itemView()->setAccessibleName(spokenWithStatus(title, spoken));
+    m_sign->setImageName(QString::fromUtf8(look.menuIcon));
+    m_sign->setAccessibleName(spoken);
     statusMessageTitle->setText(title);
     statusTextAndLinkContainer->setUp(appModel, message.command);
     textView()->setHtmlCode(QString::fromStdString(message.Text));
     m_progressBar->setVisible(message.percent.has_value());
     m_progressBar->setAccessibleName(title);
-    m_progressBar->setValue(message.percent.value_or(0));
+    showPercent(message.percent);
     if (message.sendsToAdministrator)
         addSupport();
     setTitleFont();
@@ -71,18 +80,19 @@ std::vector<NxTextAndLinksView*> StatusMessageItemSubviewController::textViews()
 
 void StatusMessageItemSubviewController::showProgress(const FV2StatusMesssageListItem& message) {
     textView()->setHtmlCode(QString::fromStdString(message.Text));
-    m_progressBar->setValue(message.percent.value_or(0));
+    showPercent(message.percent);
 }
 
-//! The text has the desktop's font, the title a bold one that is a point larger.
+void StatusMessageItemSubviewController::showPercent(std::optional<int> percent) {
+    m_percent->setVisible(percent.has_value());
+    m_percent->setText(translated(QStringLiteral("IDUS_ORM_SM_PERCENT_FMT")).arg(percent.value_or(0)));
+    m_progressBar->setValue(percent.value_or(0));
+}
+
 void StatusMessageItemSubviewController::setTitleFont() {
-    QFont bold = itemView()->font();
-    bold.setBold(true);
-    if (bold.pointSizeF() > 0)
-        bold.setPointSizeF(bold.pointSizeF() + 1);
-    else
-        bold.setPixelSize(bold.pixelSize() + 1);
+    const QFont bold = titleFont(itemView()->font());
     statusMessageTitle->setFont(bold);
+    m_percent->setFont(bold);
 }
 
 void StatusMessageItemSubviewController::setBackground() {
@@ -95,7 +105,9 @@ void StatusMessageItemSubviewController::refreshColours(const FV2AppConfigModel&
     const QColor text = readableOn(background, kContrastOfText);
     statusMessageTitle->setTextColor(text);
     const QColor link = linkColourOn(background, text, config);
-    m_progressBar->setColours(link, text);
+    m_percent->setTextColor(text);
+    m_sign->setTintColor(toQColor(config.designColour(lookOf(itemView()->statusType).signColour)));
+    m_progressBar->setColours(toQColor(config.designColour(NxDesignColor::Blue)), text);
     for (NxTextAndLinksView* const each : textViews()) {
         each->setTextColor(text);
         each->setLinkColor(link);

@@ -7,6 +7,7 @@
 #include "screens/status/StatusMessageProgressBar.h"
 #include "screens/status/StatusMessageSupport.h"
 #include "shell/FV2ViewController.h"
+#include "toolkit/NxImageView.h"
 #include "toolkit/NxTextField.h"
 
 #include <QPointer>
@@ -38,8 +39,11 @@ private:
     void viewDidLoad(const FV2StatusMesssageListItem& message);
     void addSupport();
     void setTitleFont();
+    void showPercent(std::optional<int> percent);
     void setBackground();
 
+    QPointer<NxImageView> m_sign;
+    QPointer<NxTextField> m_percent;
     QPointer<NxTextField> statusMessageTitle;
     QPointer<StatusMessageItemTextAndLinkContainer> statusTextAndLinkContainer;
     QPointer<StatusMessageProgressBar> m_progressBar;

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "screens/status/StatusMessagesTableView.h"
 
-#include "screens/status/ReadableColour.h"
-
 #include <QCoreApplication>
 #include <QEvent>
 
@@ -18,20 +16,11 @@ constexpr int kScrollMargin = 12;
 } // namespace
 
 StatusMessagesTableView::StatusMessagesTableView(QWidget* parent)
-    : QScrollArea(parent)
-    , m_rows(new QWidget)
-    , m_focusMark(new NxView(this)) {
-    setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFocusPolicy(Qt::NoFocus);
+    : NxScrollView(parent)
+    , m_rows(new QWidget) {
     setWidget(m_rows);
-    // The page's own background shows below and between the rows.
-    viewport()->setAutoFillBackground(false);
+    // The page's own background shows between the rows.
     m_rows->setAutoFillBackground(false);
-    m_focusMark->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_focusMark->setBorderWidth(2);
-    m_focusMark->hide();
-    colourFocusMark();
 }
 
 void StatusMessagesTableView::setDataSource(StatusMessagesTableSource& source) {
@@ -67,20 +56,21 @@ void StatusMessagesTableView::reloadData() {
 }
 
 void StatusMessagesTableView::layOutRows() {
-    const int width = viewport()->width();
-    int bottom = 0;
+    const int width = viewport()->width() - 2 * kMargin;
+    int bottom = kMargin;
     for (int row = 0; row < static_cast<int>(m_rowViews.size()); ++row) {
         int height = 0;
         if (QWidget* const view = m_source->viewForRow(*this, row); view != nullptr && m_delegate != nullptr) {
             view->resize(width, view->heightForWidth(width));
             height = static_cast<int>(std::ceil(m_delegate->heightOfRow(*this, row)));
         }
-        m_rowViews[static_cast<std::size_t>(row)]->setGeometry(0, bottom, width, height);
+        m_rowViews[static_cast<std::size_t>(row)]->setGeometry(kMargin, bottom, width, height);
         bottom += height + kRowGap;
     }
-    setFocusPolicy(bottom > viewport()->height() ? Qt::TabFocus : Qt::NoFocus);
+    bottom += kMargin - kRowGap;
+    updateFocusPolicy(bottom);
     // Last, as it may show or hide the scroll bar, which changes the width.
-    m_rows->resize(width, bottom);
+    m_rows->resize(viewport()->width(), bottom);
 }
 
 void StatusMessagesTableView::scrollTo(const QWidget& view, const QRect& place) {
@@ -89,7 +79,7 @@ void StatusMessagesTableView::scrollTo(const QWidget& view, const QRect& place) 
 }
 
 bool StatusMessagesTableView::event(QEvent* event) {
-    const bool done = QScrollArea::event(event);
+    const bool done = NxScrollView::event(event);
     if (event->type() == QEvent::LayoutRequest)
         layOutRows();
     return done;
@@ -98,35 +88,12 @@ bool StatusMessagesTableView::event(QEvent* event) {
 bool StatusMessagesTableView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::LayoutRequest && watched != m_rows)
         QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest)); // one for all rows
-    return QScrollArea::eventFilter(watched, event);
+    return NxScrollView::eventFilter(watched, event);
 }
 
 void StatusMessagesTableView::resizeEvent(QResizeEvent* event) {
-    QScrollArea::resizeEvent(event);
-    m_focusMark->setGeometry(rect());
+    NxScrollView::resizeEvent(event);
     layOutRows();
-}
-
-void StatusMessagesTableView::changeEvent(QEvent* event) {
-    QScrollArea::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        colourFocusMark();
-}
-
-void StatusMessagesTableView::colourFocusMark() {
-    m_focusMark->setBorderColor(
-        focusMarkOn(palette().color(QPalette::Window), palette(), palette().color(QPalette::WindowText)));
-}
-
-void StatusMessagesTableView::focusInEvent(QFocusEvent* event) {
-    QScrollArea::focusInEvent(event);
-    m_focusMark->raise();
-    m_focusMark->show();
-}
-
-void StatusMessagesTableView::focusOutEvent(QFocusEvent* event) {
-    QScrollArea::focusOutEvent(event);
-    m_focusMark->hide();
 }
 
 } // namespace fv2

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "toolkit/NxView.h"
-
-#include <QScrollArea>
+#include "toolkit/NxScrollView.h"
 
 #include <vector>
 
@@ -24,12 +22,12 @@ public:
     virtual void didAddRowView(const StatusMessagesTableView& table, QWidget& rowView, int row) = 0;
 };
 
-//! One column of rows, each of its own height, with a narrow gap below; scrolls when they don't fit. Main thread only.
-class StatusMessagesTableView final : public QScrollArea {
+//! One column of rows, each of its own height, with a gap between; scrolls when they don't fit. Main thread only.
+class StatusMessagesTableView final : public NxScrollView {
     Q_OBJECT
 public:
-    //! Between rows of the same colour a line of the configured grey could not be seen.
-    static constexpr int kRowGap = 3;
+    static constexpr int kMargin = 16; //!< around all rows
+    static constexpr int kRowGap = 8;
 
     explicit StatusMessagesTableView(QWidget* parent = nullptr);
 
@@ -49,18 +47,13 @@ protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void layOutRows();
-    void colourFocusMark();
 
     StatusMessagesTableSource* m_source = nullptr;
     StatusMessagesTableSource* m_delegate = nullptr;
     QWidget* m_rows;
-    NxView* m_focusMark;
     std::vector<QWidget*> m_rowViews;
 };
 
