@@ -41,7 +41,9 @@ MOST_HEADER_LINES = 120
 
 SOURCES = {".h", ".cpp"}
 OWNED_FOLDERS = ("src", "service", "tests", "bench", "fuzz", "demo", "tools")
+# REUSE-IgnoreStart
 LICENCE = "SPDX-License-Identifier: Apache-2.0"
+# REUSE-IgnoreEnd
 
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)

@@ -25,7 +25,9 @@ STATE_COLOURS = {
 
 
 def program(desktop, name):
-    """The program of that name where the desktop's user can run it."""
+    """The program of that name where the desktop's user can run it: with FV2_INSTALLED the agent in that folder."""
+    if name == "fv2-agent" and "FV2_INSTALLED" in os.environ:
+        return Path(os.environ["FV2_INSTALLED"]) / name
     return installed(BUILD / name, desktop) if desktop.account else BUILD / name
 
 

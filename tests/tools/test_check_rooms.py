@@ -12,7 +12,9 @@ sys.path.insert(0, str(ROOT / "tools"))
 
 from check_rooms import House  # noqa: E402
 
+# REUSE-IgnoreStart
 HEAD = "// SPDX-FileCopyrightText: 2026 Someone\n// SPDX-License-Identifier: Apache-2.0\n"
+# REUSE-IgnoreEnd
 
 GOOD = {
     "src/model/Model.cpp": HEAD + '// Q_OBJECT and #include <QString> are for others.\n#include "comms/Socket.h"\n',
