@@ -57,8 +57,8 @@ FV2InstanceLock::Attempt FV2InstanceLock::tryTake() {
 }
 
 void FV2InstanceLock::leaveNote(const std::string& text) const {
-    if (::ftruncate(m_file.get(), 0) == 0)
-        static_cast<void>(!::pwrite(m_file.get(), text.data(), text.size(), 0));
+    if (::ftruncate(m_file.get(), 0) == 0) [[maybe_unused]]
+        const ssize_t written = ::pwrite(m_file.get(), text.data(), text.size(), 0);
 }
 
 std::string FV2InstanceLock::note() const {

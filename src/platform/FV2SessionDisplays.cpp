@@ -31,8 +31,7 @@ Displays split(std::string_view text) {
 } // namespace
 
 std::string sessionDisplays() {
-    return std::string(displayIn("WAYLAND_DISPLAY")) + '\n' +
-           std::string(withoutScreen(displayIn("DISPLAY")));
+    return std::string(displayIn("WAYLAND_DISPLAY")) + '\n' + std::string(withoutScreen(displayIn("DISPLAY")));
 }
 
 bool isOtherSession(std::string_view one, std::string_view other) {

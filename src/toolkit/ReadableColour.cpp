@@ -25,11 +25,11 @@ QColor faintOn(const QColor& background) {
 }
 
 QColor fillOf(const QPalette& palette) {
-    constexpr double kStep = 0.02;
-    constexpr double kMost = 0.3;
+    constexpr int kMost = 30; // percent
     const QColor highlight = palette.color(QPalette::Highlight);
-    for (double part = 0; part <= kMost; part += kStep)
-        if (const QColor darker = mixed(highlight, Qt::black, part); contrastOf(Qt::white, darker) >= kContrastOfText)
+    for (int part = 0; part <= kMost; part += 2)
+        if (const QColor darker = mixed(highlight, Qt::black, part / 100.0);
+            contrastOf(Qt::white, darker) >= kContrastOfText)
             return darker;
     return highlight;
 }

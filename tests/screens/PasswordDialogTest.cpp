@@ -4,6 +4,7 @@
 #include "screens/password/EnterPasswordGuard.h"
 #include "support/QtLoop.h"
 #include "toolkit/NxButton.h"
+#include "toolkit/NxImageButton.h"
 #include "toolkit/NxSecureTextField.h"
 
 #include <QAccessible>
@@ -36,7 +37,7 @@ protected:
         return *window().findChild<Widget*>(QLatin1String(name));
     }
     NxSecureTextField& field() const { return child<NxSecureTextField>("secureTextPasswordField"); }
-    NxButton& show() const { return child<NxButton>("showButton"); }
+    NxImageButton& show() const { return child<NxImageButton>("showButton"); }
     NxButton& button(int position) const {
         return *qobject_cast<NxButton*>(child<QDialogButtonBox>("buttons").buttons().at(position));
     }

@@ -41,6 +41,7 @@ EnterPasswordWindowViewController::EnterPasswordWindowViewController(FV2AppState
     secureTextPasswordField = outlets.secureTextPasswordField;
     m_labels = {outlets.usernameLabel, outlets.passwordLabel};
     m_showButton = new NxImageButton;
+    m_showButton->setObjectName(QStringLiteral("showButton"));
     secureTextPasswordField->setButton(m_showButton);
     m_hint = outlets.hint;
     m_hintSign = outlets.hintSign;
