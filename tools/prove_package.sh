@@ -37,6 +37,7 @@ mirror=$(apt-get indextargets --format "\$(SITE)" "Created-By: Packages" | head 
 debootstrap --variant=minbase --include=ca-certificates,git bookworm "$TREE" "$mirror" >"$TREE.log" 2>&1 ||
     { cat "$TREE.log"; exit 1; }
 rm -f "$TREE.log"
+rm -f "$TREE/etc/apt/sources.list"
 cp -a /etc/apt/. "$TREE/etc/apt/"
 cp -a /usr/local/share/ca-certificates/. "$TREE/usr/local/share/ca-certificates/" 2>/dev/null || true
 cp /etc/resolv.conf /etc/hosts "$TREE/etc/"

@@ -92,11 +92,12 @@ TEST_F(StatusMessages, HaveReadableRowsAsHighAsTheirTextsAtEveryWidthAndFontSize
             window.resize(width, 474);
             settle();
             SCOPED_TRACE(std::to_string(points) + " pt, " + std::to_string(window.width()));
-            int bottom = 0;
+            constexpr int kMargin = StatusMessagesTableView::kMargin;
+            int bottom = kMargin;
             for (std::size_t row = 0; row < 3; ++row) {
                 const auto* const view = rows().at(row);
-                EXPECT_EQ(view->parentWidget()->geometry(), QRect({0, bottom}, view->size()));
-                EXPECT_EQ(view->width(), table().viewport()->width());
+                EXPECT_EQ(view->parentWidget()->geometry(), QRect({kMargin, bottom}, view->size()));
+                EXPECT_EQ(view->width(), table().viewport()->width() - 2 * kMargin);
                 EXPECT_EQ(view->height(), view->heightForWidth(view->width()));
                 EXPECT_GE(text(row).height(), text(row).heightForWidth(text(row).width()));
                 EXPECT_EQ(title(row).font().pointSize(), points + 1);
@@ -104,6 +105,7 @@ TEST_F(StatusMessages, HaveReadableRowsAsHighAsTheirTextsAtEveryWidthAndFontSize
                 bottom += view->height() + StatusMessagesTableView::kRowGap;
             }
             EXPECT_GT(rows().at(1)->height(), rows().at(0)->height());
+            bottom += kMargin - StatusMessagesTableView::kRowGap;
             EXPECT_EQ(table().verticalScrollBar()->maximum(), std::max(0, bottom - table().viewport()->height()));
         }
     QApplication::setFont(before);
