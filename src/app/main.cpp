@@ -15,7 +15,9 @@
 #include "shell/FV2DuplicateInstance.h"
 
 #include <cstdlib>
+#include <iostream>
 #include <malloc.h>
+#include <string_view>
 
 namespace {
 
@@ -41,6 +43,20 @@ void passOnActivation(int argc, char* argv[], bool isUnreachable) {
         return;
     const QCoreApplication application(argc, argv);
     fv2::FV2DesktopActivation::passOn(token);
+}
+
+constexpr int kNoDisplay = 5;
+
+//! Qt's own end of a program without a display is a crash, with a core dump.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type != QtFatalMsg) {
+        std::cerr << qFormatLogMessage(type, context, text).toStdString() << '\n';
+        return;
+    }
+    constexpr std::string_view kText = "there is no display to show anything on";
+    fv2::log(fv2::FV2LoggingLevel::error, {kText});
+    std::cerr << "fv2-agent: " << kText << '\n';
+    std::_Exit(kNoDisplay);
 }
 
 //! All that others see has ended by now. Destructors would wait for Qt's D-Bus thread, which anybody who may send us a
@@ -80,7 +96,9 @@ int main(int argc, char* argv[]) {
 
     const bool showWindow =
         line.command == fv2::FV2Command::RunWithWindow || (!inBackground && fv2::launchedByFileManager());
+    const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
     fv2::FV2Application application(argc, argv);
+    qInstallMessageHandler(usual);
     fv2::reportMistakes(examined);
     fv2::FV2Agent agent(application, signals, examined.settings);
     return ended(agent.run(showWindow));
