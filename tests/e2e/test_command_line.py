@@ -65,6 +65,8 @@ class CommandLineTest(unittest.TestCase):
             self.expect(options, *alone)
         for options in MISUSED:
             self.expect(options, 2, "", r"\Afv2-agent: .+\n\Z")
+        for options in ([], ["--background"]):
+            self.expect(options, 5, "", r"\nfv2-agent: there is no display to show anything on\n\Z")
         self.assertFalse(listens(), "a copy was started")
         copy = shutil.copy(BUILD / "fv2-agent", desktop.settings.parents[2])  # reads the settings beside itself
         desktop.settings.write_text("[ui]\nlanguage=de\n")
