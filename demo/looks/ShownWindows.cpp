@@ -44,7 +44,13 @@ std::shared_ptr<FV2AppStateModel> ShownWindows::makeModel() {
 
 void ShownWindows::settle() {
     m_dispatch.settle();
-    QTest::qWait(30);
+    layOut();
+}
+
+void ShownWindows::layOut() {
+    constexpr int kRounds = 30;
+    for (int round = 0; round < kRounds; ++round)
+        QTest::qWait(1);
 }
 
 void ShownWindows::tell(std::int64_t state, const std::string& more) {

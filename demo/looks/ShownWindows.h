@@ -17,6 +17,9 @@ public:
     ShownWindows(const QString& language, bool dark, const FV2SupportContact& support);
     ~ShownWindows();
 
+    //! Lets layouts come to rest, each of which may ask another one to begin anew.
+    static void layOut();
+
     //! The state that the service tells, with more members of its answer.
     void tell(std::int64_t state, const std::string& more = {});
     MainWindowViewController& pages();

@@ -40,7 +40,7 @@ void measure(Measures& measures, const QString& language, bool dark, bool focus,
             for (const auto page :
                  {eMainWindowContentSubViewType::ProtectionStatus, eMainWindowContentSubViewType::About}) {
                 windows.pages().selectPage(page);
-                QTest::qWait(10);
+                ShownWindows::layOut();
                 const QString what = QString("%1, state %2, page %3").arg(where).arg(state.number).arg(int(page));
                 measures.take(main, what);
                 if (focus)
@@ -58,7 +58,7 @@ void measure(Measures& measures, const QString& language, bool dark, bool focus,
     if (focus)
         measures.takeFocus(dialog, where + ", dialog");
     QTest::keyClicks(field, QString(600, 'x'));
-    QTest::qWait(30);
+    ShownWindows::layOut();
     measures.take(dialog, where + ", dialog with too long a password");
     QWidget& alert = windows.alert();
     measures.take(alert, where + ", alert");

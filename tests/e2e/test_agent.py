@@ -16,7 +16,7 @@ from pathlib import Path
 
 import dbus
 
-from accounts import listed_account
+from accounts import account
 from agent import (AGENT_SOCKET, BUILD, STATE_COLOURS, UNDERSTOOD, end, listens, notify, program, start_agent,
                    start_service)
 from desktop import Desktop
@@ -31,7 +31,7 @@ FIRST_PAINT = "FV2Window first paint"
 class SessionKindTest(unittest.TestCase):
     def test_an_encryption_from_the_start_to_the_end_under_x11_and_wayland(self):
         for wayland in (False, True):
-            with self.subTest(wayland=wayland), listed_account() as user, Desktop(
+            with self.subTest(wayland=wayland), account() as user, Desktop(
                     window_manager=not wayland, wayland=wayland, accessible=True, account=user) as desktop:
                 service = start_service(desktop)
                 agent = start_agent(desktop, "--background")
