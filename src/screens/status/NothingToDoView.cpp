@@ -11,6 +11,7 @@
 #include "toolkit/ReadableColour.h"
 #include "toolkit/TitleFont.h"
 
+#include <QEvent>
 #include <QGridLayout>
 
 namespace fv2 {
@@ -25,6 +26,7 @@ constexpr int kCardMargin = 16;
 constexpr int kBetweenParts = 24;
 constexpr int kLineMargin = 10;
 
+constexpr double kMorePoints = 2;  //!< of the title, than the desktop's font has
 constexpr double kCardPart = 0.05; //!< of the text's colour in the card's
 
 NxTextField* centredText(QWidget* parent) {
@@ -45,7 +47,7 @@ NothingToDoView::NothingToDoView(QWidget* parent)
     , m_separator(new NxView(m_card)) {
     m_sign->setImageName(QStringLiteral("drive_template"));
     m_sign->setFixedSize(kSignSize, kSignSize);
-    m_title->setFont(titleFont(font(), 2));
+    m_title->setFont(titleFont(font(), kMorePoints));
     m_text->setStringValue(QStringLiteral("IDUS_MGUI_NOTHING_TO_DO_DESC"));
     m_card->setCornerRadius(8);
     m_card->setMaximumWidth(kWidest);
@@ -90,6 +92,12 @@ NothingToDoView::Line NothingToDoView::addLine(QGridLayout& card, const char* la
     card.addWidget(line.label, row, 0, Qt::AlignTop);
     card.addWidget(line.value, row, 1);
     return line;
+}
+
+void NothingToDoView::changeEvent(QEvent* event) {
+    NxView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        m_title->setFont(titleFont(font(), kMorePoints));
 }
 
 void NothingToDoView::show(const FV2AppState& state) {

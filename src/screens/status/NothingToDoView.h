@@ -27,6 +27,9 @@ public:
     void show(const FV2AppState& state);
     void setColours(const FV2AppConfigModel& config);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     struct Line {
         NxTextField* label;
