@@ -10,6 +10,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 TREE=$(mktemp -d /var/tmp/fv2-bookworm.XXXXXX)
 readonly TREE
+chmod 755 "$TREE" # other users are to find their way in
 # What apt, dpkg and the linker's cache note for themselves, and where the proof itself works.
 readonly NOT_OURS='^/(proc|sys|dev|tmp|run|src|other|root|var/(lib/(dpkg|apt|systemd)|cache|log|tmp)|etc/ld\.so\.cache)'
 
